@@ -1,0 +1,54 @@
+// What the six calculation dialogs have in common, so that the model dialog and the change of the
+// time unit write to "the open calculation dialog" without knowing which it is.
+#pragma once
+
+#include "engine/project_state.h"
+
+#include <string>
+
+namespace zorvant {
+
+/// Numbers by which the calculation dialogs are told apart, in the order in which they are looked for.
+enum class CalcDialogId {
+    None = 0,
+    TimeDiagram = 1,
+    Cstr = 2,
+    Batch = 3,
+    Tubular = 4,
+    Cascade = 5,
+    Fitting = 6
+};
+
+struct CalcDialog : Form {
+    CalcDialog(std::string formName, std::string formCaption, CalcDialogId dialogId);
+
+    const CalcDialogId id;
+    bool IsReactor() const;
+
+    /// 0..4 c0 by slot less 1, 5..9 results, 10..12 k1..k3, 13..16 by dialog.
+    Array<TextField, 17> Inp{*this, "Inp"};
+    Array<Label, 10> lblStoff{*this, "lblStoff"};
+    Array<Label, 3, 5> Bz{*this, "Bz"}; ///< captions of k1..k3
+    Label unit1{*this, "unit1"}, unit2{*this, "unit2"}, unit3{*this, "unit3"};
+    Label Label7{*this, "Label7"}; ///< the model
+    Label lblZeitEinheit{*this, "lblZeitEinheit"};
+    CheckBox chkDelDiagram{*this, "chkDelDiagram"};
+    CheckBox chkSpecialScaling{*this, "chkSpecialScaling"};
+    OptionGroup optSpecialScaling{
+        *this, "optSpecialScaling", {"A", "B", "C", "P", "Q"}
+    };
+    Frame fraKsi{*this, "fraKsi"};
+    Label lblTextKsi_1{*this, "lblTextKsi_1"}, lblTextKsi_2{*this, "lblTextKsi_2"};
+    Button cmdShowKsi{*this, "cmdShowKsi"};
+    Button cmdDiagram{*this, "cmdDiagram"};
+
+    /// A dialog's own part of a model change: clears results, refreshes its caption.
+    Handler onInit;
+    /// k1..k3 and times of the state into the fields.
+    Handler onShowParameters;
+};
+
+/// The open calculation dialog, nullptr when none is.
+CalcDialog* WhichCalcDialog(ProjectState& ps);
+
+} // namespace zorvant

@@ -1,0 +1,35 @@
+// Time units and default parameters.
+#pragma once
+
+#include "engine/project_state.h"
+
+#include <string>
+#include <string_view>
+
+namespace zorvant {
+
+inline constexpr std::array<const char*, 5> kTimeUnits{"s", "min", "h", "d", "a"};
+/// Lengths in s; a year has 365 days.
+inline constexpr std::array<double, 5> kTimeUnitSeconds{1, 60, 3600, 86400, 31536000};
+
+/// Index of a unit word, case-sensitive; 0 for an unknown one.
+int TimeUnitIndex(std::string_view word);
+/// Fills TimeFactor: t in unit j = t in unit i * TimeFactor[i][j].
+void FillTimeFactor(ProjectState& ps);
+
+/// Converts every time and constant of the state and the data, tells the open dialogs.
+void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx);
+/// Rewrites constants and unit captions of the open dialogs.
+void UpdateUnitLabels(ProjectState& ps);
+/// Constants of the selected model back to their defaults, shown in the open calculation dialog.
+void SetDefaultK(ProjectState& ps);
+
+/// The caption behind constant 1..3 of the selected model, "/(1/s)" and so on.
+std::string ConstantUnitText(const ProjectState& ps, int constant);
+
+/// Defaults at the selection of a model: what is exactly 0 is filled.
+void SelectionDefaultTimes(ProjectState& ps);
+void SelectionDefaultConcentrations(ProjectState& ps);
+void SelectionDefaultConstants(ProjectState& ps);
+
+} // namespace zorvant
