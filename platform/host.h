@@ -44,6 +44,7 @@ struct FontChoice {
     double size = 10; ///< points
     bool bold = false;
     bool italic = false;
+    bool operator==(const FontChoice&) const = default;
 };
 
 struct Host {
