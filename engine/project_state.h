@@ -7,6 +7,7 @@
 
 #include "engine/diagram_state.h"
 #include "engine/experimental_data.h"
+#include "engine/simulation_state.h"
 #include "platform/controls.h"
 
 #include <array>
@@ -34,7 +35,12 @@ struct AkimaTables {
     std::vector<std::array<double, kSpecies + 1>> SplineY, SplineA, SplineB, SplineC, SplineD;
 };
 
-struct ProjectState : ExpDataSet, AkimaTables {
+struct ProjectState : ExpDataSet,
+                      AkimaTables,
+                      ResidenceState,
+                      GameState,
+                      BloodAlcoholState,
+                      ProtocolState {
     // --- model and parameters
     int ModelId = 2;
     ConstantArray k{};
