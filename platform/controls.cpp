@@ -176,22 +176,66 @@ template <class Ranged> void MoveTo(Ranged& control, int value) {
     Run(control.onChange);
 }
 
-template <class Typed> void TypeInto(Typed& field, const std::string& keys) {
-    for (const char character : keys) {
-        int key = static_cast<unsigned char>(character);
+/// The character at a place of a UTF-8 text; the place moves behind it. A byte that begins none
+/// stands for itself.
+int NextKey(const std::string& keys, std::size_t& at) {
+    const auto lead = static_cast<unsigned char>(keys[at++]);
+    const int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC2 ? 1 : 0;
+    if (at + static_cast<std::size_t>(following) > keys.size())
+        return lead;
+    int key = following == 0 ? lead : lead & (0x3F >> following);
+    for (int i = 0; i < following; ++i)
+        key = key << 6 | (static_cast<unsigned char>(keys[at++]) & 0x3F);
+    return key;
+}
+
+void AppendKey(std::string& text, int key) {
+    if (key < 0x80) {
+        text += static_cast<char>(key);
+        return;
+    }
+    const int following = key < 0x800 ? 1 : key < 0x10000 ? 2 : 3;
+    constexpr std::array<int, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
+    text += static_cast<char>(kLead[static_cast<std::size_t>(following)] | key >> 6 * following);
+    for (int i = following - 1; i >= 0; --i)
+        text += static_cast<char>(0x80 | (key >> 6 * i & 0x3F));
+}
+
+bool ContinuesCharacter(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+void DropLastCharacter(std::string& text) {
+    while (text.size() > 1 && ContinuesCharacter(text.back()))
+        text.pop_back();
+    if (!text.empty())
+        text.pop_back();
+}
+
+/// What one key does to a text. Returned: whether the text changed.
+bool ApplyKey(std::string& text, int key, bool multiLine, int maxLength) {
+    constexpr int kBackspace = 8, kEnter = 13, kBlank = 32;
+    if (key == kBackspace) {
+        const bool change = !text.empty();
+        DropLastCharacter(text);
+        return change;
+    }
+    if (key < kBlank && !(key == kEnter && multiLine))
+        return false;
+    if (maxLength > 0 && std::ranges::count_if(text, std::not_fn(ContinuesCharacter)) >= maxLength)
+        return false;
+    AppendKey(text, key == kEnter ? '\n' : key);
+    return true;
+}
+
+template <class Typed>
+void TypeInto(Typed& field, const std::string& keys, bool multiLine, int maxLength) {
+    for (std::size_t at = 0; at < keys.size();) {
+        int key = NextKey(keys, at);
         if (field.onKeyPress)
             field.onKeyPress(key);
-        if (key == 0)
-            continue;
-        if (key == 8) {
-            if (!field.text.empty())
-                field.text.pop_back();
-        } else if (key >= 32) {
-            field.text += static_cast<char>(key);
-        } else {
-            continue;
-        }
-        Run(field.onChange);
+        if (key != 0 && ApplyKey(field.text, key, multiLine, maxLength))
+            Run(field.onChange);
     }
 }
 
@@ -207,12 +251,12 @@ void Move(UpDown& upDown, int value) {
 
 void Type(TextField& field, const std::string& keys) {
     if (Usable(field) && !field.locked)
-        TypeInto(field, keys);
+        TypeInto(field, keys, field.multiLine, field.maxLength);
 }
 
 void Type(ComboBox& box, const std::string& keys) {
     if (Usable(box) && box.editable)
-        TypeInto(box, keys);
+        TypeInto(box, keys, false, 0);
 }
 
 void Enter(TextField& field) {

@@ -1,0 +1,254 @@
+#include "platform/file_calls.h"
+#include "platform/files.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+
+using namespace zorvant;
+namespace fs = std::filesystem;
+
+namespace {
+
+class Files : public testing::Test {
+protected:
+    Files() {
+        std::string pattern = testing::TempDir() + "zorvantXXXXXX";
+        folder = std::string(mkdtemp(pattern.data())) + "/";
+        path = folder + "data.ZI3";
+    }
+    ~Files() override {
+        fileCalls() = SystemFileCalls();
+        fs::remove_all(folder);
+    }
+    std::vector<std::string> Names() const {
+        std::vector<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder))
+            names.push_back(entry.path().filename());
+        return names;
+    }
+
+    std::string folder, path;
+};
+
+constexpr const char* kOld = "the old content";
+const std::string kNew(100000, 'n');
+
+TEST_F(Files, AreReplacedWholeAndKeepTheirPermissions) {
+    WriteFileAtomically(path, kOld);
+    ASSERT_EQ(chmod(path.c_str(), 0640), 0);
+    WriteFileAtomically(path, kNew);
+    EXPECT_EQ(ReadFile(path), kNew);
+    struct stat info {};
+    ASSERT_EQ(stat(path.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 07777U, 0640U);
+    WriteFileAtomically(path, "");
+    EXPECT_EQ(ReadFile(path), "");
+    EXPECT_THAT(Names(), testing::ElementsAre("data.ZI3"));
+}
+
+TEST_F(Files, BehindLinksAreReplacedAndTheLinksStay) {
+    fs::create_directory(folder + "far");
+    fs::create_symlink("far/real.ZI3", folder + "first");
+    fs::create_symlink(folder + "first", path);
+    for (const char* text : {"made through a link that led nowhere", "replaced"}) {
+        WriteFileAtomically(path, text);
+        EXPECT_TRUE(fs::is_symlink(path));
+        EXPECT_EQ(ReadFile(folder + "far/real.ZI3"), text);
+    }
+    fs::create_symlink("circle", folder + "circle");
+    EXPECT_THROW(WriteFileAtomically(folder + "circle", kNew), FileError);
+}
+
+TEST_F(Files, ThatCannotBeThereAreRefusedWithTheirName) {
+    const auto refusal = [&](const std::string& name, auto&& action) {
+        try {
+            action(name);
+        } catch (const FileError& error) {
+            return std::string(error.what());
+        }
+        return std::string("no error");
+    };
+    const auto read = [](const std::string& name) { (void)ReadFile(name); };
+    const auto write = [](const std::string& name) { WriteFileAtomically(name, kNew); };
+    EXPECT_EQ(refusal(folder + "none", read), "No such file or directory: " + folder + "none");
+    EXPECT_EQ(refusal(folder, read), "Is a directory: " + folder);
+    EXPECT_EQ(refusal("/dev/zero", read), "File too large: /dev/zero");
+    EXPECT_EQ(refusal(folder, write), "Is a directory: " + folder);
+    EXPECT_EQ(refusal("", write), "No such file or directory: ");
+    EXPECT_EQ(refusal(folder + "no/such", write),
+              "No such file or directory: " + folder + "no/such");
+    WriteFileAtomically("/dev/null", kNew); // a device is written through, not replaced
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(Files, WithTheLongestNameAreSaved) {
+    path = folder + std::string(255, 'x');
+    WriteFileAtomically(path, kNew);
+    WriteFileAtomically(path, kOld);
+    EXPECT_EQ(ReadFile(path), kOld);
+}
+
+/// Runs before every call of the system; true lets it fail.
+void InterceptCalls(std::function<bool()> fails) {
+    const auto wrap =
+        [fails]<class Result, class... Arguments>(std::function<Result(Arguments...)> original) {
+            return [fails, original](Arguments... arguments) {
+                if (fails()) {
+                    errno = EIO;
+                    return Result{-1};
+                }
+                return original(arguments...);
+            };
+        };
+    const FileCalls real = SystemFileCalls();
+    fileCalls().open = wrap(real.open);
+    fileCalls().fchown = wrap(real.fchown);
+    fileCalls().fchmod = wrap(real.fchmod);
+    fileCalls().fsync = wrap(real.fsync);
+    fileCalls().close = [fails, real](int file) { // a failing close has closed all the same
+        const bool failing = fails();
+        const int result = real.close(file);
+        errno = failing ? EIO : errno;
+        return failing ? -1 : result;
+    };
+    fileCalls().rename = wrap(real.rename);
+    fileCalls().unlink = real.unlink;
+    fileCalls().write = [fails, real](int file, const void* bytes, std::size_t count) -> ssize_t {
+        if (fails()) {
+            errno = EIO;
+            return -1;
+        }
+        return real.write(file, bytes, std::min<std::size_t>(count, 30000)); // short writes
+    };
+}
+
+TEST_F(Files, StandOldOrNewWhenAnyCallOfSavingFails) {
+    for (const bool existing : {true, false}) {
+        int failures = 0;
+        for (int failing = 1;; ++failing) {
+            fs::remove(path);
+            if (existing)
+                WriteFileAtomically(path, kOld);
+            int calls = 0;
+            InterceptCalls([&] { return ++calls == failing; });
+            bool refused = false;
+            try {
+                WriteFileAtomically(path, kNew);
+            } catch (const FileError& error) {
+                refused = true;
+                EXPECT_THAT(error.what(), testing::StartsWith("Input/output error"));
+            }
+            fileCalls() = SystemFileCalls();
+            if (refused)
+                EXPECT_EQ(FileExists(path) ? ReadFile(path) : "", existing ? kOld : "") << failing;
+            else
+                EXPECT_EQ(ReadFile(path), kNew) << failing;
+            EXPECT_EQ(Names().size(), existing || !refused ? 1 : 0) << failing;
+            failures += refused ? 1 : 0;
+            if (calls < failing) // no call is left to fail
+                break;
+        }
+        EXPECT_GE(failures, existing ? 9 : 8); // open, fchmod, 4 writes, fsync, close, rename
+    }
+}
+
+TEST_F(Files, StandOldOrNewWhenTheProcessDiesAtAnyCall) {
+    int replaced = 0;
+    for (int dying = 1;; ++dying) {
+        WriteFileAtomically(path, kOld);
+        const pid_t child = fork();
+        ASSERT_GE(child, 0);
+        if (child == 0) {
+            int calls = 0;
+            InterceptCalls([&calls, dying] {
+                if (++calls == dying)
+                    _exit(1);
+                return false;
+            });
+            WriteFileAtomically(path, kNew);
+            _exit(0);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        const std::string content = ReadFile(path);
+        EXPECT_TRUE(content == kOld || content == kNew) << dying;
+        replaced += content == kNew ? 1 : 0;
+        if (WEXITSTATUS(status) == 0)
+            break;
+    }
+    EXPECT_EQ(replaced, 4); // dead before the three calls on the folder, and alive
+}
+
+TEST_F(Files, StandOldOnAFullDiskAndWithoutPermission) {
+    WriteFileAtomically(path, kOld);
+    fileCalls().write = [](int file, const void* bytes, std::size_t count) -> ssize_t {
+        static std::size_t room = 40000;
+        const std::size_t part = std::min(count, room);
+        room -= part;
+        if (part > 0)
+            return ::write(file, bytes, part);
+        errno = ENOSPC;
+        return -1;
+    };
+    EXPECT_THROW(WriteFileAtomically(path, kNew), FileError);
+    fileCalls() = SystemFileCalls();
+    fileCalls().open = [](const char*, int, mode_t) {
+        errno = EACCES;
+        return -1;
+    };
+    EXPECT_THROW(WriteFileAtomically(path, kNew), FileError);
+    EXPECT_EQ(ReadFile(path), kOld);
+    EXPECT_THAT(Names(), testing::ElementsAre("data.ZI3"));
+    EXPECT_THROW(WriteFileAtomically("/dev/full", kNew), FileError);
+}
+
+TEST(TextBytes, AreReadAsUtf8OrWindows1252) {
+    EXPECT_EQ(DecodeText("\xEF\xBB\xBF"
+                         "A"),
+              "A");
+    EXPECT_EQ(DecodeText("k = 5 \xC2\xB5mol"), "k = 5 \xC2\xB5mol");
+    EXPECT_EQ(DecodeText("25 \xB0"
+                         "C, \x80 5"),
+              "25 \xC2\xB0"
+              "C, \xE2\x82\xAC 5");
+    for (const char* bad : {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC3",
+                            "\xF0\x82\x82\xAC", "\x80", "\xFF", "\xE2\x82"})
+        EXPECT_FALSE(IsUtf8(bad)) << bad;
+    EXPECT_TRUE(IsUtf8("\xF4\x8F\xBF\xBF\xEE\x80\x80\xC2\x80"));
+}
+
+TEST(TextBytes, AreWrittenSoThatTheSameTextIsReadAgain) {
+    EXPECT_EQ(EncodeText("25 \xC2\xB0"
+                         "C"),
+              "25 \xB0"
+              "C");
+    EXPECT_EQ(EncodeText("\xCE\x94H"), "\xCE\x94H");               // a Greek letter does not fit
+    EXPECT_EQ(EncodeText("\xC3\x83\xC2\xA4"), "\xC3\x83\xC2\xA4"); // would read as one letter
+    std::string every;
+    for (int byte = 0; byte < 256; ++byte)
+        every += static_cast<char>(byte);
+    EXPECT_EQ(EncodeText(DecodeText(every)), every);
+    for (const char* text : {"\xEF\xBB\xBFx", "\xEF\xBB\xBF", "\xC3\xAF\xC2\xBB\xC2\xBF", ""})
+        EXPECT_EQ(DecodeText(EncodeText(text)), text);
+}
+
+TEST(Paths, UnderstandBothSeparators) {
+    EXPECT_EQ(FileName("C:\\data/a b.ZI3"), "a b.ZI3");
+    EXPECT_EQ(FileName("x/y\\z"), "z");
+    EXPECT_EQ(DirectoryOf("x/y\\z"), "x/y\\");
+    EXPECT_EQ(DirectoryOf("z"), "");
+    EXPECT_EQ(JoinPath("", "z"), "z");
+    EXPECT_EQ(JoinPath("x/", "z"), "x/z");
+    EXPECT_EQ(JoinPath("x", "z"), "x/z");
+}
+
+} // namespace
