@@ -23,6 +23,9 @@ constexpr std::size_t kBufferPoints = 2000;
 constexpr double kNegligible = 1e-17;
 
 constexpr const char* kWarning = "WARNING";
+constexpr const char* kOutsideText =
+    "curve outside the diagram limits\r\nenlarge the diagram coordinates\r\n"
+    "(button \"coordinates\" in the graph menue or right-click on the diagram)";
 
 /// p(n; y), for y >= 0. The error grows with the size of the logarithms: 1e-13 at n = 120.
 double PoissonTerm(double n, double y) {
@@ -111,6 +114,13 @@ bool IsInside(const DiaKoord& frame, const CurvePoint& point) {
            point.y < frame.yMax;
 }
 
+void Tell(VerweilCurve& curve, const char* text, Icon icon) {
+    MessageBox& box = curve.messages.emplace_back();
+    box.text = text;
+    box.title = kWarning;
+    box.icon = icon;
+}
+
 VerweilCurve DrawDistribution(ProjectState& ps, const VerweilInput& input,
                               const CurveRecipe& recipe) {
     const double tm = input.tmVerweil;
@@ -139,12 +149,9 @@ VerweilCurve DrawDistribution(ProjectState& ps, const VerweilInput& input,
     ps.CurvesToDraw = 1;
 
     if (result.overflow)
-        result.messages.push_back({recipe.overflowText, kWarning, Icon::Critical});
+        Tell(result, recipe.overflowText, Icon::Critical);
     if (result.outside)
-        result.messages.push_back(
-            {"curve outside the diagram limits\r\nenlarge the diagram coordinates\r\n(button "
-             "\"coordinates\" in the graph menue or right-click on the diagram)",
-             kWarning, Icon::Warning});
+        Tell(result, kOutsideText, Icon::Warning);
     return result;
 }
 
