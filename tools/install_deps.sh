@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   g++ cmake ninja-build ccache python3
-  qt6-base-dev libqt6svg6-dev libqt6opengl6-dev libqcustomplot-dev libqcustomplot2.1-qt6
+  qt6-base-dev qt6-svg-dev libqt6opengl6-dev libqcustomplot-dev libqcustomplot2.1-qt6
   libgtest-dev libgmock-dev libbenchmark-dev
   clang-format
   fonts-liberation fonts-dejavu-core
