@@ -62,7 +62,7 @@ void Run(const Handler& handler) {
 }
 
 bool Usable(const Control& control) {
-    return control.visible && control.enabled;
+    return control.visible && control.enabled && control.available;
 }
 
 } // namespace
@@ -81,8 +81,9 @@ void ShowForm(Desktop& desktop, Form& form) {
     form.hidden = false;
     std::erase(desktop.order, &form);
     desktop.order.push_back(&form);
-    host().showForm(form);
-    Run(form.onActivate);
+    Run(form.onActivate); // before it is shown: a modal form is shown until it is closed
+    if (form.loaded && !form.hidden)
+        host().showForm(form);
 }
 
 bool UnloadForm(Desktop& desktop, Form& form) {
@@ -118,6 +119,14 @@ Form* FindForm(const Desktop& desktop, const std::string& formName) {
 bool IsFormLoaded(const Desktop& desktop, const std::string& formName) {
     const Form* form = FindForm(desktop, formName);
     return form != nullptr && form->loaded;
+}
+
+void EnableControl(const Desktop& desktop, const std::string& formName,
+                   const std::string& controlName, bool enabled) {
+    Form* const form = FindForm(desktop, formName);
+    Control* const control = form == nullptr ? nullptr : form->Find(controlName);
+    if (control != nullptr)
+        control->enabled = enabled;
 }
 
 void Press(Button& button) {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,7 +19,9 @@ namespace zorvant {
 using Handler = std::function<void()>;
 using IndexHandler = std::function<void(int)>;
 /// A key press before it takes effect: the handler may change the code, 0 drops the key.
-/// Codes: 3 Ctrl+C, 8 backspace, 13 Enter, 22 Ctrl+V, 27 Esc, 1..26 Ctrl+letter, else the character.
+/// Codes: 3 Ctrl+C, 8 backspace, 10 Ctrl+Enter, 13 Enter, 22 Ctrl+V, 27 Esc, in grids and lists 127
+/// Del, else the character. An edit that came without a key (Del, cut, undo, a paste by mouse)
+/// arrives as 8, so that it counts as typed.
 using KeyHandler = std::function<void(int&)>;
 
 /// 0xRRGGBB, or the colour that the user's style gives.
@@ -59,6 +62,9 @@ struct CommonContents {
     bool bold = false;
     Colour backColour = kStyleColour;
     Colour foreColour = kStyleColour;
+    bool available = true;   ///< false: what it does is not there; disabled whatever `enabled` says
+    std::string disabledTip; ///< why it can't be used; shown in place of the tip while that is so
+    bool operator==(const CommonContents&) const = default;
 };
 
 /// The common part of the controls. It enters itself into its form, in order of declaration, under
@@ -177,8 +183,9 @@ struct ComboBox : ControlOf<Kind::ComboBox, ComboBoxContents> {
 };
 struct ListBox : ControlOf<Kind::ListBox, ListContents> {
     using ControlOf::ControlOf;
-    Handler onClick;
+    Handler onClick; ///< another entry was chosen
     Handler onDoubleClick;
+    KeyHandler onKeyPress;
 };
 
 struct RangeContents {
@@ -198,7 +205,8 @@ struct UpDown : ControlOf<Kind::UpDown, RangeContents> {
 };
 
 struct GridRange {
-    int firstRow = 0, firstColumn = 0, lastRow = -1, lastColumn = -1;
+    int firstRow = 0, firstColumn = 0, lastRow = -1, lastColumn = -1; ///< lastRow < 0: nothing
+    bool operator==(const GridRange&) const = default;
 };
 struct GridContents {
     std::vector<std::string> heads;              ///< one per column
@@ -250,6 +258,14 @@ struct MenuEntry : ControlOf<Kind::MenuEntry, MenuEntryContents> {
     Handler onClick;
     Handler onOpen; ///< runs before the entries below it are shown
 };
+/// A row of a menu table: the tree of a menu bar from top to bottom. Captions may mark a letter by
+/// "&"; a caption "-" is a separating line.
+struct MenuRow {
+    int level; ///< 1: stands in the bar
+    const char* control;
+    const char* caption;
+    int helpTopic = 0;
+};
 
 struct PictureContents {
     std::string file; ///< name of the drawing, empty: painted by the dialog's painter
@@ -295,6 +311,7 @@ struct Form {
     int width = 0, height = 0; ///< twips; 0: as the layout wants
     int helpTopic = 0;
     std::vector<Control*> controls;
+    std::span<const MenuRow> menu;     ///< the menu bar that the shell builds for the form
     const Control* setFocus = nullptr; ///< a handler's request, taken by the binder
 
     Handler onLoad;
@@ -336,6 +353,11 @@ void HideForm(Form& form);
 /// Whether a dialog of this name is open.
 bool IsFormLoaded(const Desktop& desktop, const std::string& formName);
 Form* FindForm(const Desktop& desktop, const std::string& formName);
+/// Enables or disables a control of another form by names; nothing happens when there is none. This
+/// is how a dialog switches commands of the main window without knowing it:
+/// EnableControl(ps.desktop, "MDIZOR", "mnuEditDat", true).
+void EnableControl(const Desktop& desktop, const std::string& formName,
+                   const std::string& controlName, bool enabled);
 
 /// What a user does, for handlers and tests alike. A disabled or invisible control does nothing.
 void Press(Button& button);

@@ -68,6 +68,7 @@ Host BareHost() {
     bare.showForm = [](Form&) {};
     bare.closeForm = [](Form&) {};
     bare.hideForm = [](Form&) {};
+    bare.popupMenu = [](MenuEntry&) {};
     bare.quit = [] {};
     return bare;
 }
@@ -124,6 +125,7 @@ ScriptedHost::ScriptedHost() : saved_(host()) {
     h.clockSeconds = [this] { return clock += 0.001; };
     h.dateAndTime = [] { return std::string("2000-01-01 12:00:00"); };
     h.fileDate = [](const std::string&) { return std::string("2000-01-01 12:00:00"); };
+    h.popupMenu = [this](MenuEntry& entry) { popups.push_back(&entry); };
     h.quit = [this] { quitted = true; };
 }
 

@@ -11,6 +11,7 @@
 namespace zorvant {
 
 struct Form;
+struct MenuEntry;
 
 enum class Icon { None, Information, Warning, Critical, Question };
 enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
@@ -74,6 +75,8 @@ struct Host {
     std::function<void(Form&)> showForm; ///< make visible, bring to front
     std::function<void(Form&)> closeForm;
     std::function<void(Form&)> hideForm;
+    /// Opens the entries below a menu entry at the pointer (its open event runs first).
+    std::function<void(MenuEntry&)> popupMenu;
     std::function<void()> quit;
 
     std::string programDirectory; ///< the folder of the executable, without separator at its end
@@ -112,6 +115,7 @@ public:
     std::function<void()> onService; ///< what the user does meanwhile
     double clock = 0;
     bool quitted = false;
+    std::vector<MenuEntry*> popups; ///< menus opened at the pointer
 
 private:
     Host saved_;

@@ -1,0 +1,302 @@
+#include "shell/qt/form_windows.h"
+
+#include "platform/host.h"
+#include "shell/qt/menus.h"
+
+#include <QtWidgets>
+
+namespace zorvant {
+namespace {
+
+constexpr int kTwipsPerPixel = 15;
+/// Smallest part of a window that scrolls because the work area has no room for it, in pixels.
+constexpr int kLeastWidth = 240, kLeastHeight = 160;
+
+/// A view of a form's widget that scrolls only when there is no room for the whole of it.
+class FormScroll : public QScrollArea {
+public:
+    explicit FormScroll(QWidget* root) {
+        setFrameShape(QFrame::NoFrame);
+        setWidgetResizable(true);
+        setWidget(root);
+        setFocusPolicy(Qt::NoFocus);
+    }
+    QSize sizeHint() const override { return widget()->sizeHint().expandedTo(NeededSize()); }
+    QSize NeededSize() const {
+        return widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
+    }
+};
+
+/// A sub-window that asks before it closes.
+class SubWindow : public QMdiSubWindow {
+public:
+    std::function<void()> onCloseRequest;
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        event->ignore();
+        if (onCloseRequest)
+            onCloseRequest();
+    }
+};
+
+class ModalWindow : public QDialog {
+public:
+    using QDialog::QDialog;
+    std::function<void()> onCloseRequest;
+    void reject() override {
+        if (onCloseRequest)
+            onCloseRequest();
+    }
+};
+
+/// Whether a flag holds for a scope.
+class Flag {
+public:
+    explicit Flag(bool& flag) : flag_(flag), before_(flag) { flag_ = true; }
+    ~Flag() { flag_ = before_; }
+    Flag(const Flag&) = delete;
+    Flag& operator=(const Flag&) = delete;
+
+private:
+    bool& flag_;
+    bool before_;
+};
+
+QWidget* Build(const Form& form, const WidgetFactory& factory) {
+    QWidget* const root = factory();
+    if (form.menu.empty())
+        return root;
+    auto* const bar = root->findChild<QMenuBar*>();
+    QMenuBar* const shown = bar != nullptr ? bar : new QMenuBar(root);
+    shown->setNativeMenuBar(false);
+    BuildMenuBar(*shown, form.menu);
+    if (bar == nullptr && root->layout() != nullptr)
+        root->layout()->setMenuBar(shown);
+    return root;
+}
+
+} // namespace
+
+FormWindows::FormWindows(Desktop& desktop, QMdiArea& area) : desktop_(desktop), area_(area) {
+    host().showForm = [this](Form& form) { Show(form); };
+    host().hideForm = [this](Form& form) { Hide(form); };
+    host().closeForm = [this](Form& form) { Close(form); };
+    QObject::connect(&area_, &QMdiArea::subWindowActivated, &area_,
+                     [this](QMdiSubWindow* window) { ActivatedByUser(window); });
+}
+
+FormWindows::~FormWindows() {
+    area_.disconnect();
+    for (const auto& entry : entries_)
+        if (entry->binder != nullptr)
+            entry->binder->Detach();
+    host().showForm = [](Form&) {};
+    host().hideForm = [](Form&) {};
+    host().closeForm = [](Form&) {};
+}
+
+void FormWindows::Add(Form& form, WidgetFactory factory, Placement placement) {
+    auto entry = std::make_unique<Entry>();
+    entry->form = &form;
+    entry->factory = std::move(factory);
+    entry->placement = placement;
+    entries_.push_back(std::move(entry));
+    if (std::ranges::find(desktop_.forms, &form) == desktop_.forms.end())
+        desktop_.forms.push_back(&form);
+}
+
+std::vector<std::string> FormWindows::Mismatches() const {
+    std::vector<std::string> texts;
+    for (const auto& entry : entries_) {
+        const std::unique_ptr<QWidget> root(Build(*entry->form, entry->factory));
+        try {
+            Binder trial(*entry->form, *root);
+        } catch (const std::runtime_error& fault) {
+            texts.emplace_back(fault.what());
+        }
+    }
+    return texts;
+}
+
+FormWindows::Entry* FormWindows::Find(const Form& form) {
+    const auto found =
+        std::ranges::find_if(entries_, [&](const auto& entry) { return entry->form == &form; });
+    return found == entries_.end() ? nullptr : found->get();
+}
+
+const FormWindows::Entry* FormWindows::Find(const Form& form) const {
+    return const_cast<FormWindows*>(this)->Find(form);
+}
+
+QWidget* FormWindows::WidgetOf(const Form& form) const {
+    const Entry* const entry = Find(form);
+    return entry == nullptr ? nullptr : entry->root.data();
+}
+
+Form* FormWindows::ActiveForm() const {
+    return active_ != nullptr && active_->loaded ? active_ : nullptr;
+}
+
+void FormWindows::Show(Form& form) {
+    Entry* const entry = Find(form);
+    if (entry == nullptr)
+        return;
+    {
+        const Flag arranging(arranging_);
+        if (!entry->frame)
+            OpenWindow(*entry);
+        if (!form.modal) {
+            auto* const window = static_cast<QMdiSubWindow*>(entry->frame.data());
+            window->show();
+            entry->root->show();
+            area_.setActiveSubWindow(window);
+            active_ = &form;
+        }
+    }
+    Binder::PushAll();
+    if (form.modal)
+        RunModal(*entry);
+}
+
+void FormWindows::Hide(Form& form) {
+    Entry* const entry = Find(form);
+    if (entry == nullptr || !entry->frame)
+        return;
+    const Flag arranging(arranging_);
+    if (auto* const dialog = qobject_cast<QDialog*>(entry->frame))
+        dialog->done(QDialog::Rejected); // showing it returns
+    else
+        entry->frame->hide();
+}
+
+void FormWindows::Close(Form& form) {
+    Entry* const entry = Find(form);
+    if (entry == nullptr || !entry->frame)
+        return;
+    const Flag arranging(arranging_);
+    QWidget* const frame = entry->frame;
+    if (!form.modal && !frame->isHidden() && frame->pos() != entry->opened) {
+        form.left = frame->x() * kTwipsPerPixel;
+        form.top = frame->y() * kTwipsPerPixel;
+        entry->placement = Placement::Stored; // the user has chosen
+    }
+    entry->binder->Detach();
+    entry->binder = nullptr;
+    entry->frame.clear();
+    entry->root.clear();
+    if (active_ == &form)
+        active_ = nullptr;
+    if (auto* const window = qobject_cast<QMdiSubWindow*>(frame)) {
+        window->hide();
+        area_.removeSubWindow(window);
+    } else if (auto* const dialog = qobject_cast<QDialog*>(frame)) {
+        dialog->done(QDialog::Rejected);
+    }
+    frame->deleteLater(); // its own event may be under way
+}
+
+void FormWindows::OpenWindow(Entry& entry) {
+    Form& form = *entry.form;
+    QWidget* const root = Build(form, entry.factory);
+    entry.root = root;
+    entry.binder = new Binder(form, *root);
+    const auto closeRequest = [this, &form] {
+        UnloadForm(desktop_, form);
+        Binder::PushAll();
+    };
+    if (form.modal) {
+        auto* const dialog = new ModalWindow(area_.window());
+        dialog->onCloseRequest = closeRequest;
+        auto* const layout = new QVBoxLayout(dialog);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(root);
+        dialog->setWindowTitle(root->windowTitle());
+        entry.frame = dialog;
+    } else {
+        auto* const scroll = new FormScroll(root);
+        auto* const window = new SubWindow;
+        window->onCloseRequest = closeRequest;
+        window->setAttribute(Qt::WA_DeleteOnClose, false);
+        window->setWidget(scroll);
+        window->setWindowTitle(root->windowTitle());
+        window->setWindowIcon(QApplication::windowIcon());
+        area_.addSubWindow(window);
+        entry.frame = window;
+        entry.asked = {0, 0};
+
+        const QSize room = area_.viewport()->size();
+        const QSize border = window->sizeHint() - scroll->sizeHint();
+        const QSize needed = scroll->NeededSize() + border;
+        window->setMinimumSize(needed.boundedTo(room.expandedTo({kLeastWidth, kLeastHeight})));
+        QSize size = (scroll->sizeHint() + border).expandedTo(needed);
+        if (form.width > 0)
+            size.setWidth(std::max(form.width / kTwipsPerPixel, window->minimumWidth()));
+        if (form.height > 0)
+            size.setHeight(std::max(form.height / kTwipsPerPixel, window->minimumHeight()));
+        entry.asked = {form.width, form.height};
+        size = size.boundedTo(room);
+        window->resize(size);
+        window->move(PlaceFor(entry, size));
+        entry.opened = window->pos();
+    }
+    entry.binder->onPushed = [this, &entry] { FollowSize(entry); };
+}
+
+QPoint FormWindows::PlaceFor(const Entry& entry, const QSize& size) const {
+    const QSize room = area_.viewport()->size();
+    QPoint place(entry.form->left / kTwipsPerPixel, entry.form->top / kTwipsPerPixel);
+    if (entry.placement == Placement::RightEdge)
+        place.setX(room.width() - size.width());
+    if (entry.placement == Placement::BesideOthers)
+        for (const auto& other : entries_)
+            if (other.get() != &entry && other->frame && other->frame->isVisible() &&
+                other->placement == Placement::Stored && !other->form->modal)
+                place.setX(std::max(place.x(), other->frame->geometry().right() + 1));
+    place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - size.width())));
+    place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - size.height())));
+    return place;
+}
+
+void FormWindows::FollowSize(Entry& entry) {
+    if (!entry.frame || entry.form->modal)
+        return;
+    if (entry.frame->windowTitle() != entry.root->windowTitle())
+        entry.frame->setWindowTitle(entry.root->windowTitle());
+    const QSize wanted(entry.form->width, entry.form->height);
+    if (wanted == entry.asked)
+        return;
+    entry.asked = wanted;
+    QSize size = entry.frame->size();
+    if (wanted.width() > 0)
+        size.setWidth(wanted.width() / kTwipsPerPixel);
+    if (wanted.height() > 0)
+        size.setHeight(wanted.height() / kTwipsPerPixel);
+    entry.frame->resize(
+        size.boundedTo(area_.viewport()->size()).expandedTo(entry.frame->minimumSize()));
+}
+
+void FormWindows::RunModal(Entry& entry) {
+    auto* const dialog = static_cast<QDialog*>(entry.frame.data());
+    const QPointer<QDialog> alive(dialog);
+    dialog->exec();
+    if (alive)
+        dialog->hide();
+}
+
+void FormWindows::ActivatedByUser(QWidget* frame) {
+    if (arranging_ || frame == nullptr)
+        return;
+    for (const auto& entry : entries_) {
+        if (entry->frame != frame || entry->form == active_)
+            continue;
+        Form& form = *entry->form;
+        active_ = &form;
+        std::erase(desktop_.order, &form);
+        desktop_.order.push_back(&form);
+        Binder::Run(nullptr, form.onActivate);
+        return;
+    }
+}
+
+} // namespace zorvant

@@ -1,0 +1,91 @@
+// The windows of the dialogs: which widget shows which form, and where it stands.
+#pragma once
+
+#include "platform/controls.h"
+#include "shell/qt/binder.h"
+
+#include <QMdiArea>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zorvant {
+
+/// Makes the widget of a form with all its children; the binder connects it afterwards.
+using WidgetFactory = std::function<QWidget*()>;
+
+/// The factory of a window that Qt Designer's file describes alone: FromUi<Ui::frmBatch>().
+template <class Ui> WidgetFactory FromUi() {
+    return [] {
+        auto* const root = new QWidget;
+        Ui().setupUi(root);
+        return root;
+    };
+}
+
+/// Where a window opens when the user has not moved it yet.
+enum class Placement {
+    Stored,       ///< at the form's left and top
+    BesideOthers, ///< right of the windows that are open, as far as there is room
+    RightEdge
+};
+
+/// Shows forms as sub-windows of a work area, or as dialogs of their own when they are modal, and
+/// closes them. Sets the host's showForm, hideForm and closeForm as long as it lives.
+///
+/// Positions are kept in twips, 15 to a pixel, stored in the record when a window closes and moved
+/// inside the work area when it opens. A window can't be made smaller than its contents want, unless
+/// the work area is too small for them: then it scrolls.
+class FormWindows {
+public:
+    FormWindows(Desktop& desktop, QMdiArea& area);
+    ~FormWindows();
+    FormWindows(const FormWindows&) = delete;
+    FormWindows& operator=(const FormWindows&) = delete;
+
+    /// Enters a form into the table and into the desktop's list of the dialogs that exist.
+    void Add(Form& form, WidgetFactory factory, Placement placement = Placement::Stored);
+
+    /// Holds each form's record against its widgets, both ways. Returned: one text for each form that
+    /// does not fit.
+    std::vector<std::string> Mismatches() const;
+
+    /// The widget of an open form, nullptr when it has none.
+    QWidget* WidgetOf(const Form& form) const;
+    /// The form whose window is in front, nullptr when none is.
+    Form* ActiveForm() const;
+
+private:
+    struct Entry {
+        Form* form = nullptr;
+        WidgetFactory factory;
+        Placement placement = Placement::Stored;
+        QPointer<QWidget> frame; ///< the sub-window or the dialog
+        QPointer<QWidget> root;  ///< the widget that the factory made
+        Binder* binder = nullptr;
+        QPoint opened;     ///< where the program put it
+        QSize asked{0, 0}; ///< the size in twips that the form wanted when it was last looked at
+    };
+
+    Entry* Find(const Form& form);
+    const Entry* Find(const Form& form) const;
+    void Show(Form& form);
+    void Hide(Form& form);
+    void Close(Form& form);
+    void OpenWindow(Entry& entry);
+    void RunModal(Entry& entry);
+    QPoint PlaceFor(const Entry& entry, const QSize& size) const;
+    void FollowSize(Entry& entry);
+    void ActivatedByUser(QWidget* frame);
+
+    Desktop& desktop_;
+    QMdiArea& area_;
+    std::vector<std::unique_ptr<Entry>> entries_;
+    Form* active_ = nullptr;
+    bool arranging_ = false; ///< windows are being opened or closed by the program
+};
+
+} // namespace zorvant

@@ -1,0 +1,131 @@
+#include "shell/qt/grid_model.h"
+
+#include "shell/qt/key_filter.h"
+#include "shell/qt/qt_text.h"
+
+namespace zorvant {
+namespace {
+
+constexpr const char* kUnchecked = "0";
+constexpr const char* kChecked = "-1";
+
+bool At(const std::vector<bool>& flags, int column) {
+    return static_cast<std::size_t>(column) < flags.size() &&
+           flags[static_cast<std::size_t>(column)];
+}
+
+} // namespace
+
+GridModel::GridModel(Grid& grid, Runner run, QObject* parent)
+    : QAbstractTableModel(parent), grid_(grid), run_(std::move(run)) {
+    Refresh();
+}
+
+bool GridModel::Refresh() {
+    const int rows = static_cast<int>(grid_.cells.size());
+    const int columns = static_cast<int>(grid_.heads.size());
+    if (shown_ == grid_.revision && rows == rows_ && columns == columns_)
+        return false;
+    shown_ = grid_.revision;
+    if (rows == rows_ && columns == columns_) { // scroll position and selection stay
+        if (rows > 0 && columns > 0)
+            emit dataChanged(index(0, 0), index(rows - 1, columns - 1));
+        if (columns > 0)
+            emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
+        return true;
+    }
+    beginResetModel();
+    rows_ = rows;
+    columns_ = columns;
+    endResetModel();
+    return true;
+}
+
+int GridModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : rows_;
+}
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : columns_;
+}
+
+bool GridModel::Holds(const QModelIndex& index) const {
+    return index.isValid() && static_cast<std::size_t>(index.row()) < grid_.cells.size() &&
+           static_cast<std::size_t>(index.column()) <
+               grid_.cells[static_cast<std::size_t>(index.row())].size();
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+    if (!Holds(index))
+        return {};
+    const std::string& cell =
+        grid_
+            .cells[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+    if (At(grid_.checkColumns, index.column()))
+        return role == Qt::CheckStateRole ? QVariant(cell == kChecked ? Qt::Checked : Qt::Unchecked)
+                                          : QVariant();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return ToQt(cell);
+    case Qt::TextAlignmentRole:
+        return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+    default:
+        return {};
+    }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole ||
+        static_cast<std::size_t>(section) >= grid_.heads.size())
+        return {};
+    return ToQt(grid_.heads[static_cast<std::size_t>(section)]);
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    if (At(grid_.checkColumns, index.column()))
+        flags |= Qt::ItemIsUserCheckable;
+    else if (At(grid_.editableColumns, index.column()))
+        flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (!Holds(index))
+        return false;
+    const bool checkable = At(grid_.checkColumns, index.column());
+    if (role != (checkable ? Qt::CheckStateRole : Qt::EditRole))
+        return false;
+    std::string text = checkable ? (value.toInt() == Qt::Checked ? kChecked : kUnchecked)
+                                 : FromQt(value.toString());
+    std::string& cell =
+        grid_
+            .cells[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
+    if (cell == text)
+        return true;
+    cell = std::move(text);
+    emit dataChanged(index, index);
+    if (grid_.onEdit)
+        run_([this, row = index.row(), column = index.column()] { grid_.onEdit(row, column); });
+    return true;
+}
+
+GridDelegate::GridDelegate(Grid& grid, GridModel::Runner run, QObject* parent)
+    : QStyledItemDelegate(parent), grid_(grid), run_(std::move(run)) {}
+
+QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                    const QModelIndex& index) const {
+    QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (editor != nullptr && grid_.onKeyPress) {
+        auto filter = [this, row = index.row(), column = index.column()](int& key) {
+            // Enter ends the editing; what the cell took is told by the edit event.
+            if (key != kKeyEnter)
+                run_([&] { grid_.onKeyPress(row, column, key); });
+        };
+        new KeyFilter(*editor, filter);
+    }
+    return editor;
+}
+
+} // namespace zorvant

@@ -1,0 +1,116 @@
+#include "shell/qt/key_filter.h"
+
+#include <QInputMethodEvent>
+#include <QLineEdit>
+
+namespace zorvant {
+
+int KeyCode(const QKeyEvent& event) {
+    const bool ctrl = event.modifiers().testFlag(Qt::ControlModifier);
+    const bool alt = event.modifiers().testFlag(Qt::AltModifier);
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return alt ? -1 : ctrl ? kKeyLineFeed : kKeyEnter;
+    case Qt::Key_Backspace:
+        return alt ? -1 : kKeyBackspace;
+    case Qt::Key_Escape:
+        return kKeyEscape;
+    case Qt::Key_Delete:
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab:
+        return -1;
+    default:
+        break;
+    }
+    if (event.matches(QKeySequence::Copy))
+        return kKeyCopy;
+    if (event.matches(QKeySequence::Paste))
+        return kKeyPaste;
+    // Both together are AltGr on some keyboards and give a character; each alone is a shortcut.
+    if (ctrl != alt)
+        return -1;
+    const auto characters = event.text().toUcs4();
+    if (characters.isEmpty() || !QChar::isPrint(characters.front()))
+        return -1;
+    return static_cast<int>(characters.front());
+}
+
+KeyFilter::KeyFilter(QWidget& editor, Handler handler)
+    : QObject(&editor), editor_(&editor), handler_(std::move(handler)) {
+    editor.installEventFilter(this);
+}
+
+void KeyFilter::NoteEdited() {
+    if (std::exchange(announced_, false))
+        return;
+    // What removes text needs no more than a backspace's standing; the text itself is already there,
+    // so a refusal comes too late and is not asked for.
+    int code = kKeyBackspace;
+    handler_(code);
+}
+
+bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
+    if (event == delivered_ || watched != editor_)
+        return false;
+    if (event->type() == QEvent::KeyPress)
+        return FilterKey(static_cast<QKeyEvent&>(*event));
+    if (event->type() == QEvent::InputMethod)
+        return FilterComposed(static_cast<QInputMethodEvent&>(*event));
+    return false;
+}
+
+void KeyFilter::Deliver(QEvent& event) {
+    if (!editor_)
+        return;
+    const QEvent* const outer = std::exchange(delivered_, &event);
+    announced_ = true;
+    static_cast<QObject&>(*editor_).event(&event);
+    announced_ = false;
+    delivered_ = outer;
+}
+
+bool KeyFilter::FilterKey(QKeyEvent& event) {
+    const auto* const line = qobject_cast<QLineEdit*>(editor_.data());
+    if (line != nullptr && line->isReadOnly())
+        return false;
+    const int before = KeyCode(event);
+    if (before < 0)
+        return false;
+    int after = before;
+    handler_(after);
+    if (before == kKeyCopy)
+        after = before;
+    event.accept();
+    if (after == 0)
+        return true;
+    if (after == before) {
+        Deliver(event); // leaves the event ignored where the editor has no use for it
+        return true;
+    }
+    const char32_t character = static_cast<char32_t>(after);
+    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    Deliver(typed);
+    event.accept();
+    return true;
+}
+
+bool KeyFilter::FilterComposed(QInputMethodEvent& event) {
+    if (event.commitString().isEmpty())
+        return false;
+    QString kept;
+    for (const char32_t character : event.commitString().toUcs4()) {
+        int code = static_cast<int>(character);
+        handler_(code);
+        const char32_t after = static_cast<char32_t>(code);
+        if (code != 0)
+            kept += QString::fromUcs4(&after, 1);
+    }
+    QInputMethodEvent filtered(event.preeditString(), event.attributes());
+    filtered.setCommitString(kept, event.replacementStart(), event.replacementLength());
+    Deliver(filtered);
+    event.accept();
+    return true;
+}
+
+} // namespace zorvant

@@ -1,0 +1,439 @@
+// The connection of records and widgets, on a small form that has a control of every kind.
+#include "platform/host.h"
+#include "platform/number_text.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/menus.h"
+#include "shell/qt/qt_host.h"
+#include "tests/qt/qt_user.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvant {
+namespace {
+
+using testing::HasSubstr;
+
+constexpr MenuRow kMenu[] = {
+    {1, "mnuFile",  "&File"},
+    {2, "mnuOpen",  "Open" },
+    {2, "sep1",     "-"    },
+    {2, "mnuMore",  "More" },
+    {3, "mnuDeep",  "Deep" },
+    {1, "mnuPlain", "Plain"},
+};
+
+struct TestForm : Form {
+    TestForm() : Form("TestForm", " A form") {
+        menu = kMenu;
+        txtNumber.onKeyPress = [this](int& key) {
+            keys.push_back(key);
+            if (key != 13 && !FilterNumericKey(key))
+                key = 0;
+        };
+        txtNumber.onChange = [this] { changes.push_back(txtNumber.text); };
+        txtNumber.onGotFocus = [this] { txtNumber.selectAll = true; };
+        txtText.multiLine = true;
+        cmbList.items = {"one", "two"};
+        cmbFree.editable = true;
+        lstList.items = {"a", "b", "c"};
+        cmdDefault.isDefault = true;
+        cmdEsc.isCancel = true;
+        grdTable.heads = {"no", "off", "value"};
+        grdTable.cells = {
+            {"1", "0",  "1.5"},
+            {"2", "-1", "2.5"}
+        };
+        grdTable.editableColumns = {false, false, true};
+        grdTable.checkColumns = {false, true, false};
+        Declare();
+        loaded = true;
+    }
+    std::vector<int> keys;
+    std::vector<std::string> changes;
+
+    Label lblHint{*this, "lblHint", "5 < 7 & <b>plain</b>"};
+    Frame fraGroup{*this, "fraGroup", "Group"};
+    TextField txtNumber{*this, "txtNumber"};
+    TextField txtText{*this, "txtText"};
+    Button cmdDefault{*this, "cmdDefault", "&Go"};
+    Button cmdEsc{*this, "cmdEsc", "Close <Esc>"};
+    CheckBox chkOn{*this, "chkOn", "on"};
+    OptionGroup optKind{
+        *this, "optKind", {"first", "second", "third"},
+          1
+    };
+    ComboBox cmbList{*this, "cmbList"};
+    ComboBox cmbFree{*this, "cmbFree"};
+    ListBox lstList{*this, "lstList"};
+    Slider sldSpeed{*this, "sldSpeed"};
+    UpDown updCount{*this, "updCount"};
+    Grid grdTable{*this, "grdTable"};
+    TabPanel tabPages{
+        *this, "tabPages", {"left", "right"}
+    };
+    Timer tmrTick{*this, "tmrTick"};
+    MenuEntry mnuFile{*this, "mnuFile", "&File"};
+    MenuEntry mnuOpen{*this, "mnuOpen", "Open"};
+    MenuEntry mnuPlain{*this, "mnuPlain", "Plain"};
+    Picture picDrawing{*this, "picDrawing"};
+};
+
+template <class Widget> Widget* Make(QLayout& layout, const char* name) {
+    auto* const widget = new Widget;
+    widget->setObjectName(QString::fromUtf8(name));
+    layout.addWidget(widget);
+    return widget;
+}
+
+/// The window of the form, less one widget where a test wants it so.
+std::unique_ptr<QWidget> MakeWindow(const std::string& without = {}) {
+    auto root = std::make_unique<QWidget>();
+    auto* const layout = new QVBoxLayout(root.get());
+    auto* const bar = new QMenuBar(root.get());
+    layout->setMenuBar(bar);
+    BuildMenuBar(*bar, kMenu);
+    Make<QLabel>(*layout, "lblHint");
+    Make<QGroupBox>(*layout, "fraGroup");
+    Make<QLineEdit>(*layout, "txtNumber");
+    Make<QPlainTextEdit>(*layout, "txtText");
+    Make<QPushButton>(*layout, "cmdDefault");
+    Make<QPushButton>(*layout, "cmdEsc");
+    Make<QCheckBox>(*layout, "chkOn");
+    for (const char* name : {"optKind_1", "optKind_2", "optKind_3"})
+        Make<QRadioButton>(*layout, name);
+    Make<QComboBox>(*layout, "cmbList");
+    Make<QComboBox>(*layout, "cmbFree");
+    Make<QListWidget>(*layout, "lstList");
+    Make<QSlider>(*layout, "sldSpeed");
+    Make<QSpinBox>(*layout, "updCount");
+    Make<QTableView>(*layout, "grdTable");
+    auto* const tabs = Make<QTabWidget>(*layout, "tabPages");
+    tabs->addTab(new QWidget, QString());
+    tabs->addTab(new QWidget, QString());
+    Make<QLabel>(*layout, "picDrawing");
+    if (!without.empty())
+        delete root->findChild<QWidget*>(QString::fromStdString(without));
+    return root;
+}
+
+class BinderTest : public testing::Test {
+protected:
+    void Open() {
+        window = MakeWindow();
+        binder = new Binder(form, *window);
+        window->show();
+        window->activateWindow();
+        Settle();
+    }
+    template <class Widget> Widget& At(const char* name) { return Child<Widget>(*window, name); }
+    QLineEdit& Number() { return At<QLineEdit>("txtNumber"); }
+
+    ScriptedHost desk;
+    TestForm form;
+    std::unique_ptr<QWidget> window;
+    Binder* binder = nullptr;
+};
+
+TEST_F(BinderTest, AWindowThatLacksAControlIsRefusedByName) {
+    for (const char* name : {"txtNumber", "optKind_2", "grdTable", "tabPages", "lblHint"}) {
+        const auto lacking = MakeWindow(name);
+        try {
+            Binder refused(form, *lacking);
+            FAIL() << name;
+        } catch (const std::runtime_error& fault) {
+            EXPECT_THAT(fault.what(), HasSubstr(name));
+        }
+    }
+}
+
+TEST_F(BinderTest, AnInputWithoutARecordIsRefusedByName) {
+    const auto surplus = MakeWindow();
+    Make<QLineEdit>(*surplus->layout(), "txtStray");
+    Make<QLabel>(*surplus->layout(), "lblFixed"); // a fixed caption needs no record
+    try {
+        Binder refused(form, *surplus);
+        FAIL();
+    } catch (const std::runtime_error& fault) {
+        EXPECT_THAT(fault.what(), HasSubstr("txtStray"));
+        EXPECT_THAT(fault.what(), testing::Not(HasSubstr("lblFixed")));
+    }
+}
+
+TEST_F(BinderTest, TypingRunsKeyPressThenChangeAndACommaBecomesAPoint) {
+    Open();
+    TypeText(Number(), QStringLiteral("1x,5"));
+    EXPECT_EQ(form.txtNumber.text, "1.5");
+    EXPECT_EQ(Number().text(), QStringLiteral("1.5"));
+    EXPECT_EQ(form.keys, (std::vector<int>{'1', 'x', ',', '5'}));
+    EXPECT_EQ(form.changes, (std::vector<std::string>{"1", "1.", "1.5"}));
+}
+
+TEST_F(BinderTest, EditsWithoutAKeyAreAnnouncedAsBackspace) {
+    Open();
+    TypeText(Number(), QStringLiteral("12"));
+    form.keys.clear();
+    Number().setCursorPosition(0);
+    PressKey(Number(), Qt::Key_Delete);
+    EXPECT_EQ(form.txtNumber.text, "2");
+    EXPECT_EQ(form.keys, std::vector<int>{8});
+
+    QGuiApplication::clipboard()->setText(QStringLiteral("77"));
+    form.keys.clear();
+    PressKey(Number(), Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);
+    EXPECT_EQ(form.keys, std::vector<int>{22});
+}
+
+TEST_F(BinderTest, WhatAnInputMethodComposesPassesTheKeyFilter) {
+    Open();
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("3,a4"));
+    QCoreApplication::sendEvent(&Number(), &composed);
+    EXPECT_EQ(form.txtNumber.text, "3.4");
+}
+
+TEST_F(BinderTest, AHandlersWritingRunsNoHandlerAndKeepsTheCursor) {
+    form.chkOn.onClick = [this] { form.txtNumber.text = "42"; };
+    form.txtNumber.onChange = [this] {
+        form.changes.push_back(form.txtNumber.text);
+        form.txtNumber.text = CommasToPoints(form.txtNumber.text);
+    };
+    Open();
+    At<QCheckBox>("chkOn").click();
+    EXPECT_EQ(Number().text(), QStringLiteral("42"));
+    EXPECT_TRUE(form.changes.empty());
+
+    Number().setFocus();
+    Number().setCursorPosition(1);
+    form.txtNumber.onKeyPress = nullptr; // as when a comma is pasted
+    TypeText(Number(), QStringLiteral(","));
+    EXPECT_EQ(Number().text(), QStringLiteral("4.2"));
+    EXPECT_EQ(Number().cursorPosition(), 2);
+}
+
+TEST_F(BinderTest, HiddenControlsKeepTheirRoomAndDisabledOnesSayWhy) {
+    form.chkOn.onClick = [this] {
+        form.cmbList.visible = false;
+        form.cmdDefault.enabled = false;
+        form.cmdDefault.disabledTip = "nothing calculated yet";
+    };
+    form.cmdDefault.toolTip = " calculates ";
+    Open();
+    const int place = At<QWidget>("lstList").y();
+    EXPECT_EQ(At<QPushButton>("cmdDefault").toolTip(), QStringLiteral("calculates"));
+    At<QCheckBox>("chkOn").click();
+    Settle();
+    EXPECT_FALSE(At<QComboBox>("cmbList").isVisible());
+    EXPECT_EQ(At<QWidget>("lstList").y(), place);
+    EXPECT_FALSE(At<QPushButton>("cmdDefault").isEnabled());
+    EXPECT_EQ(At<QPushButton>("cmdDefault").toolTip(), QStringLiteral("nothing calculated yet"));
+}
+
+TEST_F(BinderTest, EnterPressesTheDefaultButtonUnlessAHandlerTakesIt) {
+    int pressed = 0;
+    form.cmdDefault.onClick = [&] { ++pressed; };
+    Open();
+    Number().setFocus();
+    PressKey(Number(), Qt::Key_Return);
+    EXPECT_EQ(pressed, 1);
+    form.txtNumber.onKeyPress = [this](int& key) {
+        form.setFocus = &form.cmbFree;
+        key = 0;
+    };
+    PressKey(Number(), Qt::Key_Return);
+    EXPECT_EQ(pressed, 1);
+    EXPECT_TRUE(At<QComboBox>("cmbFree").lineEdit()->hasFocus() ||
+                At<QComboBox>("cmbFree").hasFocus());
+}
+
+TEST_F(BinderTest, EscPressesTheCancelButton) {
+    int pressed = 0;
+    form.cmdEsc.onClick = [&] { ++pressed; };
+    Open();
+    for (QShortcut* shortcut : window->findChildren<QShortcut*>())
+        if (shortcut->key() == QKeySequence(Qt::Key_Escape))
+            emit shortcut->activated();
+    EXPECT_EQ(pressed, 1);
+    form.cmdEsc.visible = false;
+    Binder::PushAll();
+    for (QShortcut* shortcut : window->findChildren<QShortcut*>())
+        emit shortcut->activated();
+    EXPECT_EQ(pressed, 1);
+}
+
+TEST_F(BinderTest, EveryKindOfControlWritesItsRecordAndIsWrittenFromIt) {
+    int option = 0, tab = -1, ticks = 0;
+    form.optKind.onClick = [&](int index) { option = index; };
+    form.tabPages.onClick = [&](int index) { tab = index; };
+    form.tmrTick.onTick = [&] { ++ticks; };
+    form.mnuOpen.onClick = [this] { form.updCount.value = 9; };
+    Open();
+
+    At<QRadioButton>("optKind_2").click();
+    EXPECT_EQ(form.optKind.selected, 2);
+    EXPECT_EQ(option, 2);
+    form.optKind.selected = 3;
+    form.optKind(1).enabled = false;
+    Binder::PushAll();
+    EXPECT_TRUE(At<QRadioButton>("optKind_3").isChecked());
+    EXPECT_FALSE(At<QRadioButton>("optKind_1").isEnabled());
+    form.optKind.selected = -1;
+    Binder::PushAll();
+    EXPECT_FALSE(At<QRadioButton>("optKind_3").isChecked());
+
+    auto& list = At<QComboBox>("cmbList");
+    ASSERT_EQ(list.count(), 2);
+    list.setCurrentIndex(1);
+    emit list.activated(1);
+    EXPECT_EQ(form.cmbList.text, "two");
+
+    auto& free = At<QComboBox>("cmbFree");
+    TypeText(*free.lineEdit(), QStringLiteral("0.5"));
+    EXPECT_EQ(form.cmbFree.text, "0.5");
+    form.cmbFree.items.emplace_back("0.75");
+    Binder::PushAll();
+    EXPECT_EQ(free.count(), 1);
+    EXPECT_EQ(free.currentText(), QStringLiteral("0.5")) << "a longer list leaves the text alone";
+
+    At<QListWidget>("lstList").setCurrentRow(2);
+    EXPECT_EQ(form.lstList.index, 2);
+    At<QSlider>("sldSpeed").setValue(30);
+    EXPECT_EQ(form.sldSpeed.value, 30);
+    At<QSpinBox>("updCount").setValue(4);
+    EXPECT_EQ(form.updCount.value, 4);
+    At<QTabWidget>("tabPages").setCurrentIndex(1);
+    EXPECT_EQ(form.tabPages.selected, 1);
+    EXPECT_EQ(tab, 1);
+    At<QPlainTextEdit>("txtText").setPlainText(QStringLiteral("two\nlines"));
+    EXPECT_EQ(form.txtText.text, "two\r\nlines");
+
+    Child<QAction>(*window, "mnuOpen").trigger();
+    EXPECT_EQ(At<QSpinBox>("updCount").value(), 9);
+    form.tmrTick.interval = 1;
+    Binder::PushAll();
+    QElapsedTimer waited;
+    waited.start();
+    while (ticks == 0 && waited.elapsed() < 2000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    EXPECT_GT(ticks, 0);
+}
+
+TEST_F(BinderTest, LabelsShowTheirTextAsItStands) {
+    Open();
+    EXPECT_EQ(At<QLabel>("lblHint").text(), QStringLiteral("5 < 7 & <b>plain</b>"));
+    EXPECT_EQ(At<QLabel>("lblHint").textFormat(), Qt::PlainText);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("A form"));
+}
+
+TEST_F(BinderTest, AGridShowsEditsTicksAndSelectsItsCells) {
+    std::vector<std::pair<int, int>> edits;
+    form.grdTable.onEdit = [&](int row, int column) { edits.emplace_back(row, column); };
+    Open();
+    auto& view = At<QTableView>("grdTable");
+    QAbstractItemModel& model = *view.model();
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(model.index(1, 2).data().toString(), QStringLiteral("2.5"));
+    EXPECT_EQ(model.index(1, 1).data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_FALSE(model.flags(model.index(0, 0)).testFlag(Qt::ItemIsEditable));
+
+    EXPECT_TRUE(model.setData(model.index(0, 2), QStringLiteral("3.5"), Qt::EditRole));
+    EXPECT_TRUE(model.setData(model.index(0, 1), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_EQ(form.grdTable.cells[0], (std::vector<std::string>{"1", "-1", "3.5"}));
+    EXPECT_EQ(edits, (std::vector<std::pair<int, int>>{
+                         {0, 2},
+                         {0, 1}
+    }));
+
+    view.selectionModel()->select(QItemSelection(model.index(0, 0), model.index(1, 2)),
+                                  QItemSelectionModel::ClearAndSelect);
+    EXPECT_EQ(form.grdTable.selection, (GridRange{0, 0, 1, 2}));
+    view.setCurrentIndex(model.index(1, 2));
+    EXPECT_EQ(form.grdTable.row, 1);
+}
+
+TEST_F(BinderTest, AGridOfTheLargestTableOpensAndScrollsAtOnce) {
+    Open();
+    form.grdTable.cells.assign(32767, {"1", "0", "0.123456"});
+    ++form.grdTable.revision;
+    QElapsedTimer taken;
+    taken.start();
+    Binder::PushAll();
+    auto& view = At<QTableView>("grdTable");
+    view.scrollToBottom();
+    view.repaint();
+    EXPECT_EQ(view.model()->rowCount(), 32767);
+    EXPECT_LT(taken.elapsed(), 500); // a pause would be felt; it takes about 10 ms
+}
+
+TEST_F(BinderTest, AHandlerUnderWayIsNotEnteredAgainButOtherButtonsAre) {
+    InstallQtHost();
+    int starts = 0;
+    bool stop = false;
+    form.cmdDefault.onClick = [&] {
+        ++starts;
+        form.chkOn.enabled = false;
+        At<QPushButton>("cmdDefault").click();
+        while (!stop)
+            host().serviceEvents();
+    };
+    form.cmdEsc.onClick = [&] { stop = true; };
+    Open();
+    bool lockedBefore = false;
+    QTimer::singleShot(20, window.get(), [&] {
+        lockedBefore = !At<QCheckBox>("chkOn").isEnabled();
+        At<QPushButton>("cmdEsc").click();
+    });
+    At<QPushButton>("cmdDefault").click();
+    EXPECT_EQ(starts, 1);
+    EXPECT_TRUE(stop);
+    EXPECT_TRUE(lockedBefore) << "what a handler locks is locked before events are let in";
+}
+
+TEST_F(BinderTest, AnExceptionOfAHandlerBecomesAMessage) {
+    form.chkOn.onClick = [] { throw std::runtime_error("Overflow"); };
+    Open();
+    At<QCheckBox>("chkOn").click();
+    ASSERT_EQ(desk.boxes.size(), 1U);
+    EXPECT_EQ(desk.boxes[0].text, "Overflow");
+    EXPECT_EQ(desk.boxes[0].title, "Execution not possible");
+}
+
+TEST_F(BinderTest, AFormMayCloseItselfInAHandler) {
+    form.cmdEsc.onClick = [this] {
+        binder->Detach();
+        window.release()->deleteLater();
+    };
+    Open();
+    At<QPushButton>("cmdEsc").click();
+    Settle();
+    EXPECT_EQ(form.txtNumber.text, "");
+}
+
+TEST_F(BinderTest, MenuEntriesWithoutACommandAreDisabledAndSayWhy) {
+    form.mnuPlain.available = false;
+    form.mnuPlain.disabledTip = "not yet available";
+    Open();
+    const auto& plain = Child<QAction>(*window, "mnuPlain");
+    EXPECT_FALSE(plain.isEnabled());
+    EXPECT_EQ(plain.toolTip(), QStringLiteral("not yet available"));
+    form.mnuPlain.available = true;
+    Binder::PushAll();
+    EXPECT_TRUE(plain.isEnabled());
+}
+
+TEST_F(BinderTest, AKeyIsShownWithinFiveMilliseconds) {
+    Open();
+    constexpr int kKeys = 200;
+    QElapsedTimer taken;
+    taken.start();
+    for (int i = 0; i < kKeys; ++i) {
+        PressKey(Number(), Qt::Key_1, QStringLiteral("1"));
+        Number().repaint();
+    }
+    const double each = static_cast<double>(taken.nsecsElapsed()) / 1e6 / kKeys;
+    RecordProperty("milliseconds", std::to_string(each));
+    EXPECT_LT(each, 5.0);
+}
+
+} // namespace
+} // namespace zorvant
