@@ -14,7 +14,9 @@ if(qtSources)
   target_link_libraries(zorvant_qt PUBLIC zorvant_shell Qt6::Widgets Qt6::PrintSupport Qt6::Svg
     QCustomPlotQt6::QCustomPlotQt6)
 
-  add_executable(zorvant shell/main.cpp)
-  target_compile_definitions(zorvant PRIVATE ZORVANT_VERSION="${PROJECT_VERSION}")
-  target_link_libraries(zorvant PRIVATE zorvant_qt)
+  if(EXISTS ${CMAKE_SOURCE_DIR}/shell/main.cpp)
+    add_executable(zorvant shell/main.cpp)
+    target_compile_definitions(zorvant PRIVATE ZORVANT_VERSION="${PROJECT_VERSION}")
+    target_link_libraries(zorvant PRIVATE zorvant_qt)
+  endif()
 endif()

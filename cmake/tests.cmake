@@ -29,7 +29,7 @@ zorvant_tests(shell zorvant_shell)
 if(TARGET zorvant_qt)
   zorvant_tests(qt zorvant_qt
     PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
-  if(TARGET test_qt)
+  if(TARGET test_qt AND TARGET zorvant)
     target_compile_definitions(test_qt PRIVATE ZORVANT_PROGRAM="$<TARGET_FILE:zorvant>")
     add_dependencies(test_qt zorvant)
   endif()
