@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -57,7 +58,7 @@ struct ProjectState : ExpDataSet,
     int BatchInput = 0; ///< 0 the reaction time is given, 1 the conversion
     std::string TimeUnitText = "s";
     int TimeUnitIdx = 0;
-    int TimeUnitOldIdx = 1;
+    int TimeUnitOldIdx = 1; ///< unit before the latest change
     /// TimeFactor[i][j]: length of unit i in unit j.
     std::array<std::array<double, 5>, 5> TimeFactor{};
 
@@ -105,6 +106,9 @@ struct ProjectState : ExpDataSet,
     Colour PresetColor = kBlack;
     float vRohr = 0;      ///< flow velocity, m/TU
     float BacTimeMax = 0; ///< end of the blood-alcohol diagram's time axis, min
+    /// The blood-alcohol curve at the whole minutes 0..n, g/kg. Whoever knows that model puts it
+    /// here; calc_diagram_function calls it.
+    std::function<std::vector<float>(int n)> BacCurve;
     KoordMemory Memory;
     DiaKoord Frame;
     PointBuffer CurveBuf, ManualBuf;

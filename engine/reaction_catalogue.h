@@ -25,6 +25,13 @@ struct StoichEntry {
     float coefficient;
 };
 
+/// A start concentration set at a selection: slot 0 is unused.
+struct ConcentrationDefault {
+    int slot;
+    double value; ///< mol/L, taken when c0(slot) is 0
+    bool unlessP; ///< only when c0(4) is 0 as well
+};
+
 struct ReactionModel {
     int id;
     int option; ///< index in the model dialog; 0 for the n-th order reaction
@@ -41,10 +48,11 @@ struct ReactionModel {
     std::array<double, 4> resetK;
     /// Set at a selection when the constant is 0, as plain numbers; 0: left as it is.
     std::array<double, 4> selectionK;
+    std::array<ConcentrationDefault, 2> selectionC;
     /// Captions of the constants.
     std::array<const char*, 4> constantCaptions;
-    std::array<StoichEntry, 8>
-        stoich; ///< entries with reaction 0 are unused; -n of model 20: see FillStoich
+    /// Entries with reaction 0 are unused; -n of model 20: see FillStoich.
+    std::array<StoichEntry, 9> stoich;
 };
 
 /// Model 1..20. Errors: std::out_of_range.

@@ -14,7 +14,9 @@ inline constexpr int kBloodAlcohol = 500;
 /// Given:    model 1..20; tEnd TU; k, c0, OrderN, SpeciesMask, MMDiagram and the scaling of the state
 /// Returned: tSim, cSim*, rSim*, cEnd, tHalfA, tHalfB, the Akima tables of numeric models, and the
 ///           extents RngT, RngC, RngR (left alone while a fit runs)
-/// Errors:   err: model 19 has no real solution; ArithmeticError
+///           For kBloodAlcohol the curve of BacCurve at the whole minutes, tSim and cSimA.
+/// Errors:   err: model 19 has no real solution (negative input); ArithmeticError: overflow, a
+///           numeric model with tEnd <= 0
 void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err);
 
 /// Linear interpolation at x through (xa, ya) and (xb, yb), as Single; 0 when the xs are equal.
@@ -23,11 +25,8 @@ float Interpolate(double x, double ya, double xa, double yb, double xb);
 /// Extents of the calculated arrays with their margins, into the memory of ranges.
 void CourseExtents(ProjectState& ps, double tEnd);
 
-/// One interval of a numeric model with step doubling.
-/// Given:    y [1..n] mol/L at the start; step TU; m sub-steps to begin with, >= 1
-/// Returned: y at the end (a component below 0 stops the taking over, the later ones keep their
-///           values), m as it converged (not yet quartered for the next interval)
-/// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
+/// One interval of a numeric model (ModelId, k, OrderN of the state); see IntegrateInterval in
+/// numeric_models.h, which callers with constants of their own use.
 void IntegrateInterval(const ProjectState& ps, int n, std::array<double, 5>& y, double step,
                        int& m);
 

@@ -1,0 +1,286 @@
+#include "engine/closed_forms.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace zorvant {
+namespace closed_forms {
+namespace {
+
+/// Below this k t the share of P in A => C => P is summed as a series: the closed difference loses
+/// digits there as eps / (k t).
+constexpr double kSeriesBelow = 0.5;
+/// Terms for full precision up to kSeriesBelow.
+constexpr int kSeriesTerms = 17;
+
+/// What A => C => P has made of A into P for a = k1 t, b = k2 t near 0:
+///     a b sum (-1)^(n+1) h(n - 1) / (n + 1)!,  h(m) = a^m + a^(m-1) b + ... + b^m.
+double SharePassedSeries(double a, double b) {
+    double sum = 0, homogeneous = 1, power = 1, factorial = 2, sign = 1;
+    for (int n = 1; n <= kSeriesTerms; ++n) {
+        sum += sign * homogeneous / factorial;
+        power *= b;
+        homogeneous = a * homogeneous + power;
+        factorial *= n + 2;
+        sign = -sign;
+    }
+    return a * b * sum;
+}
+
+/// 2^e, within the range of doubles.
+double PowerOfTwo(int e) {
+    return std::ldexp(1.0, e);
+}
+
+/// The binary exponent of the largest of some values; of 1 when all are 0.
+int LargestExponent(std::initializer_list<double> values) {
+    double largest = 0;
+    for (const double value : values)
+        largest = std::max(largest, std::abs(value));
+    return largest == 0 ? 0 : std::ilogb(largest);
+}
+
+} // namespace
+
+void TwoReactants::operator()(double t, SpeciesArray& c) const {
+    if (A0 == B0) {
+        const double d = k1 * t * A0;
+        c[1] = c[2] = A0 / (1 + d);
+        c[4] = P0 + A0 * Share(d);
+        return;
+    }
+    const bool lessA = A0 < B0;
+    const double less = lessA ? A0 : B0;
+    const double more = lessA ? B0 : A0;
+    const double excess = more - less;
+    const double z = excess * (k1 * t);
+    const Decay d(std::abs(z));
+    double cLess, cMore, x;
+    if (z >= 0) {
+        const double share = less * d.gone / (excess + less * d.gone);
+        const double rest = excess / (excess + less * d.gone);
+        cLess = less * d.left * rest;
+        cMore = more * rest;
+        x = more * share;
+    } else { // k1 < 0, as a search may try
+        const double denominator = excess * d.left - less * d.gone;
+        cLess = less * (excess / denominator);
+        cMore = more * (excess / denominator) * d.left;
+        x = -more * (less * d.gone / denominator);
+    }
+    c[1] = lessA ? cLess : cMore;
+    c[2] = lessA ? cMore : cLess;
+    c[4] = P0 + x;
+}
+
+void Autocatalysis::operator()(double t, SpeciesArray& c) const {
+    const double sum = A0 + P0;
+    const double z = sum * (k1 * t);
+    const Decay d(std::abs(z));
+    double x = 0;
+    c[1] = A0;
+    if (z >= 0) {
+        if (const double denominator = P0 + A0 * d.left; denominator != 0) {
+            c[1] = A0 * d.left * (sum / denominator);
+            x = A0 * (P0 * d.gone / denominator);
+        }
+    } else {
+        const double denominator = P0 * d.left + A0;
+        c[1] = A0 * (sum / denominator);
+        x = -A0 * (P0 * d.gone / denominator);
+    }
+    c[4] = P0 + x;
+    if (withQ)
+        c[5] = Q0 + x;
+}
+
+void Consecutive::operator()(double t, SpeciesArray& c) const {
+    const Decay first(k1 * t), second(k2 * t);
+    const bool firstIsSlow = k1 < k2;
+    const double slow = firstIsSlow ? k1 : k2;
+    const Decay& slowDecay = firstIsSlow ? first : second;
+    const Decay& fastDecay = firstIsSlow ? second : first;
+
+    // (exp(-k1 t) - exp(-k2 t)) / (k2 - k1), also for equal constants
+    const double difference = std::abs(k2 - k1);
+    double between;
+    if (difference * t > 0.7)
+        between = (slowDecay.left - fastDecay.left) / difference;
+    else if (difference == 0)
+        between = slowDecay.left * t;
+    else
+        between = slowDecay.left * (Decay(difference * t).gone / difference);
+
+    const bool early = std::abs(k1 * t) < kSeriesBelow && std::abs(k2 * t) < kSeriesBelow;
+    const double passed =
+        early ? SharePassedSeries(k1 * t, k2 * t) : slowDecay.gone - slow * between;
+    c[1] = A0 * first.left;
+    c[3] = A0 * (k1 * between) + C0 * second.left;
+    c[4] = P0 + A0 * passed + C0 * second.gone;
+}
+
+Reversible2::Reversible2(int modelId, const ConstantArray& k, const SpeciesArray& c0, bool& err)
+    : model(modelId) {
+    // Units of this mixture. Powers of two, so that nothing is rounded.
+    const int c2 = LargestExponent({c0[1], c0[2], c0[4], model == 19 ? c0[5] : 0});
+    const int backward2 = model == 17 ? 0 : c2; // what the backward reaction has beside k2
+    int r2 = c2 + LargestExponent({k[1]});
+    if (k[2] != 0)
+        r2 = std::max(r2, backward2 + LargestExponent({k[2]}));
+    concentration = PowerOfTwo(c2);
+    rate = PowerOfTwo(r2);
+    const double k1 = std::ldexp(k[1], c2 - r2), k2 = std::ldexp(k[2], backward2 - r2);
+    for (std::size_t s = 1; s < start.size(); ++s)
+        start[s] = std::ldexp(c0[s], -c2);
+    const double A0 = start[1], B0 = start[2], P0 = start[4], Q0 = model == 19 ? start[5] : 0;
+
+    const double sumAB = A0 + B0;
+    const double e = k1 * (B0 - A0);
+    double restAB; // D^2 - e^2, without a difference
+    double extraA, extraB;
+    if (model == 12) {
+        frozen = k1 * A0 * B0 == k2 * P0 * P0;
+        b = k1 * sumAB + 4 * k2 * P0;
+        restAB = 4 * k1 * k2 * (P0 + 2 * A0) * (P0 + 2 * B0);
+        extraA = 2 * k2 * P0 * (P0 + 2 * A0);
+        extraB = 2 * k2 * P0 * (P0 + 2 * B0);
+    } else if (model == 17) {
+        frozen = k1 * A0 * B0 == k2 * P0;
+        b = k1 * sumAB + k2;
+        restAB = k2 * (k2 + 2 * k1 * (sumAB + 2 * P0));
+        extraA = k2 * (A0 + 2 * P0);
+        extraB = k2 * (B0 + 2 * P0);
+    } else {
+        frozen = k1 * A0 * B0 == k2 * P0 * Q0;
+        b = k1 * sumAB + k2 * (P0 + Q0);
+        const double f = k2 * (Q0 - P0);
+        restAB = f * f + 2 * k1 * k2 * (sumAB * (P0 + Q0) + 2 * (A0 * B0 + P0 * Q0));
+        extraA = k2 * (A0 * (P0 + Q0) + 2 * P0 * Q0);
+        extraB = k2 * (B0 * (P0 + Q0) + 2 * P0 * Q0);
+    }
+    const double square = e * e + restAB;
+    if (model == 19 && square < 0) {
+        err = true;
+        return;
+    }
+    discriminant = CheckedSqrt(square);
+
+    // D - y where D^2 - y^2 is known without a difference
+    const auto gap = [D = discriminant](double y, double rest) {
+        return y > 0 ? rest / (D + y) : D - y;
+    };
+    g[1] = A0 * gap(e, restAB) + extraA;
+    g[2] = B0 * gap(-e, restAB) + extraB;
+    if (model == 12) {
+        g[4] = P0 * (discriminant + k1 * sumAB) + 4 * k1 * A0 * B0;
+    } else if (model == 17) {
+        const double rest = e * e + 2 * k1 * k2 * (sumAB + 2 * P0);
+        g[4] = P0 * (gap(k2, rest) + k1 * sumAB) + 2 * k1 * A0 * B0;
+    } else {
+        const double f = k2 * (Q0 - P0);
+        const double rest = e * e + 2 * k1 * k2 * (sumAB * (P0 + Q0) + 2 * (A0 * B0 + P0 * Q0));
+        g[4] = P0 * gap(f, rest) + k1 * (P0 * sumAB + 2 * A0 * B0);
+        g[5] = Q0 * gap(-f, rest) + k1 * (Q0 * sumAB + 2 * A0 * B0);
+    }
+}
+
+void Reversible2::operator()(double t, SpeciesArray& c) const {
+    double old = 2, fresh = 0, denominator = 2; // the state at t = 0
+    if (t > 0 && !frozen) {
+        const double time = t * rate;
+        const Decay d(discriminant * time);
+        const double w = discriminant > 0 ? d.gone / discriminant : time;
+        if (w > 1) { // both parts divided by w, which may be beyond all bounds
+            old = 2 * d.left / w;
+            fresh = 1;
+            denominator = (1 + d.left) / w + b;
+        } else {
+            old = 2 * d.left;
+            fresh = w;
+            denominator = 1 + d.left + w * b;
+        }
+        if (denominator == 0) {
+            if (model == 19)
+                throw NoSolution{};
+            ThrowArithmetic(kDivisionByZero);
+        }
+    }
+    const double scale = concentration / denominator;
+    c[1] = scale * (old * start[1] + fresh * g[1]);
+    c[2] = scale * (old * start[2] + fresh * g[2]);
+    c[4] = scale * (old * start[4] + fresh * g[4]);
+    if (model == 19)
+        c[5] = scale * (old * start[5] + fresh * g[5]);
+}
+
+} // namespace closed_forms
+
+bool HasClosedForm(int model) {
+    switch (model) {
+    case 1:
+    case 2:
+    case 3:
+    case 4:
+    case 5:
+    case 6:
+    case 8:
+    case 11:
+    case 12:
+    case 16:
+    case 17:
+    case 19:
+        return true;
+    default:
+        return false;
+    }
+}
+
+ClosedForm::Form ClosedForm::Prepare(int model, const ConstantArray& k, const SpeciesArray& c0,
+                                     bool& err) {
+    using namespace closed_forms;
+    const double k1 = k[1], k2 = k[2];
+    const double A0 = c0[1], B0 = c0[2], C0 = c0[3], P0 = c0[4], Q0 = c0[5];
+    switch (model) {
+    case 1:
+        return Order0{k1, A0, P0};
+    case 2:
+        return Order1{k1, A0, P0};
+    case 3:
+        return Order2{k1, A0, P0};
+    case 4:
+        return TwoReactants{k1, A0, B0, P0};
+    case 5:
+        return Autocatalysis{k1, A0, P0, Q0, false};
+    case 6:
+        return Consecutive{k1, k2, A0, C0, P0};
+    case 8:
+        return Reversible1{k1, k2, A0, P0};
+    case 11:
+        return Competing{k1, k2, A0, P0, Q0};
+    case 16:
+        return Autocatalysis{k1, A0, P0, Q0, true};
+    case 12:
+    case 17:
+    case 19:
+        return Reversible2(model, k, c0, err);
+    default:
+        return NoForm{};
+    }
+}
+
+ClosedForm::ClosedForm(int model, const ConstantArray& k, const SpeciesArray& c0, bool& err)
+    : form_(Prepare(model, k, c0, err = false)) {}
+
+void ClosedForm::At(double t, SpeciesArray& c, bool& err) const {
+    err = false;
+    try {
+        std::visit([&](const auto& form) { form(t, c); }, form_);
+    } catch (const NoSolution&) {
+        err = true;
+        return;
+    }
+    for (std::size_t s = 1; s < c.size(); ++s)
+        Finite(c[s]);
+}
+
+} // namespace zorvant

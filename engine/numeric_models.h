@@ -1,0 +1,406 @@
+// The models without a closed form, each as the record of its constants that yields dc/dt of its
+// packed state, and the Runge-Kutta step on them. A caller chooses the model once (WithNumericModel)
+// and then runs as many steps as it likes; nothing in here allocates.
+#pragma once
+
+#include "engine/arithmetic.h"
+#include "engine/rate_laws.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <type_traits>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace zorvant {
+
+/// How c^n is formed. One choice for the rate, the derivative and every caller, so that all give
+/// the same digits.
+enum class PowerKind { Half, One, OneAndHalf, Two, Three, Integer, Other };
+
+/// Orders above this are left to pow: repeated multiplication would lose digits.
+inline constexpr double kLargestIntegerOrder = 32;
+
+inline PowerKind KindOfPower(double n) {
+    if (n == 0.5)
+        return PowerKind::Half;
+    if (n == 1.0)
+        return PowerKind::One;
+    if (n == 1.5)
+        return PowerKind::OneAndHalf;
+    if (n == 2.0)
+        return PowerKind::Two;
+    if (n == 3.0)
+        return PowerKind::Three;
+    if (n > 0 && n <= kLargestIntegerOrder && n == std::floor(n))
+        return PowerKind::Integer;
+    return PowerKind::Other;
+}
+
+/// Two numbers side by side: two runs of the integrator at once. Each lane gives the same digits as
+/// a run of its own.
+using Pair = double __attribute__((vector_size(16)));
+
+inline double SquareRoot(double c) {
+    return std::sqrt(c);
+}
+inline Pair SquareRoot(Pair c) {
+#ifdef __SSE2__
+    return _mm_sqrt_pd(c);
+#else
+    return Pair{std::sqrt(c[0]), std::sqrt(c[1])};
+#endif
+}
+
+/// c^n for c >= 0. Real: double or Pair.
+template <PowerKind Kind, class Real> inline Real PowerOf(Real c, double n) {
+    if constexpr (Kind == PowerKind::Half) {
+        return SquareRoot(c);
+    } else if constexpr (Kind == PowerKind::One) {
+        return c;
+    } else if constexpr (Kind == PowerKind::OneAndHalf) {
+        return c * SquareRoot(c);
+    } else if constexpr (Kind == PowerKind::Two) {
+        return c * c;
+    } else if constexpr (Kind == PowerKind::Three) {
+        return c * c * c;
+    } else if constexpr (Kind == PowerKind::Integer) {
+        Real power = c;
+        for (int i = static_cast<int>(n); i > 1; --i)
+            power *= c;
+        return power;
+    } else if constexpr (std::is_same_v<Real, Pair>) {
+        return Pair{std::pow(c[0], n), std::pow(c[1], n)};
+    } else {
+        return std::pow(c, n);
+    }
+}
+
+/// Calls f with the kind of the exponent as a compile-time constant.
+template <class F> inline auto WithPowerKind(double n, F&& f) {
+    using enum PowerKind;
+    switch (KindOfPower(n)) {
+    case Half:
+        return f(std::integral_constant<PowerKind, Half>{});
+    case One:
+        return f(std::integral_constant<PowerKind, One>{});
+    case OneAndHalf:
+        return f(std::integral_constant<PowerKind, OneAndHalf>{});
+    case Two:
+        return f(std::integral_constant<PowerKind, Two>{});
+    case Three:
+        return f(std::integral_constant<PowerKind, Three>{});
+    case Integer:
+        return f(std::integral_constant<PowerKind, Integer>{});
+    case Other:
+        break;
+    }
+    return f(std::integral_constant<PowerKind, Other>{});
+}
+
+/// c^n for c >= 0.
+inline double OrderPower(double c, double n) {
+    return WithPowerKind(n, [&](auto kind) { return PowerOf<kind.value>(c, n); });
+}
+
+// The right-hand sides. y and dy count from 0 in the packed order; kSlots names the species of each.
+
+/// 7: A + B => C; A + C => P
+struct ConcurrentConsecutive {
+    static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real first = k1 * y[0] * y[1];
+        const Real second = k2 * y[0] * y[2];
+        dy[0] = -first - second;
+        dy[1] = -first;
+        dy[2] = first - second;
+        dy[3] = second;
+    }
+};
+
+/// 9: A + B => C => P
+struct Consecutive {
+    static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real first = k1 * y[0] * y[1];
+        const Real second = k2 * y[2];
+        dy[0] = -first;
+        dy[1] = dy[0];
+        dy[2] = first - second;
+        dy[3] = second;
+    }
+};
+
+/// 10: E + S <=> ES => P + E
+struct Enzyme {
+    static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real bind = k1 * y[0] * y[1];
+        const Real release = k2 * y[2];
+        const Real turnOver = k3 * y[2];
+        dy[0] = release - bind + turnOver;
+        dy[1] = release - bind;
+        dy[2] = bind - release - turnOver;
+        dy[3] = turnOver;
+    }
+};
+
+/// 13: A + B => C <=> P
+struct SecondOrderDownstream {
+    static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real first = k1 * y[0] * y[1];
+        const Real forth = k2 * y[2];
+        const Real back = k3 * y[3];
+        dy[0] = -first;
+        dy[1] = dy[0];
+        dy[2] = first - forth + back;
+        dy[3] = forth - back;
+    }
+};
+
+/// 14: A => C <=> P
+struct FirstOrderDownstream {
+    static constexpr std::array<int, 3> kSlots{1, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real first = k1 * y[0];
+        const Real forth = k2 * y[1];
+        const Real back = k3 * y[2];
+        dy[0] = -first;
+        dy[1] = first - forth + back;
+        dy[2] = forth - back;
+    }
+};
+
+/// 15: A <=> C => P
+struct FirstOrderUpstream {
+    static constexpr std::array<int, 3> kSlots{1, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real forth = k1 * y[0];
+        const Real back = k2 * y[1];
+        const Real second = k3 * y[1];
+        dy[0] = back - forth;
+        dy[1] = forth - back - second;
+        dy[2] = second;
+    }
+};
+
+/// 18: A + B <=> C => P
+struct SecondOrderUpstream {
+    static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
+    double k1, k2, k3;
+    template <class Real> void operator()(const Real* y, Real* dy) const {
+        const Real forth = k1 * y[0] * y[1];
+        const Real back = k2 * y[2];
+        const Real second = k3 * y[2];
+        dy[0] = back - forth;
+        dy[1] = dy[0];
+        dy[2] = forth - back - second;
+        dy[3] = second;
+    }
+};
+
+/// 20: A => P of order n. Below 0 nothing reacts: no power of a negative base is taken.
+template <PowerKind Kind> struct OrderN {
+    static constexpr std::array<int, 2> kSlots{1, 4};
+    double k1, n;
+    void operator()(const double* y, double* dy) const {
+        dy[0] = y[0] < 0 ? 0 : -k1 * PowerOf<Kind>(y[0], n);
+        dy[1] = -dy[0];
+    }
+    void operator()(const Pair* y, Pair* dy) const {
+        const Pair rate = -k1 * PowerOf<Kind>(y[0], n);
+        dy[0] = y[0] < 0 ? Pair{} : rate;
+        dy[1] = -dy[0];
+    }
+};
+
+/// Calls f(law) with the right-hand side of a numeric model.
+/// Returned: false, f not called, for a model that is not integrated
+template <class F> bool WithNumericModel(int model, const ConstantArray& k, double orderN, F&& f) {
+    const double k1 = k[1], k2 = k[2], k3 = k[3];
+    switch (model) {
+    case 7:
+        f(ConcurrentConsecutive{k1, k2, k3});
+        return true;
+    case 9:
+        f(Consecutive{k1, k2, k3});
+        return true;
+    case 10:
+        f(Enzyme{k1, k2, k3});
+        return true;
+    case 13:
+        f(SecondOrderDownstream{k1, k2, k3});
+        return true;
+    case 14:
+        f(FirstOrderDownstream{k1, k2, k3});
+        return true;
+    case 15:
+        f(FirstOrderUpstream{k1, k2, k3});
+        return true;
+    case 18:
+        f(SecondOrderUpstream{k1, k2, k3});
+        return true;
+    case 20:
+        WithPowerKind(orderN, [&](auto kind) { f(OrderN<kind.value>{k1, orderN}); });
+        return true;
+    default:
+        return false;
+    }
+}
+
+/// dc/dt by species slot; the slots that the model does not have keep their values.
+template <class Law>
+inline void SpeciesRates(const Law& law, const SpeciesArray& c, SpeciesArray& r) {
+    std::array<double, Law::kSlots.size()> y, dy;
+    for (std::size_t i = 0; i < y.size(); ++i)
+        y[i] = c[static_cast<std::size_t>(Law::kSlots[i])];
+    law(y.data(), dy.data());
+    for (std::size_t i = 0; i < y.size(); ++i)
+        r[static_cast<std::size_t>(Law::kSlots[i])] = dy[i];
+}
+
+template <class Law> inline constexpr int kSizeOf = static_cast<int>(Law::kSlots.size());
+
+/// A state of the integrator, counted from 0.
+template <class Law> using StateOf = std::array<double, Law::kSlots.size()>;
+
+/// One step of the classical scheme of fourth order.
+template <class Law, class Real> inline void StepRK4(const Law& law, Real* y, Real h) {
+    constexpr int n = kSizeOf<Law>;
+    Real dy[n], at[n], k1[n], k2[n], k3[n], k4[n];
+    law(y, dy);
+    for (int i = 0; i < n; ++i) {
+        k1[i] = h * dy[i];
+        at[i] = y[i] + k1[i] * 0.5;
+    }
+    law(at, dy);
+    for (int i = 0; i < n; ++i) {
+        k2[i] = h * dy[i];
+        at[i] = y[i] + k2[i] * 0.5;
+    }
+    law(at, dy);
+    for (int i = 0; i < n; ++i) {
+        k3[i] = h * dy[i];
+        at[i] = y[i] + k3[i];
+    }
+    law(at, dy);
+    for (int i = 0; i < n; ++i) {
+        k4[i] = h * dy[i];
+        y[i] += (k1[i] + 2.0 * k2[i] + 2.0 * k3[i] + k4[i]) / 6.0;
+    }
+}
+
+template <std::size_t N> inline bool AllFinite(const std::array<double, N>& y) {
+    double sum = 0; // a sum of y - y is 0 only when every y is finite
+    for (const double value : y)
+        sum += value - value;
+    return sum == 0;
+}
+
+/// A run that has diverged stays so; every so many steps a run looks whether to go on.
+inline constexpr int kStepsBetweenLooks = 32;
+
+/// nSteps steps of h from `start`. A run that leaves the range of numbers ends early, not finite.
+template <class Law>
+inline StateOf<Law> RunRK4(const Law& law, const StateOf<Law>& start, int nSteps, double h) {
+    StateOf<Law> y = start;
+    for (int done = 0; done < nSteps;) {
+        const int stop = std::min(nSteps, done + kStepsBetweenLooks);
+        for (; done < stop; ++done)
+            StepRK4(law, y.data(), h);
+        if (!AllFinite(y))
+            break;
+    }
+    return y;
+}
+
+/// Two runs from `start` at once: nSteps of hFirst and 2 nSteps of hSecond.
+template <class Law> struct TwoRuns { StateOf<Law> first, second; };
+template <class Law>
+inline TwoRuns<Law> RunTwoRK4(const Law& law, const StateOf<Law>& start, int nSteps, double hFirst,
+                              double hSecond) {
+    constexpr int n = kSizeOf<Law>;
+    TwoRuns<Law> runs{start, start};
+    Pair y[n];
+    for (int i = 0; i < n; ++i)
+        y[i] = Pair{start[static_cast<std::size_t>(i)], start[static_cast<std::size_t>(i)]};
+    const Pair h{hFirst, hSecond};
+    for (int done = 0; done < nSteps;) {
+        const int stop = std::min(nSteps, done + kStepsBetweenLooks);
+        for (; done < stop; ++done)
+            StepRK4(law, y, h);
+        for (std::size_t i = 0; i < runs.first.size(); ++i) {
+            runs.first[i] = y[i][0];
+            runs.second[i] = y[i][1];
+        }
+        if (!AllFinite(runs.second))
+            return runs; // the finer one: the coarser has diverged before it or will not count
+    }
+    runs.second = RunRK4(law, runs.second, nSteps, hSecond);
+    return runs;
+}
+
+/// Most sub-steps of an interval.
+inline constexpr int kMostSubSteps = 32000;
+/// Two runs agree when no component differs by more than this share of the sum of both.
+inline constexpr double kAgreement = 0.01;
+/// Components whose sum is below this are not compared, mol/L.
+inline constexpr double kNegligible = 1e-6;
+
+/// Whether the runs with m and 2 m sub-steps agree. What is not finite agrees with nothing.
+template <std::size_t N>
+inline bool RunsAgree(const std::array<double, N>& coarse, const std::array<double, N>& fine) {
+    if (!AllFinite(coarse) || !AllFinite(fine))
+        return false;
+    for (std::size_t i = 0; i < N; ++i) {
+        const double sum = std::abs(fine[i]) + std::abs(coarse[i]);
+        if (sum >= kNegligible && std::abs(coarse[i] - fine[i]) / sum > kAgreement)
+            return false;
+    }
+    return true;
+}
+
+/// One interval with step doubling.
+/// Given:    y mol/L at its start; step TU; m >= 1 sub-steps to begin with
+/// Returned: y at its end: a component below 0 is the last one taken, those behind it keep their
+///           values; m with which it agreed, at most 32000, at which the finer run counts
+/// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
+template <class Law>
+inline void IntegrateInterval(const Law& law, StateOf<Law>& y, double step, int& m) {
+    TwoRuns<Law> runs;
+    if (m <= kMostSubSteps / 2) {
+        runs = RunTwoRK4(law, y, m, step / m, step / (2 * m));
+        m *= 2;
+    } else {
+        runs.first = RunRK4(law, y, m, step / m);
+        m = kMostSubSteps;
+        runs.second = RunRK4(law, y, m, step / m);
+    }
+    while (!RunsAgree(runs.first, runs.second)) {
+        if (m == kMostSubSteps) { // a further run would be the same again
+            if (!AllFinite(runs.second))
+                ThrowArithmetic(kOverflow);
+            break;
+        }
+        runs.first = runs.second;
+        m = 2 * std::min(m, kMostSubSteps / 2);
+        runs.second = RunRK4(law, y, m, step / m);
+    }
+    for (std::size_t i = 0; i < y.size(); ++i) {
+        y[i] = runs.second[i];
+        if (y[i] < 0)
+            break;
+    }
+}
+
+} // namespace zorvant

@@ -1,0 +1,183 @@
+#include "engine/time_units.h"
+
+#include "engine/calc_dialog.h"
+#include "engine/reaction_catalogue.h"
+#include "platform/number_text.h"
+
+#include <algorithm>
+
+namespace zorvant {
+namespace {
+
+constexpr int kLastUnit = static_cast<int>(kTimeUnits.size()) - 1;
+/// Reaction time and end of the time axis when none is given, s.
+constexpr double kDefaultReactionTime = 60;
+constexpr double kDefaultRateAxis = 60;
+constexpr double kDefaultConcAxis = 100;
+/// FitMode of the search for order and constant, during which k2 holds the order.
+constexpr int kFitOrder = 2;
+
+/// The dialogs that show times or flows of their own, in the order in which they hear of a change.
+constexpr std::array<const char*, 6> kUnitListeners{
+    "frmRohrreaktor",        "frmRKconti",  "frmKaskade", "frmBatch",
+    "frmPrepareTimeDiagram", "frmZorModel",
+};
+
+std::size_t Index(int unit) {
+    return static_cast<std::size_t>(std::clamp(unit, 0, kLastUnit));
+}
+
+/// Length of a second in the selected unit.
+double SecondInUnit(const ProjectState& ps) {
+    return ps.TimeFactor[0][Index(ps.TimeUnitIdx)];
+}
+
+/// The time column holds rates r(P) while the enzyme model evaluates r(P)-c(S) data.
+bool TimeColumnIsRate(const ProjectState& ps) {
+    return ps.RcSMode && ps.ModelId == 10;
+}
+
+void Tell(const ProjectState& ps, const char* formName) {
+    const Form* form = FindForm(ps.desktop, formName);
+    if (form != nullptr && form->loaded && form->onTimeUnitChanged)
+        form->onTimeUnitChanged();
+}
+
+void ShowConstants(const ProjectState& ps, CalcDialog& dialog) {
+    for (int i = 1; i <= 3; ++i)
+        dialog.Inp(9 + i).text = GeneralText(ps.k[static_cast<std::size_t>(i)]);
+}
+
+void ShowParameters(const CalcDialog& dialog) {
+    if (dialog.onShowParameters)
+        dialog.onShowParameters();
+}
+
+void WriteCaption(Form& form, const char* control, const std::string& text) {
+    if (Control* found = form.Find(control))
+        found->text = text;
+}
+
+} // namespace
+
+int TimeUnitIndex(std::string_view word) {
+    const auto found = std::ranges::find(kTimeUnits, word);
+    return found == kTimeUnits.end() ? 0 : static_cast<int>(found - kTimeUnits.begin());
+}
+
+void FillTimeFactor(ProjectState& ps) {
+    for (std::size_t i = 0; i < kTimeUnits.size(); ++i)
+        for (std::size_t j = 0; j < kTimeUnits.size(); ++j)
+            ps.TimeFactor[i][j] = kTimeUnitSeconds[i] / kTimeUnitSeconds[j];
+}
+
+void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
+    const std::size_t to = Index(newIdx), from = Index(oldIdx);
+    const double factor = ps.TimeFactor[from][to];
+    ps.TimeUnitText = kTimeUnits[to];
+    ps.TimeUnitIdx = static_cast<int>(to);
+    ps.TimeUnitOldIdx = static_cast<int>(from);
+    if (to != from) {
+        for (int i = 1; i <= ps.ExpPointCount; ++i) {
+            double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
+            t = TimeColumnIsRate(ps) ? t / factor : t * factor;
+        }
+        ps.tMax *= factor;
+        ps.tVerweil *= factor;
+        ps.k[1] /= factor;
+        if (!(ps.FitMode == kFitOrder && ps.ModelId == 20))
+            ps.k[2] /= factor;
+        ps.k[3] /= factor;
+        if (IsFormLoaded(ps.desktop, "frmRohrreaktor"))
+            ps.vRohr = static_cast<float>(ps.vRohr / factor);
+        if (IsFormLoaded(ps.desktop, "frmRKconti") || IsFormLoaded(ps.desktop, "frmKaskade"))
+            ps.VPunkt /= factor;
+    }
+    UpdateUnitLabels(ps);
+    for (const char* listener : kUnitListeners)
+        Tell(ps, listener);
+}
+
+std::string ConstantUnitText(const ProjectState& ps, int constant) {
+    const std::string unit = Trim(ps.TimeUnitText);
+    switch (Model(ps.ModelId).units.at(static_cast<std::size_t>(constant))) {
+    case ConstantUnit::PerTime:
+        return "/(1/" + unit + ")";
+    case ConstantUnit::PerTimeConc:
+        return "/(L/(" + unit + "*mol))";
+    case ConstantUnit::ConcPerTime:
+        return "/(mol/(" + unit + "*l))";
+    case ConstantUnit::None:
+        break;
+    }
+    return {};
+}
+
+void UpdateUnitLabels(ProjectState& ps) {
+    const std::string unit = Trim(ps.TimeUnitText);
+    if (CalcDialog* dialog = WhichCalcDialog(ps)) {
+        if (dialog->id == CalcDialogId::TimeDiagram) {
+            ShowParameters(*dialog);
+            WriteCaption(*dialog, "unit4", unit);
+        } else {
+            ShowConstants(ps, *dialog);
+        }
+        dialog->lblZeitEinheit.text = unit;
+        WriteCaption(*dialog, "lblVPunktInput", "V* /(m^3/" + unit + ")");
+        dialog->unit1.text = ConstantUnitText(ps, 1);
+        dialog->unit2.text = ConstantUnitText(ps, 2);
+        dialog->unit3.text = ConstantUnitText(ps, 3);
+    }
+    Tell(ps, "frmDatedit");
+}
+
+void SetDefaultK(ProjectState& ps) {
+    const double second = SecondInUnit(ps);
+    const ReactionModel& model = Model(ps.ModelId);
+    for (std::size_t i = 1; i <= 3; ++i)
+        if (model.resetK[i] != 0)
+            ps.k[i] = model.resetK[i] / second;
+    if (ps.ModelId == 10) { // more substrate than enzyme
+        if (ps.c0[1] == 0)
+            ps.c0[1] = 0.5;
+        if (ps.c0[2] == 0)
+            ps.c0[2] = 5.0;
+    }
+
+    CalcDialog* dialog = WhichCalcDialog(ps);
+    if (dialog == nullptr)
+        return;
+    ShowConstants(ps, *dialog);
+    if (dialog->id == CalcDialogId::TimeDiagram) {
+        ps.tMax = kDefaultConcAxis * second;
+        ShowParameters(*dialog);
+    }
+}
+
+void SelectionDefaultTimes(ProjectState& ps) {
+    const double second = SecondInUnit(ps);
+    if (ps.tVerweil == 0)
+        ps.tVerweil = kDefaultReactionTime * second;
+    if (ps.FitMode == 0 && ps.tMax == 0)
+        ps.tMax = (ps.RateDiagram ? kDefaultRateAxis : kDefaultConcAxis) * second;
+}
+
+void SelectionDefaultConcentrations(ProjectState& ps) {
+    const bool hasProduct = ps.c0[4] != 0;
+    for (const ConcentrationDefault& row : Model(ps.ModelId).selectionC) {
+        if (row.slot == 0 || (row.unlessP && hasProduct))
+            continue;
+        double& c = ps.c0[static_cast<std::size_t>(row.slot)];
+        if (c == 0)
+            c = row.value;
+    }
+}
+
+void SelectionDefaultConstants(ProjectState& ps) {
+    const ReactionModel& model = Model(ps.ModelId);
+    for (std::size_t i = 1; i <= 3; ++i)
+        if (ps.k[i] == 0 && model.selectionK[i] != 0)
+            ps.k[i] = model.selectionK[i];
+}
+
+} // namespace zorvant
