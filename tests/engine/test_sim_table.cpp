@@ -1,0 +1,144 @@
+#include "engine/sim_table.h"
+
+#include "engine/reaction_catalogue.h"
+#include "engine/time_course.h"
+#include "platform/number_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <sstream>
+
+using namespace zorvant;
+using testing::ElementsAre;
+
+namespace {
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    for (std::size_t from = 0; from < text.size();) {
+        const std::size_t end = text.find("\r\n", from);
+        lines.push_back(text.substr(from, end - from));
+        from = end + 2;
+    }
+    return lines;
+}
+
+/// The cells of a line, without the blanks behind their texts.
+std::vector<std::string> Cells(const std::string& line) {
+    EXPECT_EQ(line.substr(0, 6), "      ");
+    std::vector<std::string> cells;
+    std::istringstream rest(line.substr(6));
+    for (std::string cell; std::getline(rest, cell, '\t');) {
+        EXPECT_GE(cell.size(), 14U);
+        cells.push_back(cell.substr(0, cell.find_last_not_of(' ') + 1));
+    }
+    return cells;
+}
+
+void Calculate(ProjectState& ps, int model) {
+    ps.ModelId = model;
+    FuMaskenSetzen(ps, model);
+    ps.k = {0, 0.15, 0.05, 0.02};
+    ps.c0 = {0, 1, 0.8, 0.1, 0.02, 0.3};
+    ps.tMax = 40;
+    bool err = true;
+    calc_diagram_function(ps, model, ps.tMax, err);
+    ASSERT_FALSE(err);
+}
+
+} // namespace
+
+TEST(SimTable, GivesEachModelItsColumnsInTheirPlaces) {
+    // columns 2..5 by species slot, 0: blank
+    const std::map<int, std::array<int, 4>> expected{
+        {1,  {1, 0, 0, 4}},
+        {2,  {1, 0, 0, 4}},
+        {3,  {1, 0, 0, 4}},
+        {5,  {1, 0, 0, 4}},
+        {8,  {1, 0, 0, 4}},
+        {20, {1, 0, 0, 4}},
+        {4,  {1, 2, 0, 4}},
+        {12, {1, 2, 0, 4}},
+        {17, {1, 2, 0, 4}},
+        {6,  {1, 0, 3, 4}},
+        {14, {1, 0, 3, 4}},
+        {15, {1, 0, 3, 4}},
+        {7,  {1, 2, 3, 4}},
+        {9,  {1, 2, 3, 4}},
+        {13, {1, 2, 3, 4}},
+        {18, {1, 2, 3, 4}},
+        {10, {1, 2, 3, 4}},
+        {11, {1, 0, 4, 5}},
+        {16, {1, 0, 4, 5}},
+        {19, {1, 2, 4, 5}}
+    };
+    ASSERT_EQ(expected.size(), static_cast<std::size_t>(kModels));
+    for (const auto& [model, columns] : expected) {
+        const std::array<int, 6> found = SimTableColumns(model);
+        for (std::size_t i = 0; i < 4; ++i)
+            EXPECT_EQ(found[i + 2], columns[i]) << "model " << model << " column " << i + 2;
+    }
+}
+
+TEST(SimTable, ShowsTheCourseLineByLine) {
+    ProjectState ps;
+    InitProjectState(ps);
+    Calculate(ps, 19);
+    ps.TimeUnitText = "min";
+    const std::vector<std::string> lines = Lines(SimTableText(ps));
+    ASSERT_EQ(lines.size(), 203U);
+    EXPECT_THAT(Cells(lines[0]),
+                ElementsAre(" t/min", "cA/(mol/L)", "cB/(mol/L)", "cP/(mol/L)", "cQ/(mol/L)"));
+    EXPECT_EQ(lines[1], "");
+    EXPECT_THAT(Cells(lines[2]), ElementsAre("0.00", "1", "0.8", "0.02", "0.3"));
+    EXPECT_EQ(lines[2].size(), 6U + 5 * 14 + 4);
+    // half way, held against the balances of A + B <=> P + Q
+    const std::vector<std::string> middle = Cells(lines[102]);
+    EXPECT_EQ(middle[0], "20.00");
+    const double reacted = 1 - Val(middle[1]);
+    EXPECT_GT(reacted, 0.1);
+    EXPECT_NEAR(Val(middle[2]), 0.8 - reacted, 1e-6);
+    EXPECT_NEAR(Val(middle[3]), 0.02 + reacted, 1e-6);
+    EXPECT_NEAR(Val(middle[4]), 0.3 + reacted, 1e-6);
+}
+
+TEST(SimTable, NamesTheSpeciesOfTheEnzymeModelAndTheUnitOfRates) {
+    ProjectState ps;
+    InitProjectState(ps);
+    ps.RateDiagram = true;
+    ps.TimeUnitText = "min";
+    Calculate(ps, 10);
+    const std::vector<std::string> lines = Lines(SimTableText(ps));
+    EXPECT_THAT(Cells(lines[0]), ElementsAre(" t/min", "r(E)/(mol/L/min)", "r(S)/(mol/L/min)",
+                                             "r(ES)/(mol/L/min)", "r(P)/(mol/L/min)"));
+    // r(E) + r(ES) = 0: the enzyme is not consumed
+    for (const std::size_t i : {2U, 50U, 202U}) {
+        const std::vector<std::string> cells = Cells(lines[i]);
+        EXPECT_NEAR(Val(cells[1]) + Val(cells[3]), 0, 1e-8);
+        EXPECT_NEAR(Val(cells[4]), 0.02 * ps.cSimC[i - 2], 1e-8);
+    }
+}
+
+TEST(SimTable, ShowsTheMichaelisMentenCurveAsPairsOfTwo) {
+    ProjectState ps;
+    InitProjectState(ps);
+    ps.MMDiagram = true;
+    Calculate(ps, 10);
+    for (const bool normalized : {true, false}) {
+        ps.MMNormalized = normalized;
+        bool err = true;
+        ps.KM = 0.5;
+        calc_diagram_function(ps, 10, ps.tMax, err);
+        const std::vector<std::string> lines = Lines(SimTableText(ps));
+        EXPECT_THAT(Cells(lines[0]), ElementsAre(normalized ? "c(S))/KM (norm.)" : "c(S))/ (mol/L)",
+                                                 "", "", "", "rP/rP,max"));
+        // the last point: x/(1 + x) at 20 KM, or at 0.15 mol/L with KM = 0.5
+        const std::vector<std::string> last = Cells(lines[202]);
+        EXPECT_EQ(last[0], normalized ? "20.00" : "0.15");
+        EXPECT_EQ(last[1], "");
+        EXPECT_NEAR(Val(last[4]), normalized ? 20.0 / 21 : 0.3 / 1.3, 1e-7);
+    }
+}
