@@ -280,10 +280,16 @@ double Val(std::string_view text) {
 
 std::optional<double> ParseNumber(std::string_view text) {
     const std::string_view trimmed = TrimBlanks(text);
+    // Most texts are as from_chars takes them; files of many rows are read through here.
+    double value = 0;
+    const char* const end = trimmed.data() + trimmed.size();
+    const auto [stop, error] = std::from_chars(trimmed.data(), end, value);
+    if (error == std::errc() && stop == end && std::isfinite(value))
+        return value + 0.0; // 0 for -0
     const ScannedNumber found = ScanNumber(trimmed);
     if (found.length == 0 || found.length != trimmed.size())
         return std::nullopt;
-    const double value = NumberOf(found);
+    value = NumberOf(found);
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/file_calls.h"
 #include "platform/files.h"
+#include "tests/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +11,6 @@
 
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
 
 using namespace zorvant;
 namespace fs = std::filesystem;
@@ -19,23 +19,12 @@ namespace {
 
 class Files : public testing::Test {
 protected:
-    Files() {
-        std::string pattern = testing::TempDir() + "zorvantXXXXXX";
-        folder = std::string(mkdtemp(pattern.data())) + "/";
-        path = folder + "data.ZI3";
-    }
-    ~Files() override {
-        fileCalls() = SystemFileCalls();
-        fs::remove_all(folder);
-    }
-    std::vector<std::string> Names() const {
-        std::vector<std::string> names;
-        for (const auto& entry : fs::directory_iterator(folder))
-            names.push_back(entry.path().filename());
-        return names;
-    }
+    ~Files() override { fileCalls() = SystemFileCalls(); }
+    std::vector<std::string> Names() const { return temporary.Names(); }
 
-    std::string folder, path;
+    TempFolder temporary;
+    const std::string folder = temporary.Path();
+    std::string path = folder + "data.ZI3";
 };
 
 constexpr const char* kOld = "the old content";

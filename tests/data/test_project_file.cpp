@@ -1,0 +1,228 @@
+#include "data/exp_data.h"
+#include "data/project_file.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "tests/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace zorvant;
+
+namespace {
+
+constexpr const char* kDataFile = "c\r\nmin\r\nh\r\n2\r\n0,.9,0,0,0,0,0,0,0,0,0,0,0\r\n"
+                                  "1,.5,0,0,0,0,0,0,0,0,0,0,0\r\n";
+
+class ProjectFiles : public testing::Test {
+protected:
+    ~ProjectFiles() override {
+        commentQuestion() = [](ProjectState&) {};
+    }
+    std::string Put(const std::string& name, const std::string& bytes) {
+        std::filesystem::create_directories(DirectoryOf(folder / name));
+        WriteFileAtomically(folder / name, bytes);
+        return folder / name;
+    }
+    bool Load(const std::string& path) {
+        bool ok = false;
+        FuLoadProjectFile(ps, path, dataFile, ok);
+        return ok;
+    }
+
+    TempFolder folder;
+    ScriptedHost script;
+    ProjectState ps;
+    std::string dataFile;
+};
+
+TEST_F(ProjectFiles, BringEverythingBackThatTheyHold) {
+    ps.ModelId = 9;
+    ps.RcSMode = true; // says nothing for another model than the enzyme's
+    ps.k = {0, 1.0 / 3, 2e-9, 4};
+    ps.c0 = {0, 1, 2, 3, 4, 5e-7};
+    ps.ScaleSpecies = 4;
+    ps.ScaleOneSpecies = true;
+    ps.tMax = 17.25;
+    ps.tVerweil = 1e-3;
+    ps.TimeUnitText = "a";
+    ps.ProjectComment = "with, commas \"and\" quotes";
+    ps.DataFilePath = "C:\\measured\\run 1.zi3";
+    const std::string path = folder / "p.ZC3";
+    ASSERT_TRUE(FuSaveProjectFile(ps, path));
+    EXPECT_THAT(ReadFile(path), testing::StartsWith("2000-01-01 12:00:00\r\nwith, commas"));
+
+    const ProjectState saved = ps;
+    ps = ProjectState();
+    ASSERT_TRUE(Load(path));
+    EXPECT_EQ(dataFile, "run 1.zi3"); // without its folder
+    EXPECT_EQ(ps.ModelId, 9);
+    EXPECT_FALSE(ps.RcSMode);
+    EXPECT_NEAR(ps.k[1], saved.k[1], 1e-15);
+    EXPECT_EQ(ps.k[2], saved.k[2]);
+    EXPECT_EQ(ps.c0, saved.c0);
+    EXPECT_EQ(ps.ScaleSpecies, 4);
+    EXPECT_TRUE(ps.ScaleOneSpecies);
+    EXPECT_EQ(ps.tMax, 17.25);
+    EXPECT_EQ(ps.tVerweil, 1e-3);
+    EXPECT_EQ(ps.TimeUnitText, "a");
+    EXPECT_EQ(ps.ProjectComment, saved.ProjectComment);
+    EXPECT_TRUE(script.boxes.empty());
+}
+
+TEST_F(ProjectFiles, KeepTheKindOfEnzymeDataInTheModelNumber) {
+    for (const bool couples : {true, false}) {
+        ps.ModelId = 10;
+        ps.RcSMode = couples;
+        ASSERT_TRUE(FuSaveProjectFile(ps, folder / "e.ZC3"));
+        EXPECT_THAT(ReadFile(folder / "e.ZC3"),
+                    testing::HasSubstr(couples ? "\r\n100\r\n" : "\r\n10\r\n"));
+        ps.ModelId = 1;
+        ps.RcSMode = !couples;
+        ASSERT_TRUE(Load(folder / "e.ZC3"));
+        EXPECT_EQ(ps.ModelId, 10);
+        EXPECT_EQ(ps.RcSMode, couples);
+    }
+}
+
+TEST_F(ProjectFiles, NameTheFirstOpenCalculationWindow) {
+    Form batch("frmBatch"), fitting("frmZFitting"), other("frmSimTabelle");
+    ps.desktop.forms = {&fitting, &batch, &other};
+    const auto code = [&] {
+        EXPECT_TRUE(FuSaveProjectFile(ps, folder / "w.ZC3"));
+        const std::string bytes = ReadFile(folder / "w.ZC3");
+        return bytes.substr(bytes.find("0,0,0\r\n") + 7, 1);
+    };
+    other.loaded = true;
+    EXPECT_EQ(code(), "0");
+    fitting.loaded = true;
+    EXPECT_EQ(code(), "6");
+    batch.loaded = true;
+    EXPECT_EQ(code(), "2");
+}
+
+TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
+    int asked = 0;
+    commentQuestion() = [&](ProjectState& state) {
+        ++asked;
+        state.ProjectComment = "asked for";
+    };
+    EXPECT_TRUE(FuSaveProjectFile(ps, folder / "zorlastsession.zc3"));
+    EXPECT_EQ(asked, 0);
+    EXPECT_TRUE(FuSaveProjectFile(ps, folder / "p.ZC3"));
+    EXPECT_EQ(asked, 1);
+    std::string date, comment, data;
+    bool ok = false;
+    FuViewProjectFile(folder / "p.ZC3", date, comment, data, ok);
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(comment, "asked for");
+    EXPECT_EQ(date, "2000-01-01 12:00:00");
+    FuViewProjectFile(folder / "none", date, comment, data, ok);
+    EXPECT_FALSE(ok);
+    EXPECT_EQ(script.boxes.at(0).title, "ERROR");
+}
+
+TEST_F(ProjectFiles, TellWhenTheyCannotBeReadAndKeepWhatWasRead) {
+    const ProjectState before = ps;
+    for (const std::string& path : {folder / "none", folder.Path(), Put("empty", "")}) {
+        script.boxes.clear();
+        EXPECT_FALSE(Load(path));
+        ASSERT_EQ(script.boxes.size(), 1U);
+        EXPECT_EQ(script.boxes[0].title, "Execution not possible");
+        EXPECT_EQ(script.boxes[0].icon, Icon::Critical);
+        EXPECT_EQ(ps.ModelId, before.ModelId);
+        EXPECT_EQ(ps.k, before.k);
+    }
+    EXPECT_FALSE(Load(Put("cut", "d\r\nnew comment\r\na.ZI3\r\n7\r\n.25,word")));
+    EXPECT_EQ(dataFile, "a.ZI3");
+    EXPECT_EQ(ps.ProjectComment, "new comment");
+    EXPECT_EQ(ps.ModelId, 7);
+    EXPECT_EQ(ps.k[1], .25);
+    EXPECT_EQ(ps.k[2], before.k[2]);
+    EXPECT_EQ(ps.TimeUnitText, before.TimeUnitText);
+}
+
+TEST_F(ProjectFiles, LoadWithoutDataThatAreOfAnotherType) {
+    ps.DataFilePath = "data.txt";
+    ASSERT_TRUE(FuSaveProjectFile(ps, folder / "p.ZC3"));
+    ps.tMax = 5;
+    EXPECT_TRUE(Load(folder / "p.ZC3"));
+    EXPECT_EQ(dataFile, "");
+    EXPECT_EQ(ps.tMax, 0);
+    ASSERT_EQ(script.boxes.size(), 1U);
+    EXPECT_EQ(script.boxes[0].text, "data file is not of the type *.ZI3 and cannot be loaded");
+    EXPECT_EQ(script.boxes[0].title, "WARNING");
+    EXPECT_EQ(script.boxes[0].icon, Icon::Warning);
+}
+
+TEST_F(ProjectFiles, AreSavedUnderTheChosenNameOrNothingChanges) {
+    ps.ProjectDir = folder.Path();
+    ps.ProjectFile = "before";
+    FuSaveProjectDialog(ps);
+    EXPECT_EQ(script.fileRequests.at(0).title, "Save the actual project as ...");
+    EXPECT_EQ(script.fileRequests[0].extension, ".ZC3");
+    script.files = {FileChoice{folder / "no/such.ZC3"}, FileChoice{folder / "ok.ZC3"}};
+    FuSaveProjectDialog(ps);
+    EXPECT_EQ(ps.ProjectFile, "before");
+    ASSERT_EQ(script.boxes.size(), 1U);
+    EXPECT_EQ(script.boxes[0].title,
+              "Error while saving the session file\r\n(possibly missing write permissions)");
+    EXPECT_THAT(script.boxes[0].text, testing::StartsWith("No such file or directory"));
+    FuSaveProjectDialog(ps);
+    EXPECT_EQ(ps.ProjectFile, folder / "ok.ZC3");
+    EXPECT_EQ(ps.ProjectTitle, "ok.ZC3");
+    EXPECT_EQ(ps.ProjectDir, folder.Path());
+
+    script.files = {FileChoice{folder / "ok.ZC3"}};
+    ps.ProjectFile.clear();
+    std::string path;
+    bool ok = false, cancelled = true;
+    FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
+    EXPECT_TRUE(ok);
+    EXPECT_FALSE(cancelled);
+    EXPECT_EQ(path, folder / "ok.ZC3");
+    EXPECT_EQ(ps.ProjectFile, path);
+    FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
+    EXPECT_TRUE(cancelled);
+    EXPECT_EQ(script.fileRequests.back().title, "Load a project (*.ZC3)");
+}
+
+TEST_F(ProjectFiles, FindTheirDataBesideThemAndNeverOutside) {
+    const std::string project = folder / "projects/p.ZC3";
+    const std::string beside = Put("projects/Run1.ZI3", kDataFile);
+    Put("outside.ZI3", kDataFile);
+    EXPECT_EQ(FindDataFile(ps, project, "Run1.ZI3"), beside);
+    EXPECT_EQ(FindDataFile(ps, project, "RUN1.zi3"), beside); // from a system that knows no case
+    EXPECT_EQ(FindDataFile(ps, project, "C:\\somewhere\\Run1.ZI3"), beside);
+    for (const char* name : {"../outside.ZI3", "..\\outside.ZI3", "/etc/outside.ZI3"})
+        EXPECT_EQ(FindDataFile(ps, project, name), folder / "projects/outside.ZI3") << name;
+
+    ps.ProgramDir = folder / "program";
+    const std::string own = Put("program/own.ZI3", kDataFile);
+    EXPECT_EQ(FindDataFile(ps, folder / "elsewhere/ZorLastSession.ZC3", "own.ZI3"), own);
+    EXPECT_EQ(FindDataFile(ps, project, "own.ZI3"), folder / "projects/own.ZI3");
+}
+
+TEST_F(ProjectFiles, BringTheirMeasurementsAlong) {
+    const std::string data = Put("a.ZI3", kDataFile);
+    EXPECT_TRUE(LoadDataOfProject(ps, folder / "p.ZC3", "a.ZI3"));
+    EXPECT_EQ(ps.ExpPointCount, 2);
+    EXPECT_EQ(ps.nCtPoints, 2);
+    EXPECT_EQ(ps.c0Data[1], .9F);
+    EXPECT_EQ(ps.DataFilePath, data);
+    EXPECT_EQ(ps.DataFileTitle, "a.ZI3");
+    EXPECT_EQ(ps.DataDir, folder.Path());
+    EXPECT_FALSE(ps.DataIsSession);
+    EXPECT_TRUE(LoadDataOfProject(ps, folder / "ZORLastSession.ZC3", "a.ZI3"));
+    EXPECT_TRUE(ps.DataIsSession);
+    EXPECT_FALSE(LoadDataOfProject(ps, folder / "p.ZC3", ""));
+    EXPECT_TRUE(script.boxes.empty());
+
+    EXPECT_FALSE(LoadDataOfProject(ps, folder / "p.ZC3", "lost.ZI3"));
+    ASSERT_EQ(script.boxes.size(), 1U);
+    EXPECT_THAT(script.boxes[0].text, testing::EndsWith("lost.ZI3"));
+    EXPECT_EQ(ps.DataFilePath, "");
+    EXPECT_EQ(ps.ExpPointCount, 2);
+}
+
+} // namespace
