@@ -62,6 +62,13 @@ inline float ToSingle(double x) {
         ThrowArithmetic(kOverflow);
     return single;
 }
+/// A typed number as Single: beyond its range the largest one, 0 for NaN.
+inline float NearestSingle(double x) {
+    constexpr double kLargest = 3.4028234663852886e38;
+    if (std::isnan(x))
+        return 0;
+    return static_cast<float>(x > kLargest ? kLargest : x < -kLargest ? -kLargest : x);
+}
 /// For arguments of exp that are large on purpose: the largest one without overflow.
 inline constexpr double kMaxExpArgument = 709.782;
 inline double ClampedExp(double x) {

@@ -4,6 +4,8 @@
 // neighbours follow by multiplication, on the side where they decline.
 #include "residence/residence_time.h"
 
+#include "engine/arithmetic.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
@@ -87,12 +89,6 @@ TmField FormTm(VerweilInput& input) {
     return TmField::Shown;
 }
 
-/// A typed number as Single; beyond the range of Single the largest one.
-float TypedSingle(double value) {
-    constexpr double kLargest = 3.4028234e38;
-    return std::isnan(value) ? 0.0F : static_cast<float>(std::clamp(value, -kLargest, kLargest));
-}
-
 using Distribution = double (*)(double t, int N, double tm, bool& err);
 
 struct CurveRecipe {
@@ -137,7 +133,7 @@ VerweilCurve DrawDistribution(ProjectState& ps, const VerweilInput& input,
     for (int i = 0; i <= kCurveSteps; ++i) {
         const double t = tEnd * i / kCurveSteps;
         const double y = value(t, ps.NVerweil, tm, result.overflow);
-        const CurvePoint point{TypedSingle(input.xAchseZeit ? t : t / tm), static_cast<float>(y)};
+        const CurvePoint point{NearestSingle(input.xAchseZeit ? t : t / tm), static_cast<float>(y)};
         result.overflow = result.overflow || !std::isfinite(point.y);
         if (result.overflow)
             break;
@@ -193,12 +189,12 @@ double FThetaKessel(double t, int N, double tm, bool& err) {
 }
 
 TmField SetVRVerweil(VerweilInput& input, double volume) {
-    input.VRVerweil = TypedSingle(volume);
+    input.VRVerweil = NearestSingle(volume);
     return input.VPunktVerweil > 0 ? FormTm(input) : TmField::Emptied;
 }
 
 TmField SetVPunktVerweil(VerweilInput& input, double flow) {
-    input.VPunktVerweil = TypedSingle(flow);
+    input.VPunktVerweil = NearestSingle(flow);
     if (!(input.VPunktVerweil > 0))
         return TmField::Emptied;
     return input.VRVerweil > 0 ? FormTm(input) : TmField::Unchanged;
