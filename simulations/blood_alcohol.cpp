@@ -148,6 +148,14 @@ void FuBacCurve(ProjectState& ps, int N) {
     ps.BacTable = bac;
 }
 
+void ConnectBloodAlcohol(ProjectState& ps) {
+    ps.BacCurve = [&ps](int N) {
+        FuBacCurve(ps, N);
+        const auto points = std::clamp(N, 0, kBacMinutes) + 1;
+        return std::vector<float>(ps.BacTable.begin(), ps.BacTable.begin() + points);
+    };
+}
+
 float AlcMassOf(double volume, double content) {
     if (!(volume > 0) || !(content > 0))
         return 0;

@@ -32,6 +32,10 @@ float FuBacAtTime(int t, float BodyMass, const PerDrink<float>& AlcMass,
 /// Errors:   ArithmeticError, as FuBacAtTime; the table stays as it was
 void FuBacCurve(ProjectState& ps, int N);
 
+/// Lets calc_diagram_function draw its blood-alcohol curve through FuBacCurve.
+/// Given:    the project state, which stays where it is as long as it is used
+void ConnectBloodAlcohol(ProjectState& ps);
+
 /// Mass of alcohol in a drink, g.
 /// Given:    volume mL, content percent by volume
 /// Returned: 0 for what is not a positive finite number

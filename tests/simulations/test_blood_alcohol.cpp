@@ -1,9 +1,11 @@
 #include "simulations/blood_alcohol.h"
 
 #include "engine/arithmetic.h"
+#include "engine/time_course.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -45,6 +47,23 @@ TEST(BloodAlcohol, OneGlassOfBeerFollowsTheHandCalculation) {
     EXPECT_GT(Bac(ps, 123), 0);
     for (int t = 124; t <= 600; ++t)
         EXPECT_EQ(Bac(ps, t), 0);
+}
+
+TEST(BloodAlcohol, TheTimeCourseTakesTheCurveMinuteByMinute) {
+    ProjectState ps;
+    PrepareBacState(ps);
+    ConnectBloodAlcohol(ps);
+    bool err = true;
+    calc_diagram_function(ps, kBloodAlcohol, ps.BacTimeMax, err);
+    EXPECT_FALSE(err);
+    ASSERT_EQ(ps.NPoints, 600);
+    ASSERT_EQ(ps.cSimA.size(), 601U);
+    EXPECT_EQ(ps.tSim[60], 60);
+    EXPECT_NEAR(ps.cSimA[60], 0.15673, 5e-6);
+    EXPECT_EQ(ps.cSimA[600], 0);
+    EXPECT_EQ(ps.Memory.RngT.upper, 600);
+    const float highest = *std::max_element(ps.BacTable.begin(), ps.BacTable.end());
+    EXPECT_FLOAT_EQ(ps.Memory.RngC.upper, 1.02F * highest);
 }
 
 TEST(BloodAlcohol, AfterFullAbsorptionItIsWidmarksFormula) {

@@ -1,4 +1,5 @@
 #include "simulations/monte_carlo.h"
+#include "tests/simulations/allocations.h"
 
 #include <gtest/gtest.h>
 
@@ -133,6 +134,22 @@ TEST(MonteCarloGames, ConserveTheParticlesWhetherChangesAreNotedOrNot) {
         }
         EXPECT_EQ(noted.Teilchen, bare.Teilchen);
         EXPECT_EQ(noted.Zuege, 50 * noted.BlockZuege);
+    }
+}
+
+TEST(MonteCarloGames, AllocateNothingWhileTheyRun) {
+    RandomGenerator rnd(1);
+    for (const Choice& choice : kAllRules) {
+        MonteCarloGame game = NewGame(choice.SpielArt, 5, choice.equilibrium);
+        std::vector<std::int32_t> room(1000);
+        const long before = allocations;
+        ASSERT_GT(before, 0) << "the counter counts";
+        BeginRun(game, false);
+        for (int block = 0; block < 20; ++block, NextBlock(game)) {
+            while (!Draw(game, rnd, 1000, room).blockEnded) {
+            }
+        }
+        EXPECT_EQ(allocations, before);
     }
 }
 

@@ -1,0 +1,20 @@
+// A file of its own: the compiler would take the pair for mismatched where it inlines one of them.
+#include "tests/simulations/allocations.h"
+
+#include <cstdlib>
+#include <new>
+
+std::atomic<long> allocations{0};
+
+void* operator new(std::size_t size) {
+    ++allocations;
+    if (void* memory = std::malloc(size == 0 ? 1 : size))
+        return memory;
+    throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
