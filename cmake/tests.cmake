@@ -34,3 +34,13 @@ if(TARGET zorvant_qt)
     add_dependencies(test_qt zorvant)
   endif()
 endif()
+
+# What fuzzing found stays found: each target's corpus runs through it in every build.
+file(GLOB fuzzSources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/fuzz/fuzz_*.cpp)
+foreach(source ${fuzzSources})
+  get_filename_component(name ${source} NAME_WE)
+  add_executable(replay_${name} ${source} ${CMAKE_SOURCE_DIR}/fuzz/replay_main.cpp)
+  target_link_libraries(replay_${name} PRIVATE zorvant_diagrams)
+  add_test(NAME "fuzz corpus: ${name}"
+    COMMAND replay_${name} ${CMAKE_SOURCE_DIR}/fuzz/corpus/${name})
+endforeach()

@@ -12,6 +12,8 @@ namespace {
 /// Significant digits of a Single and of a Double that survive the way to text and back.
 constexpr int kSingleDigits = 7;
 constexpr int kDoubleDigits = 15;
+/// Beyond it 15 digits would round to a number that is out of range.
+constexpr double kLargestInDigits = 1.79769313486231E+308;
 /// Longest text of a number in scientific form with 15 digits: sign, point, E+308.
 constexpr std::size_t kNumberLength = 32;
 
@@ -318,7 +320,10 @@ std::string SingleText(double value) {
 }
 
 std::string FileText(double value) {
-    return std::isfinite(value) ? WithoutLeadingZero(Digits(value, kDoubleDigits)) : "0";
+    if (!std::isfinite(value))
+        return "0";
+    const double bounded = std::clamp(value, -kLargestInDigits, kLargestInDigits);
+    return WithoutLeadingZero(Digits(bounded, kDoubleDigits));
 }
 
 std::string FileTextSingle(double value) {

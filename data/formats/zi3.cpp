@@ -78,14 +78,20 @@ std::string WriteZi3(const Zi3Head& head, std::span<const ExpPoint> rows, double
     text += OneLine(head.comment) + kCrLf + OneLine(head.timeUnit) + kCrLf + kColumns + kCrLf +
             std::to_string(rows.size()) + kCrLf;
     const std::string limit = FileText(lambdaInf);
+    const auto item = [&text](const std::string& number) { // sums of strings would cost the time
+        text += ',';
+        text += number;
+    };
     for (const ExpPoint& p : rows) {
         text += FileTextSingle(p.t);
         for (const double value : {p.cA, p.cB, p.cC, p.cP, p.cQ, p.k, p.T})
-            text += "," + FileText(value);
-        text += "," + FileTextSingle(static_cast<double>(p.lambda)) + "," + limit;
-        for (const float value : {p.res3, p.res4})
-            text += "," + FileTextSingle(static_cast<double>(value));
-        text += "," + std::to_string(p.exclude) + kCrLf;
+            item(FileText(value));
+        item(FileTextSingle(static_cast<double>(p.lambda)));
+        item(limit);
+        item(FileTextSingle(static_cast<double>(p.res3)));
+        item(FileTextSingle(static_cast<double>(p.res4)));
+        item(std::to_string(p.exclude));
+        text += kCrLf;
     }
     return EncodeText(text);
 }

@@ -106,6 +106,7 @@ TEST(NumberWriter, GivesEachGeneralFormItsOwnLook) {
 }
 
 TEST(NumberWriter, WritesTheSameTextAgainAfterItWasReadForAnyNumber) {
+    EXPECT_EQ(ParseNumber(FileText(-kLargest)), -1.79769313486231E+308);
     std::mt19937_64 random(7);
     for (int i = 0; i < 200000; ++i) {
         const double value = std::bit_cast<double>(random());
