@@ -163,7 +163,10 @@ TEST(ResultLog, ClosingWritesTheFileFillsTheClipboardAndBeginsANewLog) {
     EXPECT_FALSE(ps.ProtocolOpen);
     EXPECT_EQ(ps.ProtokollRows, 0);
     EXPECT_EQ(ps.ProtocolFile, NextProtocolName(ps));
+    const std::string empty = ProtocolPath(ps);
+    WriteFileAtomically(empty, "");
     EXPECT_TRUE(CloseProtocol(ps, CalcDialogId::Batch, "today").empty()) << "nothing waits";
+    EXPECT_FALSE(FileExists(empty));
 }
 
 TEST(ResultLog, WithTabsTheClipboardEqualsTheFile) {

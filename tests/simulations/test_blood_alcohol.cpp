@@ -150,6 +150,19 @@ TEST(BloodAlcohol, RowsWithoutMassOrTimeTakeNoPart) {
     EXPECT_EQ(ps.BacTable, alone);
 }
 
+TEST(BloodAlcohol, WhatAnEarlierCurveLeftBehindTheAxisHasNoEffect) {
+    ProjectState ps = StandardMan();
+    AddDrink(ps, 1, 500, 5, 0);
+    AddDrink(ps, 3, 330, 5, 300);
+    FuBacCurve(ps, 600);
+    const auto expected = ps.BacTable;
+    AddDrink(ps, 2, 500, 5, 1000);
+    FuBacCurve(ps, 999); // uncorrected, negative at its end
+    AddDrink(ps, 2, 500, 5, 900);
+    FuBacCurve(ps, 600);
+    EXPECT_TRUE(std::equal(expected.begin(), expected.begin() + 601, ps.BacTable.begin()));
+}
+
 TEST(BloodAlcohol, ADrinkBeyondMinute999LeavesTheTableUncorrected) {
     ProjectState ps = StandardMan();
     AddDrink(ps, 1, 500, 5, 0);
