@@ -1,0 +1,50 @@
+// The frame of a diagram: where its numbers come from and go to, how it is applied to the plot
+// surface and how the user changes it.
+#pragma once
+
+#include "diagrams/diagram_document.h"
+
+namespace zorvant {
+
+/// The four limits of the frame from the memory of ranges; an unknown kind leaves them.
+void FuKoordLesen(const ProjectState& ps, int kind, const KoordMemory& memory, DiaKoord& frame);
+
+/// The limits back into the memory. Kinds with fixed limits store nothing.
+void FuKoordMerken(const ProjectState& ps, int kind, KoordMemory& memory, const DiaKoord& frame);
+
+/// The ranges that measured points need, with a margin of a twentieth of their width.
+/// Given:    a negative kind; any other does nothing; all rows count, switched-off ones too
+/// Returned: ps.Memory
+/// Formula:  m = (upper - lower)/20; RngT, RngC and RngR grow at their upper end only
+void FuDatenBereiche(ProjectState& ps, int kind);
+
+/// Applies the frame to the plot surface: axes X, Y and Y2, and the hidden series that spans it.
+void FuKoordSetzen(ProjectState& ps, DiagramDocument& doc);
+
+/// Whether a point lies in the frame, its edges included.
+bool InsideFrame(const DiaKoord& frame, double x, double y);
+
+// --- panels
+void mnuCoord_Click(ProjectState& ps, DiagramDocument& doc);
+void cmdCoord_OK_Click(ProjectState& ps, DiagramDocument& doc);
+void cmdCoord_Esc_Click(DiagramDocument& doc);
+void cmdTabCoord_OK_Click(ProjectState& ps, DiagramDocument& doc);
+/// Enter moves to the next of the four boxes, anything else passes the filter of numeric fields.
+void coord_KeyPress(DiagramDocument& doc, Array<TextField, 4, 1>& boxes, int index, int& key);
+/// Writes the frame into four boxes in plain number form.
+void ShowFrame(const DiaKoord& frame, Array<TextField, 4, 1>& boxes);
+
+// --- scaling
+/// 0: the spacings are chosen for the frame and shown; 1: the boxes rule.
+void optScaling_Click(DiagramDocument& doc, int index);
+/// The end of every change of the frame: automatic spacing, computed anew.
+void ChooseAutomaticScaling(DiagramDocument& doc);
+
+enum class SpacingBox { XGrid, YGrid, XTick, YTick, XNumber, YNumber };
+/// A change in a spacing box is given to its axis at once; a value not above 0 changes nothing.
+void SpacingBox_Change(DiagramDocument& doc, SpacingBox which);
+
+void cmdXLog_Click(DiagramDocument& doc);
+void cmdYLog_Click(DiagramDocument& doc);
+
+} // namespace zorvant

@@ -1,0 +1,181 @@
+// What the diagram window holds: up to 24 curves, 7 sets of measured or manual points, three marks,
+// labels, a legend, texts and the frame, all in the plot surface, and those controls of the window
+// that its logic reads or writes. One diagram exists at a time. The panels that only change looks
+// are added by the window's own record.
+#pragma once
+
+#include "diagrams/diagram_kinds.h"
+#include "diagrams/plot_surface.h"
+#include "engine/project_state.h"
+
+#include <array>
+#include <string>
+
+namespace zorvant {
+
+inline constexpr int kTwipsPerPixel = 15;
+/// Screens narrower than this get smaller fonts, pixels.
+inline constexpr int kNarrowScreen = 800;
+/// Sampling grid of curves: x step = (xMax - xMin)/300.
+inline constexpr int kCurveSteps = 300;
+/// Points that the curve buffer has room for when the window opens.
+inline constexpr int kCurveBufferPoints = 2000;
+/// A click or readout within this many pixels of a point means the point.
+inline constexpr double kHitDistance = 4;
+
+inline constexpr Colour kLightGrey = 0xE0E0E0;
+inline constexpr Colour kLightGreen = 0xC0FFC0;
+
+/// What the pointer over the chart looks like.
+enum class ChartPointer { Default, Curve, Point, Move, CrossHair };
+
+/// Pages of the settings panel that a right click opens.
+enum class SettingsPage { Frame, Legend, Coordinates };
+
+/// Which text the text panel edits.
+enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
+
+struct DiagramDocument : Form {
+    explicit DiagramDocument(ProjectState& state);
+
+    ProjectState& ps;
+    PlotSurface surface;
+
+    // --- fields of the document
+    std::array<bool, kCurveSlots + 1> CurveSlotFree{}; ///< by slot 1..24
+    int CurveSlot = 0;                                 ///< of the curve being drawn
+    int CurveSteps = kCurveSteps;
+    int ManualSet = kManualSet;
+    LinePattern GridPattern = LinePattern::Dotted;
+    int GridMode = 3; ///< 0 none, 1 y only, 2 x only, 3 both
+    Colour LegendBackColor = kWhite;
+    DiagramText TextTarget = DiagramText::Header;
+    double RegressA = 0; ///< intercept and slope of the last straight line
+    double RegressB = 0;
+    float RegressR2 = 0; ///< its coefficient of determination
+    std::string DrawNote;
+    bool DrawError = false;
+    /// Rows that met the condition of the last straight line but no logarithm or division takes.
+    int RegressLeftOut = 0;
+    DiagramTexts GrafText;
+    ChartPointer pointer = ChartPointer::Default;
+    SettingsPage settingsPage = SettingsPage::Frame;
+
+    /// The screen that the window opens on, pixels; the shell writes it before a load.
+    int screenWidth = 1280;
+    int screenHeight = 800;
+
+    // --- commands
+    Button cmdDraw{*this, "cmdDraw", "Draw"};
+    Button cmdSingleCalc{*this, "cmdSingleCalc", "Graph calculator"};
+    Button cmdManuPoints{*this, "cmdManuPoints", "Manual points"};
+    Button cmdManuKurve{*this, "cmdManuKurve", "Manual curve"};
+    Button cmdFarbVorwahl{*this, "cmdFarbVorwahl", "Colour of what comes next"};
+    Button cmdMsgDelPoint{*this, "cmdMsgDelPoint", "How to delete a point"};
+
+    MenuEntry mnuDesign{*this, "mnuDesign", "Design"};
+    MenuEntry mnuKurvenDesign{*this, "mnuKurvenDesign", "Curves"};
+    MenuEntry mnuPunktDesign{*this, "mnuPunktDesign", "Experimental points"};
+    MenuEntry mnuDesignMore{*this, "mnuDesignMore", "More settings"};
+    MenuEntry mnuCoord{*this, "mnuCoord", "Coordinates"};
+    MenuEntry mnuAddPunkte{*this, "mnuAddPunkte", "Experimental points"};
+    MenuEntry mnuAddLegend{*this, "mnuAddLegend", "Legend"};
+    MenuEntry mnuAddLabels{*this, "mnuAddLabels", "Labels of the curves"};
+    MenuEntry mnuHalbA{*this, "mnuHalbA", "Half-life of A"};
+    MenuEntry mnuHalbB{*this, "mnuHalbB", "Half-life of B"};
+    MenuEntry mnuDelete{*this, "mnuDelete", "Delete"};
+    MenuEntry mnuDelKurv{*this, "mnuDelKurv", "Curves"};
+    Array<MenuEntry, kCurveSlots + 1> mnuSubDelKurv{*this, "mnuSubDelKurv"}; ///< 0: all
+    MenuEntry mnuDelPoints{*this, "mnuDelPoints", "Experimental points"};
+    Array<MenuEntry, kPointSets + 1> mnuSubDelPoints{*this, "mnuSubDelPoints"}; ///< 0: all
+    MenuEntry mnuDelHalbAB{*this, "mnuDelHalbAB", "Marks"};
+    MenuEntry mnuDelLabels{*this, "mnuDelLabels", "Labels of the curves"};
+    MenuEntry mnuDelLegend{*this, "mnuDelLegend", "Legend"};
+    MenuEntry mnuDelLegendZeile{*this, "mnuDelLegendZeile", "A line of the legend"};
+    MenuEntry mnuDelTotal{*this, "mnuDelTotal", "Everything"};
+
+    // --- readouts
+    Label lblMausPosNr{*this, "lblMausPosNr"};
+    Label lblMausPos{*this, "lblMausPos"};
+    Label StatusBar2{*this, "StatusBar2"}; ///< its panel 1, the result line
+
+    // --- floating panels
+    Frame fraTabs{*this, "fraTabs"}; ///< settings
+    Frame fraKurven{*this, "fraKurven"};
+    Frame fraPunkte{*this, "fraPunkte"};
+    Frame fraSchrift{*this, "fraSchrift"};
+    Frame fraCoordInput{*this, "fraCoordInput", " Coord. of the Diagram "};
+    Frame fraPrintIt{*this, "fraPrintIt"};
+    Frame fraResolution{*this, "fraResolution", "Curve resolution"};
+
+    // --- the curve panel, one page for each slot
+    TabPanel tabKurven;
+    Array<ComboBox, kCurveSlots, 1> cmbKStil{*this, "cmbKStil"};
+    Array<Label, kCurveSlots, 1> Label39{*this, "Label39"}; ///< line width
+    Array<UpDown, kCurveSlots, 1> UpDown1_KBreite{*this, "UpDown1_KBreite"};
+    Array<Button, kCurveSlots, 1> cmdKurvenFarbe{*this, "cmdKurvenFarbe"};
+    Array<TextField, kCurveSlots, 1> txtLegendCurves{*this, "txtLegendCurves"};
+    Array<TextField, kCurveSlots, 1> txtLabel{*this, "txtLabel"};
+    Array<CheckBox, kCurveSlots, 1> chkEinzelLabelSichtbar{*this, "chkEinzelLabelSichtbar"};
+    Array<Slider, kCurveSlots, 1> scrShiftLab{*this, "scrShiftLab"};
+    Array<CheckBox, kCurveSlots, 1> chkLegend1{*this, "chkLegend1"};
+    Button cmdDelKurv{*this, "cmdDelKurv", "Delete this curve"};
+
+    // --- the point panel, one page for each set
+    TabPanel tabPunkte;
+    Array<ComboBox, kPointSets, 1> cmbPunktStil{*this, "cmbPunktStil"};
+    Array<Label, kPointSets, 1> Label56{*this, "Label56"}; ///< symbol size
+    Array<UpDown, kPointSets, 1> UpDown1_PointSize{*this, "UpDown1_PointSize"};
+    Array<Button, kPointSets, 1> cmdPunktFarbe{*this, "cmdPunktFarbe"};
+    Array<TextField, kPointSets, 1> txtLegendPoints{*this, "txtLegendPoints"};
+    Array<CheckBox, kPointSets, 1> chkLegend2{*this, "chkLegend2"};
+    Array<Button, kPointSets, 1> cmdDelPoints{*this, "cmdDelPoints"};
+
+    // --- legend and labels as a whole
+    CheckBox chkLegend{*this, "chkLegend", "Legend"};
+    CheckBox chkLabelNotVisible{*this, "chkLabelNotVisible", "Labels not visible"};
+
+    // --- coordinates
+    Array<TextField, 4, 1> coord{*this, "coord"}; ///< xMin, xMax, yMin, yMax
+    Button cmdCoord_OK{*this, "cmdCoord_OK", "OK"};
+    Button cmdCoord_Esc{*this, "cmdCoord_Esc", "Cancel"};
+    Array<TextField, 4, 1> Tabcoord{*this, "Tabcoord"};
+    Button cmdTabCoord_OK{*this, "cmdTabCoord_OK", "Apply"};
+    Button cmdXLog{*this, "cmdXLog", "  X-Axis"};
+    Button cmdYLog{*this, "cmdYLog", "  Y-Axis "};
+    OptionGroup optScaling{
+        *this, "optScaling", {"automat.", "manual"}
+    };
+    TextField txtXGridValue{*this, "txtXGridValue"};
+    TextField txtYGridValue{*this, "txtYGridValue"};
+    TextField txtXTickValue{*this, "txtXTickValue"};
+    TextField txtYTickValue{*this, "txtYTickValue"};
+    TextField txtXZiffValue{*this, "txtXZiffValue"};
+    TextField txtYZiffValue{*this, "txtYZiffValue"};
+
+    ComboBox cmbSep{*this, "cmbSep"};
+};
+
+/// The order of steps in which a window opens: place and size, empty series, styles, texts, axes,
+/// menus, frame, masks, then points or curves.
+void Form_Load(ProjectState& ps, DiagramDocument& doc);
+void Form_Activate(ProjectState& ps, DiagramDocument& doc);
+void Form_Unload(ProjectState& ps, DiagramDocument& doc);
+
+/// Hides all floating panels.
+void FuPanelsZu(DiagramDocument& doc);
+void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc);
+void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
+
+/// Shows or hides a page of a tab panel; its caption stays.
+void ShowPage(TabPanel& panel, int page, bool visible);
+/// Which pages of the point panel are offered: species with data, pairs, manual points.
+void ShowPointPages(ProjectState& ps, DiagramDocument& doc);
+/// How many points a buffer holds by its element 0, never more than there are elements.
+int BufferCount(const PointBuffer& buffer);
+/// The rule of the pages in one place, by set 1..7.
+bool OffersPointSet(const ProjectState& ps, const DiagramDocument& doc, int set);
+/// "Fu(c)" diagrams: their one set is a function of c(A).
+bool IsFunctionOfC(const ProjectState& ps);
+
+} // namespace zorvant

@@ -1,0 +1,146 @@
+#include "diagrams/diagram_legend.h"
+
+#include "platform/host.h"
+#include "platform/number_text.h"
+
+namespace zorvant {
+namespace {
+
+constexpr int kCurveLabelOffset = 10; // pixels from the point
+constexpr int kMarkLabelOffset = 3;
+constexpr double kCurveLabelSize = 10; // points
+constexpr double kCurveLabelSizeNarrow = 9;
+constexpr double kMarkLabelSize = 11;
+constexpr double kMarkLabelSizeNarrow = 9;
+constexpr const char* kFontFamily = "ARIAL";
+
+bool AnyLegendText(const PlotSurface& surface) {
+    for (int slot = 1; slot <= kCurveSlots; ++slot)
+        if (!GetSeriesLabel(surface, kLines, slot).empty())
+            return true;
+    for (int set = 1; set <= kPointSets; ++set)
+        if (!GetSeriesLabel(surface, kPoints, set).empty())
+            return true;
+    return false;
+}
+
+void ShowAllLabels(DiagramDocument& doc, bool on) {
+    const PlotBatch batch(doc.surface);
+    for (int slot = 1; slot <= kCurveSlots; ++slot)
+        ShowCurveLabel(doc, slot, on);
+    doc.mnuAddLabels.enabled = !on;
+    doc.mnuDelLabels.enabled = on;
+    doc.chkLabelNotVisible.checked = !on;
+}
+
+} // namespace
+
+void ShowLegend(DiagramDocument& doc, bool on) {
+    SetLegendVisible(doc.surface, on);
+    doc.chkLegend.checked = on;
+    for (int slot = 1; slot <= kCurveSlots; ++slot)
+        doc.chkLegend1(slot).checked = on;
+    for (int set = 1; set <= kPointSets; ++set)
+        doc.chkLegend2(set).checked = on;
+    doc.mnuAddLegend.enabled = !on;
+    doc.mnuDelLegend.enabled = doc.mnuDelLegendZeile.enabled = on;
+}
+
+void mnuAddLegend_Click(DiagramDocument& doc) {
+    if (!AnyLegendText(doc.surface)) {
+        ShowMessage(std::string("No legend texts given") + kCrLf + kCrLf + "=> Design curve" +
+                        kCrLf + "=> Design experimental points",
+                    "Execution not possible", Icon::Critical);
+        return;
+    }
+    ShowLegend(doc, true);
+}
+
+void mnuDelLegend_Click(DiagramDocument& doc) {
+    ShowLegend(doc, false);
+}
+
+void mnuDelLegendZeile_Click() {
+    ShowMessage(std::string("How to remove a single line from the legend:") + kCrLf +
+                    "1st:  Go to menu 'Design Exper. points' or 'Design Curve'" + kCrLf +
+                    "2nd:  Select number of point set or curve" + kCrLf +
+                    "3rd:  Delete the legend text ",
+                "Note", Icon::Information);
+}
+
+void txtLegendCurves_Change(DiagramDocument& doc, int slot) {
+    if (GetPointCount(doc.surface, kLines, slot) > 0)
+        SetSeriesLabel(doc.surface, kLines, slot, doc.txtLegendCurves(slot).text);
+}
+
+void txtLegendPoints_Change(DiagramDocument& doc, int set) {
+    if (GetPointCount(doc.surface, kPoints, set) > 0)
+        SetSeriesLabel(doc.surface, kPoints, set, doc.txtLegendPoints(set).text);
+}
+
+// --- labels
+
+void txtLabel_Change(DiagramDocument& doc, int slot) {
+    SetLabelText(doc.surface, slot, doc.txtLabel(slot).text);
+}
+
+void chkEinzelLabelSichtbar_Click(DiagramDocument& doc, int slot) {
+    SetLabelVisible(doc.surface, slot, doc.chkEinzelLabelSichtbar(slot).checked);
+}
+
+void chkLabelNotVisible_Click(DiagramDocument& doc) {
+    ShowAllLabels(doc, !doc.chkLabelNotVisible.checked);
+}
+
+void mnuAddLabels_Click(DiagramDocument& doc) {
+    ShowAllLabels(doc, true);
+}
+
+void mnuDelLabels_Click(DiagramDocument& doc) {
+    ShowAllLabels(doc, false);
+}
+
+void scrShiftLab_Change(DiagramDocument& doc, int slot) {
+    const PlotBatch batch(doc.surface);
+    AttachLabelToPoint(doc.surface, slot, kLines, slot, doc.scrShiftLab(slot).value);
+    SetLabelOffset(doc.surface, slot, kCurveLabelOffset);
+    SetLabelAnchor(doc.surface, slot, LabelAnchor::NorthEast);
+}
+
+void SetCurveLabel(DiagramDocument& doc, int slot, const std::string& text) {
+    doc.txtLabel(slot).text = text;
+    SetLabelText(doc.surface, slot, text);
+}
+
+void ShowCurveLabel(DiagramDocument& doc, int slot, bool on) {
+    doc.chkEinzelLabelSichtbar(slot).checked = on;
+    SetLabelVisible(doc.surface, slot, on);
+}
+
+void ResetLabels(DiagramDocument& doc) {
+    const bool narrow = doc.screenWidth < kNarrowScreen;
+    PlotLabel curveLabel;
+    curveLabel.offset = kCurveLabelOffset;
+    curveLabel.font = {.family = kFontFamily,
+                       .size = narrow ? kCurveLabelSizeNarrow : kCurveLabelSize};
+    PlotLabel markLabel = curveLabel;
+    markLabel.offset = kMarkLabelOffset;
+    markLabel.font = {.family = kFontFamily,
+                      .size = narrow ? kMarkLabelSizeNarrow : kMarkLabelSize,
+                      .bold = true,
+                      .italic = true};
+    markLabel.colours.fore = kRed;
+
+    const PlotBatch batch(doc.surface);
+    doc.surface.labels.clear();
+    for (int number = 1; number <= kPlotLabels; ++number) {
+        AddLabel(doc.surface, number >= kHalfLifeASeries ? markLabel : curveLabel);
+        if (number > kCurveSlots)
+            continue;
+        SetCurveLabel(doc, number, std::to_string(number));
+        AttachLabelToPoint(doc.surface, number, kLines, number, 1);
+        ShowCurveLabel(doc, number, false);
+    }
+}
+
+} // namespace zorvant

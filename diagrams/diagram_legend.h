@@ -1,0 +1,32 @@
+// Legend and labels of a diagram.
+#pragma once
+
+#include "diagrams/diagram_document.h"
+
+namespace zorvant {
+
+/// The state that chkLegend, chkLegend1(i) and chkLegend2(i) all show.
+void ShowLegend(DiagramDocument& doc, bool on);
+void mnuAddLegend_Click(DiagramDocument& doc);
+void mnuDelLegend_Click(DiagramDocument& doc);
+void mnuDelLegendZeile_Click();
+void txtLegendCurves_Change(DiagramDocument& doc, int slot);
+void txtLegendPoints_Change(DiagramDocument& doc, int set);
+
+void txtLabel_Change(DiagramDocument& doc, int slot);
+void chkEinzelLabelSichtbar_Click(DiagramDocument& doc, int slot);
+void chkLabelNotVisible_Click(DiagramDocument& doc);
+/// Shows or hides the labels of all curves.
+void mnuAddLabels_Click(DiagramDocument& doc);
+void mnuDelLabels_Click(DiagramDocument& doc);
+/// Moves the label along its curve.
+void scrShiftLab_Change(DiagramDocument& doc, int slot);
+
+/// Labels 1..28 as a window has them when it opens.
+void ResetLabels(DiagramDocument& doc);
+/// A curve's label: its text, and the field that shows it.
+void SetCurveLabel(DiagramDocument& doc, int slot, const std::string& text);
+/// A curve's label shown or hidden, and the check box that says so.
+void ShowCurveLabel(DiagramDocument& doc, int slot, bool on);
+
+} // namespace zorvant

@@ -1,0 +1,125 @@
+#include "diagrams/diagram_mouse.h"
+
+#include "diagrams/diagram_curves.h"
+#include "diagrams/diagram_points.h"
+#include "platform/number_text.h"
+
+namespace zorvant {
+namespace {
+
+/// The last curve whose design page a right click opens; slot 24 shows its readout only.
+constexpr int kLastClickableCurve = 23;
+
+void HideReadouts(DiagramDocument& doc) {
+    doc.lblMausPosNr.visible = doc.lblMausPos.visible = false;
+}
+
+void ShowReadout(DiagramDocument& doc, const std::string& text, Colour ground) {
+    doc.lblMausPos.text = text;
+    doc.lblMausPos.backColour = ground;
+    doc.lblMausPos.visible = true;
+}
+
+/// A point of a group near the pointer; nothing beyond the hit distance.
+NearestHit HitPoint(const PlotSurface& surface, int group, double px, double py, int lastSeries) {
+    const NearestHit hit = NearestPoint(surface, group, px, py);
+    const bool near = hit.point > 0 && hit.series <= lastSeries && hit.distance <= kHitDistance;
+    return near ? hit : NearestHit{};
+}
+
+bool ReadOutPoint(DiagramDocument& doc, int group, const NearestHit& hit, ChartPointer pointer) {
+    if (hit.point < 1)
+        return false;
+    doc.lblMausPosNr.text = " #" + std::to_string(hit.series);
+    doc.lblMausPosNr.visible = true;
+    const double x = GetX(doc.surface, group, hit.series, hit.point);
+    const double y = GetY(doc.surface, group, hit.series, hit.point);
+    ShowReadout(doc, "  X = " + GeneralText(x) + ";      Y = " + GeneralText(y), kWhite);
+    doc.pointer = pointer;
+    return true;
+}
+
+void OpenTextPanel(DiagramDocument& doc, DiagramText target) {
+    FuPanelsZu(doc);
+    doc.TextTarget = target;
+    doc.fraSchrift.visible = true;
+}
+
+void RightDownInPlot(ProjectState& ps, DiagramDocument& doc, double px, double py) {
+    const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kLastClickableCurve);
+    if (curve.point > 0) {
+        mnuKurvenDesign_Click(ps, doc);
+        doc.tabKurven.selected = curve.series - 1;
+        return;
+    }
+    const NearestHit point = HitPoint(doc.surface, kPoints, px, py, kPointSets);
+    if (point.point > 0) {
+        mnuPunktDesign_Click(ps, doc);
+        doc.tabPunkte.selected = point.series - 1;
+        return;
+    }
+    mnuDesignMore_Click(doc, doc.settingsPage);
+}
+
+} // namespace
+
+void MouseMove(ProjectState&, DiagramDocument& doc, double px, double py) {
+    const Region region = PixelToData(doc.surface, px, py).region;
+    switch (region) {
+    case Region::PlotArea:
+        if (ReadOutPoint(doc, kLines, HitPoint(doc.surface, kLines, px, py, kCurveSlots),
+                         ChartPointer::Curve) ||
+            ReadOutPoint(doc, kPoints, HitPoint(doc.surface, kPoints, px, py, kPointSets),
+                         ChartPointer::Point))
+            return;
+        doc.lblMausPosNr.visible = false;
+        ShowReadout(doc, " right click = Design", kLightGrey);
+        if (!doc.surface.rubber.armed)
+            doc.pointer = ChartPointer::Default;
+        return;
+    case Region::Header:
+    case Region::Footer:
+    case Region::Legend:
+        doc.lblMausPosNr.visible = false;
+        ShowReadout(doc,
+                    region == Region::Legend ? "  right-click = edit, shift legend"
+                                             : "  right click = edit, shift text",
+                    kLightGreen);
+        doc.pointer = ChartPointer::Move;
+        return;
+    default:
+        HideReadouts(doc);
+        doc.pointer = ChartPointer::Default;
+    }
+}
+
+void MouseDown(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
+    if (button == MouseButton::Left) {
+        if (doc.surface.rubber.armed)
+            return;
+        const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kCurveSlots);
+        if (curve.point > 0)
+            FuPunktLoeschen(ps, doc, curve.series, curve.point);
+        else
+            doc.fraTabs.visible = false;
+        return;
+    }
+    switch (PixelToData(doc.surface, px, py).region) {
+    case Region::PlotArea:
+        RightDownInPlot(ps, doc, px, py);
+        return;
+    case Region::Header:
+        OpenTextPanel(doc, DiagramText::Header);
+        return;
+    case Region::Footer:
+        OpenTextPanel(doc, DiagramText::Additional);
+        return;
+    case Region::Legend:
+        mnuDesignMore_Click(doc, SettingsPage::Legend);
+        return;
+    default:
+        mnuDesignMore_Click(doc, SettingsPage::Frame);
+    }
+}
+
+} // namespace zorvant
