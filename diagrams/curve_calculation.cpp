@@ -51,9 +51,10 @@ int SpeciesToFetch(const std::string_view species, int left) {
 
 /// Whole degrees, a comma between thousands.
 std::string TemperatureText(float temperature) {
+    constexpr char kThousands = ',';
     std::string digits = FormatNumber(static_cast<double>(temperature), "0");
     for (std::size_t at = digits.size(); at > 3; at -= 3)
-        digits.insert(at - 3, ",");
+        digits.insert(at - 3, 1, kThousands);
     return "T/K = " + digits;
 }
 
@@ -220,7 +221,7 @@ void CalcCurve(ProjectState& ps, DiagramDocument& doc, int kind, int& slot, Poin
             outside = false;
     } catch (const std::exception& error) {
         failed = true;
-        note = std::string(error.what()) + kCrLf + "Message from CalcCurve";
+        note = JoinLines({error.what(), "Message from CalcCurve"});
     }
 }
 

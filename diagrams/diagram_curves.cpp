@@ -100,7 +100,7 @@ void FetchCurve(ProjectState& ps, DiagramDocument& doc, bool& outside, bool& fir
         firstInTube = false;
     } catch (const ArithmeticError& error) {
         doc.DrawError = true;
-        doc.DrawNote = std::string(error.what()) + kCrLf + "Message from CalcCurve";
+        doc.DrawNote = JoinLines({error.what(), "Message from CalcCurve"});
     }
 }
 
@@ -171,12 +171,12 @@ void cmdDraw_Click(ProjectState& ps, DiagramDocument& doc) {
     const DrawEnd end = DrawPending(ps, doc, outside);
     EndBatch(doc.surface); // a box must not stand over a picture without its curves
     if (end == DrawEnd::Failed)
-        ShowMessage(std::string("Critical error occured:") + kCrLf + doc.DrawNote, "Aborted",
+        ShowMessage(JoinLines({"Critical error occured:", doc.DrawNote}), "Aborted",
                     Icon::Critical);
     else if (end == DrawEnd::Done && outside)
-        ShowMessage(std::string("Curve outside the actual coordinates") + kCrLf + kCrLf +
-                        "Enlarge the coordinates",
-                    "WARNING", Icon::Warning);
+        ShowMessage(
+            JoinLines({"Curve outside the actual coordinates", "", "Enlarge the coordinates"}),
+            "WARNING", Icon::Warning);
 }
 
 bool FuKurvePlatz(ProjectState& ps, DiagramDocument& doc) {
@@ -185,9 +185,8 @@ bool FuKurvePlatz(ProjectState& ps, DiagramDocument& doc) {
         FreeAllSlots(doc);
     const auto found = std::find(slotFree.begin() + 1, slotFree.end(), true);
     if (ps.CurveCount >= kCurveSlots || found == slotFree.end()) {
-        ShowMessage(std::string("Maximum ") + " 24" + " curves possible" + kCrLf +
-                        "Delete existing curves",
-                    "WARNING", Icon::Warning);
+        ShowMessage(JoinLines({"Maximum  24 curves possible", "Delete existing curves"}), "WARNING",
+                    Icon::Warning);
         return false;
     }
     ++ps.CurveCount;
@@ -304,11 +303,11 @@ void mnuDelete_Click(DiagramDocument& doc) {
 
 void FuPunktLoeschen(ProjectState& ps, DiagramDocument& doc, int series, int point) {
     const PlotSeries& drawn = GetSeries(doc.surface, kLines, series);
-    const std::string text = std::string("(Note: Right-click on a curve") + kCrLf +
-                             "opens the curve-design window)" + kCrLf + kCrLf +
-                             "point x =" + PlainText(GetX(doc.surface, kLines, series, point)) +
-                             ",  y =" + PlainText(GetY(doc.surface, kLines, series, point)) +
-                             kCrLf + " Really delete?" + kCrLf + kCrLf;
+    const std::string place = "point x =" + PlainText(GetX(doc.surface, kLines, series, point)) +
+                              ",  y =" + PlainText(GetY(doc.surface, kLines, series, point));
+    const std::string text =
+        JoinLines({"(Note: Right-click on a curve", "opens the curve-design window)", "", place,
+                   " Really delete?", "", ""});
     if (Ask(text, "Delete a curve point", Icon::Question, Buttons::YesNo) != Answer::Yes)
         return;
     PointBuffer rest(1);
@@ -323,10 +322,10 @@ void FuPunktLoeschen(ProjectState& ps, DiagramDocument& doc, int series, int poi
 }
 
 void cmdMsgDelPoint_Click() {
-    ShowMessage(std::string("1st) Switch the the style from the curve in question") + kCrLf +
-                    "     from \"Curve solid\" to \"only single points\"" + kCrLf +
-                    "2nd) Then click with the LEFT mouse button" + kCrLf +
-                    "     on the curve point to be deleted",
+    ShowMessage(JoinLines({"1st) Switch the the style from the curve in question",
+                           "     from \"Curve solid\" to \"only single points\"",
+                           "2nd) Then click with the LEFT mouse button",
+                           "     on the curve point to be deleted"}),
                 "How to delete a single curve point", Icon::Information);
 }
 

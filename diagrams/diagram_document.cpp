@@ -152,8 +152,8 @@ void FillWithCurves(ProjectState& ps, DiagramDocument& doc) {
     bool anyInside = false;
     LoadPointSets(ps, doc, anyInside);
     if (!anyInside)
-        WarnPointsOutside(std::string("Check if the experimental points fit to this diagram ") +
-                          kCrLf + "or increase the range of the diagram axes");
+        WarnPointsOutside(JoinLines({"Check if the experimental points fit to this diagram ",
+                                     "or increase the range of the diagram axes"}));
 }
 
 // --- the record

@@ -48,8 +48,8 @@ void ShowLegend(DiagramDocument& doc, bool on) {
 
 void mnuAddLegend_Click(DiagramDocument& doc) {
     if (!AnyLegendText(doc.surface)) {
-        ShowMessage(std::string("No legend texts given") + kCrLf + kCrLf + "=> Design curve" +
-                        kCrLf + "=> Design experimental points",
+        ShowMessage(JoinLines({"No legend texts given", "", "=> Design curve",
+                               "=> Design experimental points"}),
                     "Execution not possible", Icon::Critical);
         return;
     }
@@ -61,11 +61,11 @@ void mnuDelLegend_Click(DiagramDocument& doc) {
 }
 
 void mnuDelLegendZeile_Click() {
-    ShowMessage(std::string("How to remove a single line from the legend:") + kCrLf +
-                    "1st:  Go to menu 'Design Exper. points' or 'Design Curve'" + kCrLf +
-                    "2nd:  Select number of point set or curve" + kCrLf +
-                    "3rd:  Delete the legend text ",
-                "Note", Icon::Information);
+    ShowMessage(
+        JoinLines({"How to remove a single line from the legend:",
+                   "1st:  Go to menu 'Design Exper. points' or 'Design Curve'",
+                   "2nd:  Select number of point set or curve", "3rd:  Delete the legend text "}),
+        "Note", Icon::Information);
 }
 
 void txtLegendCurves_Change(DiagramDocument& doc, int slot) {

@@ -150,10 +150,11 @@ void LoadPointSets(ProjectState& ps, DiagramDocument& doc, bool& anyInside) {
 void mnuAddPunkte_Click(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuDelPoints.enabled = doc.mnuDelTotal.enabled = true;
     if (!ps.DiagramOfTk && ps.ModelId != 10 && !HasPointsForDiagram(ps)) {
-        ShowMessage(std::string("For this diagram no c-t points are loaded.") + kCrLf +
-                        "Load concentration data from file or use the Data Editor for manual "
-                        "input.",
-                    "Execution not possible", Icon::Critical);
+        ShowMessage(
+            JoinLines({"For this diagram no c-t points are loaded.",
+                       "Load concentration data from file or use the Data Editor for manual "
+                       "input."}),
+            "Execution not possible", Icon::Critical);
         return;
     }
     bool anyInside = false;
@@ -163,9 +164,10 @@ void mnuAddPunkte_Click(ProjectState& ps, DiagramDocument& doc) {
 }
 
 void WarnPointsOutside(const std::string& advice) {
-    ShowMessage("all experimental points are outside the coordinate range of the diagram" +
-                    std::string(kCrLf) + advice,
-                "WARNING", Icon::Warning);
+    ShowMessage(
+        JoinLines(
+            {"all experimental points are outside the coordinate range of the diagram", advice}),
+        "WARNING", Icon::Warning);
 }
 
 void cmdManuPoints_Click(ProjectState& ps, DiagramDocument& doc) {

@@ -79,12 +79,13 @@ void GrafZentrale(ProjectState& ps, DiagramDocument& doc) {
         ps.Frame.Header = doc.GrafText.header;
         ps.Frame.xTitle = doc.GrafText.xTitle;
         ps.Frame.yTitle = doc.GrafText.yTitle;
+        const PlotBatch batch(doc.surface);
         ShowForm(ps.desktop, doc);
         NamePointSets(ps, doc);
     } catch (const std::exception& error) {
-        ShowMessage(std::string("error occured:") + error.what() + kCrLf + kCrLf +
-                        "If this happens with the first diagram, the plotting component "
-                        "(QCustomPlot) is probably not installed correctly.",
+        ShowMessage(JoinLines({"error occured:" + std::string(error.what()), "",
+                               "If this happens with the first diagram, the plotting component "
+                               "(QCustomPlot) is probably not installed correctly."}),
                     "message from Sub GrafZentrale", Icon::Critical);
     }
 }

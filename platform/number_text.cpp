@@ -405,4 +405,14 @@ bool EndsWith(std::string_view text, std::string_view end) {
     return text.ends_with(end);
 }
 
+std::string JoinLines(std::initializer_list<std::string_view> lines) {
+    std::string text;
+    for (const std::string_view line : lines) {
+        if (&line != lines.begin())
+            text += kCrLf;
+        text += line;
+    }
+    return text;
+}
+
 } // namespace zorvant

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <initializer_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -52,5 +53,7 @@ std::string Trim(std::string_view text);
 bool EndsWith(std::string_view text, std::string_view end);
 
 inline constexpr const char* kCrLf = "\r\n";
+/// The lines with CR LF between them: texts of message boxes.
+std::string JoinLines(std::initializer_list<std::string_view> lines);
 
 } // namespace zorvant
