@@ -1,0 +1,31 @@
+#include "data/frm_comment_input.h"
+
+namespace zorvant {
+
+frmCommentInput::frmCommentInput(ProjectState& state)
+    : Form("frmCommentInput", " File Comment for Project (optional)"), ps(state) {
+    modal = true;
+    helpTopic = 7012;
+    cmdOK.isDefault = true;
+    cmdAbort.isCancel = true;
+    onLoad = [this] {
+        txtDatComm.text = ps.ProjectComment;
+        txtDatComm.selectAll = true;
+        setFocus = &txtDatComm;
+    };
+    // A comment is one line of the file.
+    txtDatComm.onChange = [this] {
+        std::erase_if(txtDatComm.text, [](char c) { return c == '\r' || c == '\n'; });
+    };
+    cmdOK.onClick = [this] {
+        ps.ProjectComment = txtDatComm.text;
+        UnloadForm(ps.desktop, *this);
+    };
+    cmdAbort.onClick = [this] {
+        ps.ProjectComment.clear();
+        UnloadForm(ps.desktop, *this);
+    };
+    Declare();
+}
+
+} // namespace zorvant

@@ -1,0 +1,20 @@
+// Asks for the comment of a project that is being saved.
+#pragma once
+
+#include "engine/project_state.h"
+
+namespace zorvant {
+
+struct frmCommentInput : Form {
+    explicit frmCommentInput(ProjectState& state);
+
+    ProjectState& ps;
+
+    Label lblComment{*this, "lblComment", "Input of a comment text"};
+    TextField txtDatComm{*this, "txtDatComm"};
+    Label lblCancelHint{*this, "lblCancelHint", "<Cancel> = no comment text"};
+    Button cmdOK{*this, "cmdOK", "OK"};
+    Button cmdAbort{*this, "cmdAbort", "Cancel"};
+};
+
+} // namespace zorvant
