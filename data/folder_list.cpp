@@ -84,7 +84,7 @@ std::string FuShortPath(const std::string& path, int width) {
     const auto most = static_cast<std::size_t>(std::max(width, 6));
     if (path.size() <= most)
         return path;
-    const std::size_t rest = path.find_first_of("/\\", path.size() - most + 5);
+    const std::size_t rest = path.find_first_of("/\\", path.size() - most + 6);
     return path.substr(0, 3) + "..." + (rest == std::string::npos ? "" : path.substr(rest));
 }
 

@@ -37,6 +37,7 @@ struct CalcDialog : Form {
     OptionGroup optSpecialScaling{
         *this, "optSpecialScaling", {"A", "B", "C", "P", "Q"}
     };
+    Button cmdReset_k{*this, "cmdReset_k", "Set default values"};
     Frame fraKsi{*this, "fraKsi"};
     Label lblTextKsi_1{*this, "lblTextKsi_1"}, lblTextKsi_2{*this, "lblTextKsi_2"};
     Button cmdShowKsi{*this, "cmdShowKsi"};

@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace zorvant {

@@ -1,0 +1,24 @@
+// The table of a calculated course: shown, copied, saved, printed.
+#pragma once
+
+#include "engine/project_state.h"
+
+namespace zorvant {
+
+struct frmSimTabelle : Form {
+    explicit frmSimTabelle(ProjectState& state);
+
+    ProjectState& ps;
+
+    TextField txtSimTabelle{*this, "txtSimTabelle"};
+    Button cmdClipboard{*this, "cmdClipboard", "Paste to clipboard"};
+    Button cmdSaveTable{*this, "cmdSaveTable", "Write File"};
+    Button cmdPrint{*this, "cmdPrint", "Print Table"};
+    Button cmdCloseSimTab{*this, "cmdCloseSimTab", "Close <Esc>"};
+};
+
+void cmdClipboard_Click(frmSimTabelle& form);
+void cmdSaveTable_Click(frmSimTabelle& form);
+void cmdPrint_Click(frmSimTabelle& form);
+
+} // namespace zorvant
