@@ -1,0 +1,76 @@
+// A project with its diagram window, and a host that answers and records.
+#pragma once
+
+#include "data/exp_data.h"
+#include "diagrams/coordinates.h"
+#include "diagrams/curve_calculation.h"
+#include "diagrams/diagram_legend.h"
+#include "diagrams/diagram_mouse.h"
+#include "diagrams/diagram_points.h"
+#include "diagrams/dispatcher.h"
+#include "diagrams/straight_lines.h"
+#include "engine/arithmetic.h"
+#include "engine/reaction_catalogue.h"
+#include "engine/time_course.h"
+#include "platform/number_text.h"
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvant {
+
+struct Diagram : testing::Test {
+    Diagram() { InitProjectState(ps); }
+
+    ScriptedHost scripted;
+    ProjectState ps;
+    DiagramDocument doc{ps};
+
+    void SetRows(std::vector<ExpPoint> rows) {
+        ps.ExpData.assign(1, {});
+        ps.ExpData.insert(ps.ExpData.end(), rows.begin(), rows.end());
+        ps.ExpPointCount = static_cast<int>(rows.size());
+        FuCheckExpData(ps);
+        FuInitialValuesFromData(ps);
+    }
+
+    /// The course of a model, computed as its dialog does, and its diagram opened anew.
+    void DrawModel(int model, bool rates = false) {
+        ps.ModelId = model;
+        ps.RateDiagram = rates;
+        FuMaskenSetzen(ps, model);
+        ps.DiagramKind = rates ? model + 50 : model;
+        UnloadForm(ps.desktop, doc);
+        bool err = false;
+        calc_diagram_function(ps, model, ps.tMax, err);
+        ASSERT_FALSE(err);
+        GrafZentrale(ps, doc);
+    }
+
+    void Open(int kind) {
+        ps.DiagramKind = kind;
+        UnloadForm(ps.desktop, doc);
+        FuDatenBereiche(ps, kind);
+        GrafZentrale(ps, doc);
+    }
+
+    std::vector<std::string> Messages() const {
+        std::vector<std::string> texts;
+        for (const MessageBox& box : scripted.boxes)
+            texts.push_back(box.title + "|" + box.text);
+        return texts;
+    }
+
+    /// A picture of 400x300 pixels with the plot area at (50, 20).
+    void LayOut() {
+        doc.surface.layout.picture = {0, 0, 400, 300};
+        doc.surface.layout.plotArea = {50, 20, 300, 200};
+    }
+    DataPoint PixelOf(double x, double y) { return *DataToPixel(doc.surface, x, y); }
+};
+
+} // namespace zorvant
