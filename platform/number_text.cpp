@@ -407,10 +407,10 @@ bool EndsWith(std::string_view text, std::string_view end) {
 
 std::string JoinLines(std::initializer_list<std::string_view> lines) {
     std::string text;
-    for (const std::string_view line : lines) {
-        if (&line != lines.begin())
+    for (auto line = lines.begin(); line != lines.end(); ++line) {
+        if (line != lines.begin())
             text += kCrLf;
-        text += line;
+        text += *line;
     }
     return text;
 }

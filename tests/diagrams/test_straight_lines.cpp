@@ -1,0 +1,463 @@
+// Regression against certified sets, evaluations against published measurements and exact laws.
+#include "fixture.h"
+
+namespace zorvant {
+namespace {
+
+// --- certified straight lines
+
+struct CertifiedLine {
+    std::vector<double> coefficients;
+    double residualSd = 0;
+    double r2 = 0; // 0: about zero, not the quantity computed here
+    std::vector<double> x{0}, y{0};
+};
+
+/// A set of tests/diagrams/certified_lines.txt.
+CertifiedLine ReadCertified(const std::string& name) {
+    std::ifstream file(std::string(SOURCE_DIR) + "/tests/diagrams/certified_lines.txt");
+    CertifiedLine set;
+    bool inside = false, points = false;
+    for (std::string line; std::getline(file, line);) {
+        if (!line.starts_with(" "))
+            inside = line.starts_with(name + " ");
+        if (!inside)
+            continue;
+        std::stringstream words(line);
+        if (line.starts_with("  b")) {
+            std::string ignored;
+            double value = 0;
+            words >> ignored >> ignored >> value;
+            set.coefficients.push_back(value);
+        } else if (line.starts_with("  residual")) {
+            std::string a, b, c, d;
+            words >> a >> b >> c >> set.residualSd >> d >> set.r2;
+            if (line.find("about zero") != std::string::npos)
+                set.r2 = 0;
+        } else if (line == "  x y") {
+            points = true;
+        } else if (points && line.starts_with("  ")) {
+            double x = 0, y = 0;
+            words >> x >> y;
+            set.x.push_back(x);
+            set.y.push_back(y);
+        }
+    }
+    return set;
+}
+
+double AgreeingDigits(double value, double certified) {
+    const double error = std::abs(value - certified) / std::abs(certified);
+    return error == 0 ? 16 : -std::log10(error);
+}
+
+/// The fewest agreeing digits of coefficients, residual standard deviation and R^2.
+template <class T> double WorstDigits(const CertifiedLine& set) {
+    const std::vector<T> x(set.x.begin(), set.x.end()), y(set.y.begin(), set.y.end());
+    const std::vector<T> w(x.size(), 1);
+    const int n = static_cast<int>(set.coefficients.size());
+    RegressionMatrix matrix;
+    T sd = 0, relsd = 0, r2 = 0;
+    bool singular = true;
+    FuRegression(x, y, w, n, 2, n == 1 ? 1 : 0, matrix, sd, relsd, r2, singular);
+    EXPECT_FALSE(singular);
+    double worst = AgreeingDigits(static_cast<double>(sd), set.residualSd);
+    for (std::size_t j = 1; j <= set.coefficients.size(); ++j)
+        worst = std::min(
+            worst, AgreeingDigits(matrix[j][set.coefficients.size() + 1], set.coefficients[j - 1]));
+    if (set.r2 != 0)
+        worst = std::min(worst, AgreeingDigits(static_cast<double>(r2), set.r2));
+    return worst;
+}
+
+class CertifiedLines : public testing::TestWithParam<const char*> {};
+
+TEST_P(CertifiedLines, AgreeToNineDigitsAndToFiveThroughSingleLists) {
+    const CertifiedLine set = ReadCertified(GetParam());
+    ASSERT_FALSE(set.coefficients.empty());
+    ASSERT_GE(set.x.size(), 4U);
+    const double inDouble = WorstDigits<double>(set);
+    const double inSingle = WorstDigits<float>(set);
+    EXPECT_GE(inDouble, 9);
+    EXPECT_GE(inSingle, 5);
+    RecordProperty("DigitsDouble", std::to_string(inDouble));
+    RecordProperty("DigitsSingle", std::to_string(inSingle));
+}
+INSTANTIATE_TEST_SUITE_P(Sets, CertifiedLines, testing::Values("Norris", "NoInt1", "NoInt2"));
+
+TEST(Regression, FitsPolynomialsOfEveryTypeAndIgnoresWeightZero) {
+    for (int type = 2; type <= 5; ++type) {
+        std::vector<double> x{0}, y{0}, w{0};
+        for (int i = -6; i <= 6; ++i) {
+            double value = 0;
+            for (int power = 0; power < type; ++power)
+                value += (power + 1) * std::pow(i / 3.0, power);
+            x.push_back(i / 3.0);
+            y.push_back(value);
+            w.push_back(1 + (i & 1));
+        }
+        x.push_back(0.1);
+        y.push_back(1e6);
+        w.push_back(0);
+        RegressionMatrix a;
+        double sd = 0, relsd = 0, r2 = 0;
+        bool singular = true;
+        FuRegression(x, y, w, type, type, 0, a, sd, relsd, r2, singular);
+        EXPECT_FALSE(singular);
+        for (int j = 1; j <= type; ++j)
+            EXPECT_NEAR(a[static_cast<std::size_t>(j)][static_cast<std::size_t>(type) + 1], j, 1e-9)
+                << type;
+        EXPECT_NEAR(r2, 1, 1e-12);
+        EXPECT_NEAR(sd, 0, 1e-9);
+    }
+}
+
+TEST(Regression, SaysWhenThereIsNoUniqueLine) {
+    RegressionMatrix a;
+    float sd = 7, relsd = 7, r2 = 7;
+    bool singular = false;
+    FuRegression({0, 2, 2, 2}, {0, 1, 2, 3}, {0, 1, 1, 1}, 2, 2, 0, a, sd, relsd, r2, singular);
+    EXPECT_TRUE(singular) << "all x equal";
+    EXPECT_EQ(r2, 7.0F);
+    FuRegression({0, 1, 2}, {0, 1, 2}, {0, 0, 0}, 2, 2, 0, a, sd, relsd, r2, singular);
+    EXPECT_TRUE(singular) << "all weights 0";
+    FuRegression({0, 1, 2}, {0, 5, 7}, {0, 1, 1}, 2, 2, 0, a, sd, relsd, r2, singular);
+    EXPECT_FALSE(singular);
+    EXPECT_EQ(r2, 0.0F) << "nothing is left to estimate a deviation from";
+    FuRegression({0, 1, 2, 3}, {0, 5, 5, 5}, {0, 1, 1, 1}, 2, 2, 0, a, sd, relsd, r2, singular);
+    EXPECT_EQ(r2, 0.0F) << "y does not vary";
+}
+
+// --- published measurements
+
+struct Evaluation : Diagram {
+    /// Opens an evaluation as its command does.
+    void Evaluate(int kind, int model) {
+        ps.ModelId = model;
+        ps.DiagramKind = kind;
+        UnloadForm(ps.desktop, doc);
+        FuDatenBereiche(ps, kind);
+        if (kind == kKindLambdaFirstOrder)
+            ps.Memory.RngT = {0, 5000}, ps.Memory.RngLam1 = {-1, 3};
+        if (kind == kKindLambdaSecondOrder)
+            ps.Memory.RngT = {0, 100}, ps.Memory.RngLam2 = {-1, 100};
+        GrafZentrale(ps, doc);
+    }
+    void ExpectResult(const std::string& start, const std::string& end = "") {
+        EXPECT_TRUE(doc.StatusBar2.text.starts_with(start)) << doc.StatusBar2.text;
+        EXPECT_NE(doc.StatusBar2.text.find(end), std::string::npos) << doc.StatusBar2.text;
+    }
+};
+
+std::vector<ExpPoint> Concentrations(std::initializer_list<std::pair<double, double>> list) {
+    std::vector<ExpPoint> rows;
+    for (const auto& [t, c] : list)
+        rows.push_back({.t = t, .cA = c});
+    return rows;
+}
+std::vector<ExpPoint> RateConstants(std::initializer_list<std::pair<double, double>> list) {
+    std::vector<ExpPoint> rows;
+    for (const auto& [T, k] : list)
+        rows.push_back({.T = T, .k = k});
+    return rows;
+}
+
+TEST_F(Evaluation, GivesThePublishedConstantsOfMeasuredCourses) {
+    // N2O5 at 318 K, S. S. Zumdahl, Chemistry: k = 6.93E-3 1/s
+    SetRows(Concentrations({
+        {0,   0.1    },
+        {50,  0.0707 },
+        {100, 0.05   },
+        {200, 0.025  },
+        {300, 0.0125 },
+        {400, 0.00625}
+    }));
+    Evaluate(kKindFirstOrder, 2);
+    EXPECT_NEAR(ps.k[1], 6.93e-3, 0.005e-3);
+    ExpectResult("Result:   k =  0.00693", "  1/s Coefficient of determination R^2 = 1.00000");
+
+    // NO2 at 573 K, T. L. Brown, H. E. LeMay, Chemistry: slope of 1/c 0.543, 2A => P has half of it
+    SetRows(Concentrations({
+        {0,   0.01   },
+        {50,  0.00787},
+        {100, 0.00649},
+        {200, 0.00481},
+        {300, 0.0038 }
+    }));
+    Evaluate(kKindSecondOrder, 3);
+    EXPECT_NEAR(ps.k[1], 0.543 / 2, 0.001);
+    ExpectResult("Result:  k =  0.271", "  L/(s mol) Coefficient");
+
+    // Butadiene, S. S. Zumdahl, Chemistry: slope of 1/c 0.0614 L/(mol s)
+    SetRows(Concentrations({
+        {0,    0.01   },
+        {1000, 0.00625},
+        {1800, 0.00476},
+        {2800, 0.0037 },
+        {3600, 0.00313},
+        {4400, 0.0027 },
+        {5200, 0.00241},
+        {6200, 0.00208}
+    }));
+    ps.TwoSpeciesEqual = true;
+    Evaluate(kKindSecondOrder, 4);
+    EXPECT_NEAR(ps.k[1], 0.0614, 0.0002);
+}
+
+TEST_F(Evaluation, ExtrapolatesTheStartOfATitration) {
+    // Methyl acetate in 1 M HCl, F. Daniels, R. A. Alberty, Physical Chemistry: k = 1.26E-4 1/s,
+    // from a graph; least squares over the same four points give 1.23E-4
+    SetRows({
+        {.t = 339,  .lambda = 26.34F},
+        {.t = 1242, .lambda = 27.8F },
+        {.t = 2745, .lambda = 29.7F },
+        {.t = 4546, .lambda = 31.81F}
+    });
+    ps.LambdaInf = 39.81;
+    FuCheckExpData(ps);
+    ps.LambdaMode = true;
+    Evaluate(kKindLambdaFirstOrder, 2);
+    EXPECT_NEAR(ps.k[1], 1.26e-4, 0.03 * 1.26e-4);
+    ExpectResult("Result:   k =  0.000123", ", lambda(0), extrapol. =  25.76");
+    ps.LambdaZero = 25.8;
+    Evaluate(kKindLambdaFirstOrder, 2);
+    EXPECT_EQ(doc.StatusBar2.text.find("extrapol"), std::string::npos);
+}
+
+TEST_F(Evaluation, GivesThePublishedActivationEnergies) {
+    // N2O5: F. Daniels, E. H. Johnston, J. Am. Chem. Soc. 43 (1921) 53: about 103 kJ/mol
+    SetRows(RateConstants({
+        {273.15, 7.87e-07},
+        {298.15, 3.46e-05},
+        {308.15, 0.000135},
+        {318.15, 0.000498},
+        {328.15, 0.0015  },
+        {338.15, 0.00487 }
+    }));
+    const auto energy = [&](int kind) {
+        Evaluate(kind, 2);
+        const FittedLine line{.a = doc.RegressA, .b = doc.RegressB};
+        const LineResult result = EvaluateLine(ps, kind, line);
+        return kind == kKindArrhenius ? result.EA : result.enthalpy;
+    };
+    const double arrhenius = energy(kKindArrhenius);
+    EXPECT_NEAR(arrhenius, 103, 0.7);
+    ExpectResult("Result: EA/(kJ/mol) = 103.", ",  coeff. of det. R^2= 0.99");
+    // h# = EA - R T at the mean temperature
+    EXPECT_NEAR(energy(kKindEyring), arrhenius - 8.3145e-3 * 308, 0.2);
+
+    // HI: M. Bodenstein, Z. phys. Chem. 29 (1899) 295: about 184 kJ/mol
+    SetRows(RateConstants({
+        {556, 3.52e-07},
+        {575, 1.22e-06},
+        {629, 3.02e-05},
+        {647, 8.59e-05},
+        {666, 0.00022 },
+        {683, 0.000512},
+        {700, 0.00116 },
+        {716, 0.0025  },
+        {781, 0.0395  }
+    }));
+    EXPECT_NEAR(energy(kKindArrhenius), 184, 2.5);
+}
+
+// --- exact laws
+
+TEST_F(Evaluation, FindsTheConstantsThatMadeTheData) {
+    constexpr double kK = 0.03, kA0 = 1, kB0 = 0.4, kRMax = 0.8, kKM = 0.25;
+    const auto expectK = [&](int kind, int model) {
+        Evaluate(kind, model);
+        EXPECT_NEAR(ps.k[1], kK, 2e-5 * kK) << kind;
+    };
+    std::vector<ExpPoint> mixed, wilkinson, saturation, lambda;
+    for (int i = 0; i <= 10; ++i) {
+        const double t = 5.0 * i;
+        const double u = std::exp((kA0 - kB0) * kK * t);
+        const double x = kA0 * kB0 * (1 - u) / (kB0 - u * kA0);
+        mixed.push_back({.t = t, .cA = kA0 - x, .cB = kB0 - x});
+        const double second = kA0 / (1 + kK * kA0 * t);
+        lambda.push_back({.t = t, .lambda = static_cast<float>(10 - 8 * second)});
+        const double s = 0.05 * (i + 1);
+        saturation.push_back({.t = kRMax * s / (kKM + s), .cB = s});
+        // t/U = 1/(k c0^(n-1)) + (n/2) t, which is exact for n = 2
+        wilkinson.push_back({.t = t, .cA = second});
+    }
+    SetRows(mixed);
+    expectK(kKindMixedSecondOrder, 4);
+
+    SetRows(lambda);
+    ps.LambdaInf = 10;
+    ps.c0Data[1] = 1;
+    FuCheckExpData(ps);
+    ps.LambdaMode = true;
+    EXPECT_EQ(ps.LambdaZero, 2);
+    expectK(kKindLambdaSecondOrder, 4);
+    ps.LambdaZero = 0;
+    Evaluate(kKindLambdaSecondOrder, 3);
+    EXPECT_NEAR(ps.k[1], kK / 2, 1e-5 * kK) << "without the start value, 2A => P";
+    ps.LambdaMode = false;
+
+    SetRows(wilkinson);
+    Evaluate(kKindWilkinson, 3);
+    ExpectResult("Result: n = 2.0;  k =  0.03");
+
+    SetRows(saturation);
+    for (const int kind : {kKindEadie, kKindHanesWoolf, kKindLineweaverBurk}) {
+        Evaluate(kind, 10);
+        const LineResult result = EvaluateLine(ps, kind, {.a = doc.RegressA, .b = doc.RegressB});
+        EXPECT_NEAR(result.KM, kKM, 1e-5) << kind;
+        EXPECT_NEAR(result.rMax, kRMax, 1e-5) << kind;
+        ExpectResult("Result: KM =  0.2", " mol/(L s),   Coefficient of determination R^2 = ");
+        EXPECT_TRUE(scripted.boxes.empty());
+    }
+}
+
+TEST_F(Evaluation, WritesItsResultLine) {
+    ps.TimeUnitText = "min";
+    ps.ModelId = 3;
+    ps.c0Data[1] = 2;
+    ps.LambdaZero = 1;
+    ps.LambdaInf = 5;
+    const std::string r = " Coefficient of determination R^2 = 0.98766";
+    struct Row {
+        int kind;
+        FittedLine line;
+        std::string text;
+        bool storesK;
+    };
+    for (const Row& row : std::vector<Row>{
+             {-14,
+              {.a = 0.5, .b = -0.25},
+              "Result: KM =  0.25 mol/L,  r(P)max =  0.5 mol/(L min),  " + r,
+              false                                                                                      },
+             {-13,
+              {.a = 0.5, .b = 4},
+              "Result: KM =  0.125 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
+              false                                                                                      },
+             {-13,
+              {.a = 0.5, .b = 0},
+              "Result: KM =  0 mol/L,  r(P)max =  0 mol/(L min),  " + r,
+              false                                                                                      },
+             {-12,
+              {.a = 4, .b = 2},
+              "Result: KM =  0.5 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
+              false                                                                                      },
+             {-11, {.a = 1, .b = 0.5},                 "Result:   k =  0.25  L/(min mol),  " + r,   true },
+             {-10, {.a = 1, .b = -0.5},                "Result:   k =  0.5  1/min" + r,             true },
+             {-8,
+              {.a = 1, .b = -0.5, .cA0 = 1, .cB0 = 2},
+              "Result:  k =  0.5  L/(min mol)" + r,
+              true                                                                                       },
+             {-7,  {.a = 4, .b = 0.75},                "Result: n = 1.5;  k =  0.1767767" + r,      false},
+             {-6,  {.a = 1, .b = 0.5},                 "Result:  k =  0.25  L/(min mol)" + r,       true },
+             {-5,  {.a = 1, .b = 0.5},                 "Result:   k = -0.5  1/min" + r,             true },
+             {-4,
+              {.a = 23.76, .b = -12000},
+              "Result: h#/(kJ/mol) = 99.77;  s#/(J/mol*K) = 0.0, "
+              "ATTENTION: s# is only correct if [t] = s applies to k, coeff. of det. R^2= 0.98766", false},
+             {-3,
+              {.a = std::log(2e13), .b = -12000},
+              "Result: EA/(kJ/mol) = 99.77;  A =  2E+13,  coeff. of det. R^2= 0.98766",             false},
+    }) {
+        FittedLine line = row.line;
+        line.r2 = 0.987664F;
+        const LineResult result = EvaluateLine(ps, row.kind, line);
+        EXPECT_EQ(result.text, row.text);
+        EXPECT_EQ(result.storesK, row.storesK) << row.kind;
+        line.r2 = 0;
+        EXPECT_EQ(EvaluateLine(ps, row.kind, line).text.find("R^2"), std::string::npos);
+    }
+}
+
+// --- rows that no formula takes
+
+TEST_F(Evaluation, LeavesOutAndCountsRowsThatNoFormulaTakes) {
+    // the first three rows lie on ln k = -5000/T + 20
+    std::vector<ExpPoint> rows;
+    for (const double T : {300.0, 320.0, 350.0})
+        rows.push_back({.T = T, .k = std::exp(20 - 5000 / T)});
+    rows.push_back({.T = 310, .k = 0});
+    rows.push_back({.T = 330, .k = 0, .exclude = -1});
+    SetRows(rows);
+    Evaluate(kKindArrhenius, 2);
+    EXPECT_EQ(doc.RegressLeftOut, 1) << "a switched-off row is not missed";
+    EXPECT_NEAR(doc.RegressB, -5000, 0.1);
+
+    SetRows(Concentrations({
+        {0,  1  },
+        {10, 1  },
+        {20, 0.6},
+        {30, 0.5},
+        {40, 0.4}
+    }));
+    Evaluate(kKindWilkinson, 2);
+    EXPECT_EQ(doc.RegressLeftOut, 1) << "no conversion, U = 0";
+
+    SetRows({
+        {.t = 10, .lambda = 9 },
+        {.t = 20, .lambda = 10},
+        {.t = 30, .lambda = 12},
+        {.t = 5,  .lambda = 8 }
+    });
+    ps.LambdaInf = 10;
+    FuCheckExpData(ps);
+    ps.LambdaMode = true;
+    Evaluate(kKindLambdaFirstOrder, 2);
+    EXPECT_EQ(doc.RegressLeftOut, 2);
+    EXPECT_TRUE(IsHole(GetSeries(doc.surface, kPoints, 1), 2)) << "nor are they drawn";
+    EXPECT_THAT(Messages(), testing::IsEmpty());
+}
+
+TEST_F(Evaluation, CountsASwitchedOffRowForNothing) {
+    std::vector<ExpPoint> rows = Concentrations({
+        {0,  1  },
+        {10, 0.5},
+        {20, 0.3},
+        {30, 0.1}
+    });
+    SetRows(rows);
+    Evaluate(kKindFirstOrder, 2);
+    const double slope = doc.RegressB;
+    const float r2 = doc.RegressR2;
+    rows.insert(rows.begin() + 2, ExpPoint{.t = 15, .cA = 9, .exclude = -1});
+    SetRows(rows);
+    Evaluate(kKindFirstOrder, 2);
+    EXPECT_EQ(doc.RegressB, slope);
+    EXPECT_EQ(doc.RegressR2, r2);
+}
+
+TEST_F(Evaluation, TellsAnErrorOfTheArithmeticAndDrawsNothing) {
+    SetRows({
+        {.t = 1, .cA = 1,   .cB = 0.5},
+        {.t = 2, .cA = 0.8, .cB = 0.3}
+    });
+    ps.k[1] = 0.125;
+    Evaluate(kKindMixedSecondOrder, 4);
+    EXPECT_THAT(Messages(), testing::ElementsAre("Aborted|Critical error occured:\r\nDivision by "
+                                                 "zero\r\nMessage from CalcCurve"))
+        << "no row at t = 0";
+    EXPECT_EQ(scripted.boxes[0].icon, Icon::Critical);
+    EXPECT_EQ(ps.k[1], 0.125);
+    EXPECT_EQ(ps.CurveCount, 0);
+    EXPECT_EQ(GetPointCount(doc.surface, kLines, 1), 0);
+    EXPECT_EQ(scripted.waitDepth, 0);
+}
+
+TEST_F(Evaluation, DrawsTheLineOverTheWholeFrameAndOneStepBeyond) {
+    SetRows(Concentrations({
+        {0,  1   },
+        {10, 0.5 },
+        {20, 0.25}
+    }));
+    Evaluate(kKindFirstOrder, 2);
+    const PlotSeries& line = GetSeries(doc.surface, kLines, 1);
+    EXPECT_EQ(line.x.front(), static_cast<double>(ps.Frame.xMin));
+    EXPECT_GT(line.x.back(), static_cast<double>(ps.Frame.xMax));
+    EXPECT_NEAR(static_cast<double>(line.x.size()), 122, 1);
+    for (std::size_t i = 0; i < line.x.size(); ++i)
+        EXPECT_NEAR(line.y[i], doc.RegressA + doc.RegressB * line.x[i], 1e-6);
+    EXPECT_EQ(GetPointCount(doc.surface, kPoints, 1), 3) << "line and points stand together";
+}
+
+} // namespace
+} // namespace zorvant
