@@ -218,7 +218,7 @@ TEST_F(Evaluation, ExtrapolatesTheStartOfATitration) {
     ps.LambdaMode = true;
     Evaluate(kKindLambdaFirstOrder, 2);
     EXPECT_NEAR(ps.k[1], 1.26e-4, 0.03 * 1.26e-4);
-    ExpectResult("Result:   k =  0.000123", ", lambda(0), extrapol. =  25.76");
+    ExpectResult("Result:   k =  0.00012299", ", lambda(0), extrapol. =  25.76");
     ps.LambdaZero = 25.8;
     Evaluate(kKindLambdaFirstOrder, 2);
     EXPECT_EQ(doc.StatusBar2.text.find("extrapol"), std::string::npos);
