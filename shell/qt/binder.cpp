@@ -128,6 +128,8 @@ void Binder::PushAll() {
 void Binder::Push() {
     if (detached_)
         return;
+    if (form_.onRefresh)
+        form_.onRefresh();
     if (const QString title = ToQt(form_.caption).trimmed(); root_.windowTitle() != title)
         root_.setWindowTitle(title);
     if (root_.isEnabled() != form_.enabled)

@@ -1,0 +1,504 @@
+#include "shell/commands.h"
+
+#include "data/exp_data.h"
+#include "data/exp_file.h"
+#include "data/project_file.h"
+#include "engine/calc_dialog.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/number_text.h"
+#include "shell/project_status.h"
+#include "shell/protocol_name.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+
+namespace zorvant {
+namespace {
+
+constexpr const char* kTitle =
+    "ZORVANT-4     Kinetics of Homogeneous Chemical Reactions - Reactors, Simulations and "
+    "Evaluation of Experiments";
+constexpr const char* kNotYet = "not yet available";
+constexpr int kHelpMainWindow = 10250, kHelpFirstSteps = 11223;
+constexpr int kEnzymeModel = 10;
+
+// ---------------------------------------------------------------- small steps of the commands
+
+std::string Lines(std::initializer_list<const char*> lines) {
+    std::string text;
+    for (const char* line : lines)
+        text.append(text.empty() ? "" : kCrLf).append(line);
+    return text;
+}
+
+void Unload(MDIZOR& form, const char* name) {
+    if (Form* const open = FindForm(form.ps.desktop, name))
+        UnloadForm(form.ps.desktop, *open);
+}
+
+void Show(MDIZOR& form, const char* name) {
+    if (Form* const known = FindForm(form.ps.desktop, name))
+        ShowForm(form.ps.desktop, *known);
+}
+
+void PressIn(MDIZOR& form, const char* dialog, const char* button) {
+    const Form* const open = FindForm(form.ps.desktop, dialog);
+    if (open == nullptr || !open->loaded)
+        return;
+    for (Control* control : open->controls)
+        if (control->name == button && control->kind == Kind::Button)
+            Press(static_cast<Button&>(*control));
+}
+
+void Enable(MDIZOR& form, std::initializer_list<const char*> names) {
+    for (const char* name : names)
+        form.Entry(name).enabled = true;
+}
+
+void EnableTools(MDIZOR& form, std::initializer_list<int> indices) {
+    for (const int index : indices)
+        form.Tool(index).enabled = true;
+}
+
+// ---------------------------------------------------------------- the commands
+
+/// What an entry does that opens no dialog of the sets, presses no button and shows no help.
+struct Command {
+    const char* control;
+    const char* form; ///< the dialog that it needs; null: none
+    void (*run)(MDIZOR&);
+    const char* whyDisabled;
+};
+
+constexpr const char* kNeedsData = "no experimental data loaded";
+constexpr const char* kNeedsProject = "no project or session loaded yet";
+
+template <int Tool> void OpenCalculator(MDIZOR& form) {
+    form.ps.kTFunction = Tool;
+    form.ps.FitMode = 0;
+    Unload(form, "frmArrheniusRechner");
+    Show(form, "frmArrheniusRechner");
+}
+void OpenModelDialog(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    Show(form, "frmZorModel");
+}
+void OpenXYEditor(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    Show(form, "frmZXYEditor");
+}
+void ShowStatus(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    ShowProjectStatus(form.ps, form.ps.DataFilePath);
+}
+/// The window list is filled where the windows are.
+void OpenWindowList(MDIZOR&) {}
+
+constexpr Command kCommands[] = {
+    {"mnuLoadLastSession", nullptr,               mnuLoadLastSession_Click, ""           },
+    {"mnuLoadProject",     nullptr,               mnuLoadProject_Click,     ""           },
+    {"mnuSaveProject",     nullptr,               mnuSaveProject_Click,     kNeedsProject},
+    {"mnuStatus",          nullptr,               ShowStatus,               ""           },
+    {"mnuNeudat",          "frmDatedit",          mnuNeudat_Click,          ""           },
+    {"mnuEditDat",         "frmDatedit",          mnuEditDat_Click,         kNeedsData   },
+    {"mnuEditXY",          "frmZXYEditor",        OpenXYEditor,             ""           },
+    {"mnuExit",            nullptr,               mnuExit_Click,            ""           },
+    {"mnuModel",           "frmZorModel",         OpenModelDialog,          ""           },
+    {"mnuToolArrhenius",   "frmArrheniusRechner", OpenCalculator<1>,        ""           },
+    {"mnuToolEyring",      "frmArrheniusRechner", OpenCalculator<2>,        ""           },
+    {"mnuConvertTool1W",   nullptr,               mnuConvertTool1W_Click,   ""           },
+    {"mnuFenster",         nullptr,               OpenWindowList,           ""           },
+    {"mnuHilfeHinweis",    nullptr,               mnuHilfeHinweis_Click,    ""           },
+    {"mnuProjektInfo",     nullptr,               ShowStatus,               ""           },
+    {"mnuInfo",            nullptr,               mnuInfo_Click,            ""           },
+};
+
+const Command* CommandOf(std::string_view control) {
+    const auto* const found = std::ranges::find_if(
+        kCommands, [&](const Command& command) { return control == command.control; });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+const PopupRow* PopupOf(std::string_view control) {
+    const auto rows = PopupRows();
+    const auto found =
+        std::ranges::find_if(rows, [&](const PopupRow& row) { return control == row.control; });
+    return found == rows.end() ? nullptr : &*found;
+}
+
+/// The dialog without which a command can do nothing; null when it needs none.
+const char* NeededForm(std::string_view control) {
+    if (const DialogSet* const set = DialogSetOf(control))
+        return set->opens;
+    if (const PopupRow* const row = PopupOf(control))
+        return row->form;
+    const Command* const command = CommandOf(control);
+    return command == nullptr ? nullptr : command->form;
+}
+
+/// Gives the entry of each row the command of its table.
+void WireCommands(MDIZOR& form) {
+    for (const Command& command : kCommands) {
+        MenuEntry& entry = form.Entry(command.control);
+        entry.disabledTip = command.whyDisabled;
+        entry.onClick = [&form, &command] { command.run(form); };
+    }
+    for (const DialogSet& set : DialogSets())
+        form.Entry(set.command).onClick = [&form, &set] { OpenDialogSet(form, set); };
+    for (const PopupRow& row : PopupRows())
+        form.Entry(row.control).onClick = [&form, &row] { PressIn(form, row.form, row.button); };
+    for (const HelpRow& row : HelpRows())
+        form.Entry(row.control).onClick = [&row] { host().showHelp(row.topic); };
+    for (const ToolRow& row : MainToolbar()) {
+        Button& tool = form.Tool(row.index);
+        MenuEntry& entry = form.Entry(row.command);
+        tool.disabledTip = entry.disabledTip;
+        tool.onClick = [&entry] { entry.onClick(); };
+    }
+}
+
+/// The evaluations that a model allows, by the index of their entries.
+struct Evaluations {
+    int modelId;
+    int index;
+    bool nonIsothermal;
+};
+constexpr Evaluations kEvaluations[] = {
+    {2, 1, true },
+    {3, 2, true },
+    {4, 3, false},
+};
+
+void ModelChanged(MDIZOR& form) {
+    for (const Evaluations& each : kEvaluations) {
+        const bool on = form.ps.ModelId == each.modelId;
+        const std::string index = "_" + std::to_string(each.index);
+        form.Entry("mnuctAusw" + index).enabled = on;
+        form.Entry("mnuLambdaAusw" + index).enabled = on;
+        if (each.nonIsothermal)
+            form.Entry("mnuNonIsothermFitting" + index).enabled = on;
+    }
+    form.Entry("mnuMichMent").enabled = form.ps.ModelId == kEnzymeModel;
+}
+
+void SetDisabledTips(MDIZOR& form) {
+    for (int i = 1; i <= 3; ++i) {
+        const std::string index = "_" + std::to_string(i);
+        for (const char* entry : {"mnuctAusw", "mnuLambdaAusw", "mnuNonIsothermFitting"})
+            if (i < 3 || std::string_view(entry) != "mnuNonIsothermFitting")
+                form.Entry(entry + index).disabledTip = "the selected kinetic model is another one";
+    }
+    form.Entry("mnuMichMent").disabledTip = "only for the MICHAELIS-MENTEN enzyme reaction";
+}
+
+void OpenReactorMenu(const MDIZOR& form) {
+    if (form.ps.ModelId == 0)
+        ShowMessage("First select a kinetic model!", "Execution not possible", Icon::Critical);
+}
+
+void OpenTangentMenu(MDIZOR& form) {
+    for (int slot = 1; slot <= kSpecies; ++slot)
+        form.Entry("mnuSubTangente_" + std::to_string(slot)).enabled =
+            form.ps.ColumnHasData[static_cast<std::size_t>(slot)];
+}
+
+/// Steps 3 to 5 of the load commands.
+void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
+                       const std::string& heading) {
+    Enable(form, {"mnuNeudat", "mnuSaveProject"});
+    EnableTools(form, {14, 8});
+    if (!dataFile.empty()) {
+        Enable(form, {"mnuEditDat"});
+        EnableTools(form, {16});
+    }
+    LoadDataOfProject(form.ps, path, dataFile);
+    ReopenModelDialog(form);
+    ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
+}
+
+} // namespace
+
+// ---------------------------------------------------------------- the record
+
+MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
+    helpTopic = kHelpMainWindow;
+    menu = MainMenu();
+    for (const MenuRow& row : MainMenu()) {
+        entries.push_back(std::make_unique<MenuEntry>(*this, row.control, row.caption));
+        entries.back()->helpTopic = row.helpTopic;
+    }
+    for (const ToolRow& row : MainToolbar()) {
+        const std::string control = "Toolbar1_" + std::to_string(row.index);
+        tools.push_back(std::make_unique<Button>(*this, control, row.text));
+        tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
+    }
+    WireCommands(*this);
+    SetDisabledTips(*this);
+    cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
+    cmdErstnutzer.onClick = [] { host().showHelp(kHelpFirstSteps); };
+
+    for (const char* hiddenMenu : {"mnuOptionenTools", "mnuEdit1", "mnuEdit2"})
+        Entry(hiddenMenu).visible = false;
+    // It does the same as 14; without it the data editor is the fifth icon, as the status box says.
+    Tool(2).visible = false;
+    Entry("mnuctAusw_4").enabled = false;
+    Entry("mnuReaktor").onOpen = [this] { OpenReactorMenu(*this); };
+    Entry("mnuExpctAuswertung").onOpen = [this] { ps.LambdaMode = false; };
+    Entry("mnuCalcTangente").onOpen = [this] { OpenTangentMenu(*this); };
+    for (const char* index : {"1", "2"})
+        Entry(std::string("mnuEdit") + index).onOpen = [this, index] {
+            Entry(std::string("mnuPaste") + index).enabled = host().clipboardText().has_value();
+        };
+
+    onLoad = [this] { MDIZOR_Load(*this); };
+    onModelChanged = [this] { ModelChanged(*this); };
+    onRefresh = [this] { lblStatus.text = StatusLine(ps); };
+    Declare();
+}
+
+MenuEntry& MDIZOR::Entry(const std::string& control) {
+    const auto found =
+        std::ranges::find_if(entries, [&](const auto& entry) { return entry->name == control; });
+    if (found == entries.end())
+        throw std::out_of_range("menu entry " + control);
+    return **found;
+}
+
+Button& MDIZOR::Tool(int index) {
+    const std::string wanted = "Toolbar1_" + std::to_string(index);
+    const auto found =
+        std::ranges::find_if(tools, [&](const auto& tool) { return tool->name == wanted; });
+    if (found == tools.end())
+        throw std::out_of_range(wanted);
+    return **found;
+}
+
+void UpdateAvailability(MDIZOR& form) {
+    const auto exists = [&](const char* control) {
+        const char* const needed = NeededForm(control);
+        return needed == nullptr || FindForm(form.ps.desktop, needed) != nullptr;
+    };
+    const auto rows = MainMenu();
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        MenuEntry& entry = *form.entries[i];
+        const bool isMenu = i + 1 < rows.size() && rows[i + 1].level > rows[i].level;
+        const bool isLine = std::string_view(rows[i].caption) == "-";
+        entry.available = isMenu || isLine || (entry.onClick && exists(rows[i].control));
+    }
+    for (std::size_t i = 0; i < form.tools.size(); ++i)
+        form.tools[i]->available = exists(MainToolbar()[i].command);
+    for (Control* control : form.controls)
+        if (!control->available)
+            control->disabledTip = kNotYet;
+}
+
+// ---------------------------------------------------------------- start-up
+
+void MDIZOR_Load(MDIZOR& form) {
+    ProjectState& ps = form.ps;
+    InitProjectState(ps);
+    for (const int index : {8, 16})
+        form.Tool(index).enabled = false;
+    form.Entry("mnuEditDat").enabled = false;
+    ps.ProtocolFile = NextProtocolName(
+        ps.ProgramDir, form.protocolDate.empty() ? DateDigits() : form.protocolDate);
+    for (const StartPosition& place : StartPositions())
+        if (Form* const dialog = FindForm(ps.desktop, place.form)) {
+            dialog->left = place.left;
+            dialog->top = place.top;
+        }
+    UpdateAvailability(form);
+    ModelChanged(form);
+    Show(form, "frmZorModel");
+}
+
+void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
+    ProjectState& ps = form.ps;
+    ps.ProjectFile = commandLine;
+    std::erase(ps.ProjectFile, '"');
+    if (ps.ProjectFile.empty())
+        return;
+    const std::string path = ps.ProjectFile;
+    std::string dataFile;
+    bool ok = false;
+    FuLoadProjectFile(ps, path, dataFile, ok);
+    if (!ok) {
+        ps.ProjectFile.clear();
+        ReopenModelDialog(form);
+        return;
+    }
+    ps.ProjectTitle = FileName(path);
+    ps.ProjectDir = DirectoryOf(path);
+    if (dataFile.empty()) {
+        Enable(form, {"mnuSaveProject"});
+        EnableTools(form, {8});
+        ReopenModelDialog(form);
+        return;
+    }
+    TakeLoadedProject(form, path, dataFile, "");
+}
+
+bool CanOpenDropped(const std::string& path) {
+    return EndsWith(UpperCase(path), ".ZC3");
+}
+
+void OpenDropped(MDIZOR& form, const std::string& path) {
+    if (!CanOpenDropped(path))
+        return;
+    Unload(form, "frmBlutalkohol");
+    std::string dataFile;
+    bool ok = false;
+    FuLoadProjectFile(form.ps, path, dataFile, ok);
+    if (!ok)
+        return;
+    form.ps.ProjectFile = path;
+    form.ps.ProjectTitle = FileName(path);
+    form.ps.ProjectDir = DirectoryOf(path);
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
+}
+
+// ---------------------------------------------------------------- dialogs
+
+void ReopenModelDialog(MDIZOR& form) {
+    Unload(form, "frmZorModel");
+    Show(form, "frmZorModel");
+}
+
+void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
+    ProjectState& ps = form.ps;
+    Form* const opened = FindForm(ps.desktop, set.opens);
+    if (opened == nullptr)
+        return;
+    if (set.refusesEnzyme && ps.ModelId == kEnzymeModel) {
+        ShowMessage("Sorry, under construction", "Execution not possible", Icon::Critical);
+        return;
+    }
+    if (Form* const model = FindForm(ps.desktop, "frmZorModel"); model && set.hidesModelDialog)
+        HideForm(*model);
+    for (const char* name : set.closes)
+        if (name != nullptr)
+            Unload(form, name);
+    ps.IsTubular = set.isTubular.value_or(ps.IsTubular);
+    ps.IsCSTR = set.isCSTR.value_or(ps.IsCSTR);
+    ps.IsCascade = set.isCascade.value_or(ps.IsCascade);
+    ps.RateDiagram = set.rateDiagram.value_or(ps.RateDiagram);
+    if (set.clearsFitMode)
+        ps.FitMode = 0;
+    ShowForm(ps.desktop, *opened);
+    if (set.presses != nullptr)
+        PressIn(form, set.opens, set.presses);
+    auto* const calculation = dynamic_cast<CalcDialog*>(opened);
+    if (calculation == nullptr || !opened->loaded)
+        return;
+    // Both show the same model: the model dialog adapts the calculation dialog as it opens.
+    ReopenModelDialog(form);
+    ShowForm(ps.desktop, *opened);
+    if (calculation->onInit)
+        calculation->onInit();
+}
+
+// ---------------------------------------------------------------- projects, data, exit
+
+void mnuLoadLastSession_Click(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    std::string dataFile;
+    bool ok = false;
+    FuLoadProjectFile(form.ps, form.ps.LastSessionFile, dataFile, ok);
+    if (!ok)
+        return;
+    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "");
+}
+
+void mnuLoadProject_Click(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    std::string path, dataFile;
+    bool ok = false, cancelled = false;
+    FuLoadProjectDialog(form.ps, path, dataFile, ok, cancelled);
+    if (cancelled || !ok)
+        return;
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
+}
+
+void mnuSaveProject_Click(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    FuSaveProjectDialog(form.ps);
+}
+
+void mnuNeudat_Click(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    ProjectState& ps = form.ps;
+    const std::string question =
+        Lines({"New data input is expected;", "an existing set of data will be deleted.", "",
+               "Would you like that?"});
+    if (ps.ExpPointCount > 0 &&
+        Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
+        return;
+    FuClearExpData(ps);
+    ps.ExpData.assign(2, {});
+    ps.LambdaInf = ps.LambdaZero = 0;
+    FuCheckExpData(ps);
+    Unload(form, "frmDatedit");
+    Show(form, "frmDatedit");
+}
+
+void mnuEditDat_Click(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    if (form.ps.ExpPointCount > 0)
+        Show(form, "frmDatedit");
+}
+
+void mnuExit_Click(MDIZOR& form) {
+    if (form.exiting)
+        return;
+    form.exiting = true;
+    ProjectState& ps = form.ps;
+    if (ps.ExpDataChanged && ps.ExpPointCount > 0) {
+        std::string file;
+        bool cancelled = false;
+        AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
+    }
+    FuSaveProjectFile(ps, ps.LastSessionFile);
+    const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
+                                     ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
+                                     : ps.ProtocolFile;
+    std::error_code error;
+    if (!ps.ProtocolFile.empty() && std::filesystem::is_regular_file(protocol, error) &&
+        std::filesystem::file_size(protocol, error) == 0)
+        std::filesystem::remove(protocol, error);
+    // Closing is a stop to whatever still runs in a dialog.
+    const std::vector<Form*> open = ps.desktop.order;
+    for (auto each = open.rbegin(); each != open.rend(); ++each)
+        if (*each != &form)
+            UnloadForm(ps.desktop, **each);
+    host().closeHelp();
+    host().quit();
+}
+
+void mnuConvertTool1W_Click(MDIZOR& form) {
+    const std::string program = JoinPath(form.ps.ProgramDir, "ConvertTool1W_E.EXE");
+    if (!host().startProgram(program))
+        ShowMessage(Lines({"The unit converter can't be started:", program.c_str()}),
+                    "Execution not possible", Icon::Critical);
+}
+
+void mnuHilfeHinweis_Click(MDIZOR&) {
+    const std::string text =
+        Lines({"Die umfangreiche HTML-Hilfe ist ein wichtiger", "Bestandteil des Programms.", "",
+               "Wenn die Hilfe nicht funktionieren sollte:",
+               "   Überprüfen Sie zuerst, ob die Hilfe-Datei ZORVANT.CHM",
+               "   im ZORVANT-Arbeitsverzeichnis existiert.", "",
+               "   Überprüfen Sie dann im Datei-Explorer, ob Ihr",
+               "   Windows-System überhaupt CHM-Dateien starten kann.",
+               "   (Achtung: Es gibt Programme, die sinnloserweise die",
+               "   Datei-Extension CHM für andere Zwecke verwenden.) "});
+    ShowMessage(text, "Hinweis zur HTML-Hilfe", Icon::Information);
+}
+
+void mnuInfo_Click(MDIZOR& form) {
+    ShowMessage(Lines({form.caption.c_str(), "", "Version " ZORVANT_VERSION}), "ZORVANT-4",
+                Icon::Information);
+}
+
+} // namespace zorvant
