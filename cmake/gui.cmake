@@ -10,6 +10,7 @@ if(qtSources)
     AUTOUIC_SEARCH_PATHS ${CMAKE_SOURCE_DIR}/shell/qt/forms)
   target_compile_definitions(zorvant_qt PUBLIC QT_NO_CAST_TO_ASCII QT_USE_QSTRINGBUILDER
     QCUSTOMPLOT_USE_LIBRARY)
+  target_compile_definitions(zorvant_qt PRIVATE ZORVANT_HELP_DIR="${CMAKE_SOURCE_DIR}/help")
   target_precompile_headers(zorvant_qt PRIVATE <QtWidgets>)
   target_link_libraries(zorvant_qt PUBLIC zorvant_shell Qt6::Widgets Qt6::PrintSupport Qt6::Svg
     QCustomPlotQt6::QCustomPlotQt6)

@@ -25,6 +25,16 @@ public:
     QSize NeededSize() const {
         return widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
     }
+    std::function<void()> onNeededSize; ///< the contents may want another size
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool changed = watched == widget() && event->type() == QEvent::LayoutRequest;
+        const bool done = QScrollArea::eventFilter(watched, event);
+        if (changed && onNeededSize)
+            onNeededSize();
+        return done;
+    }
 };
 
 /// A sub-window that asks before it closes.
@@ -62,6 +72,19 @@ private:
     bool& flag_;
     bool before_;
 };
+
+/// Lets the layouts of a window that was never shown take notice of the texts that have been written
+/// into it, from the innermost one outwards; the toolkit does so only for what is seen.
+void MeasureAnew(QWidget& widget) {
+    widget.ensurePolished();
+    for (QObject* child : widget.children())
+        if (child->isWidgetType())
+            MeasureAnew(static_cast<QWidget&>(*child));
+    if (widget.layout() != nullptr) {
+        widget.layout()->invalidate();
+        widget.layout()->activate();
+    }
+}
 
 QWidget* Build(const Form& form, const WidgetFactory& factory) {
     QWidget* const root = factory();
@@ -225,10 +248,16 @@ void FormWindows::OpenWindow(Entry& entry) {
         entry.frame = window;
         entry.asked = {0, 0};
 
+        MeasureAnew(*root);
         const QSize room = area_.viewport()->size();
         const QSize border = window->sizeHint() - scroll->sizeHint();
         const QSize needed = scroll->NeededSize() + border;
-        window->setMinimumSize(needed.boundedTo(room.expandedTo({kLeastWidth, kLeastHeight})));
+        const auto keepWhole = [this, window, scroll, border] {
+            const QSize most = area_.viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
+            window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
+        };
+        keepWhole();
+        scroll->onNeededSize = keepWhole;
         QSize size = (scroll->sizeHint() + border).expandedTo(needed);
         if (form.width > 0)
             size.setWidth(std::max(form.width / kTwipsPerPixel, window->minimumWidth()));

@@ -1,0 +1,75 @@
+#include "shell/qt/application.h"
+
+#include "data/frm_comment_input.h"
+#include "data/frm_z_cmn_dlg.h"
+#include "data/project_file.h"
+#include "engine/frm_zor_model.h"
+#include "platform/host.h"
+#include "shell/qt/qt_host.h"
+#include "shell/qt/qt_text.h"
+
+#include "ui_frmCommentInput.h"
+#include "ui_frmZCmnDlg.h"
+#include "ui_frmZorModel.h"
+#include "ui_frmmatrix.h"
+
+#include <QtWidgets>
+
+/// The drawings stand in a library, so they are linked in by name (outside every namespace).
+static void UseDrawings() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace zorvant {
+
+template <class Dialog, class Ui> Dialog& Application::Register(Placement placement) {
+    auto made = std::make_unique<Dialog>(ps_);
+    Dialog& dialog = *made;
+    forms_.push_back(std::move(made));
+    windows().Add(dialog, FromUi<Ui>(), placement);
+    return dialog;
+}
+
+/// The table of forms: a dialog that stands here exists, and the commands that open it can be used.
+void Application::RegisterForms() {
+    Register<frmZorModel, Ui::frmZorModel>(Placement::BesideOthers);
+    Register<frmmatrix, Ui::frmmatrix>(Placement::RightEdge);
+    auto& files = Register<frmZCmnDlg, Ui::frmZCmnDlg>();
+    auto& comment = Register<frmCommentInput, Ui::frmCommentInput>();
+
+    fileDialogHook() = [&files](FileQuestion& question) { AskForFile(files, question); };
+    commentQuestion() = [&comment](ProjectState& ps) { ShowForm(ps.desktop, comment); };
+}
+
+Application::Application() {
+    InstallQtHost();
+    UseDrawings();
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/zorvant.svg")));
+    window_ = std::make_unique<MainWindow>(record_);
+    ps_.desktop.forms.push_back(&record_);
+    RegisterForms();
+}
+
+Application::~Application() = default;
+
+void Application::Start(const std::string& commandLine) {
+    window_->Open();
+    ShowForm(ps_.desktop, record_);
+    Binder::PushAll();
+    if (commandLine.empty())
+        return;
+    // Boxes that loading may show need the window behind them.
+    QTimer::singleShot(0, window_.get(), [this, commandLine] {
+        Binder::Run(nullptr, [&] { OpenCommandLine(record_, commandLine); });
+    });
+}
+
+int RunWindow(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("ZORVANT"));
+    Application program;
+    program.Start(FromQt(QCoreApplication::arguments().mid(1).join(u' ')));
+    return QApplication::exec();
+}
+
+} // namespace zorvant

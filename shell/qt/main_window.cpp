@@ -1,0 +1,207 @@
+#include "shell/qt/main_window.h"
+
+#include "platform/host.h"
+#include "shell/qt/help_viewer.h"
+#include "shell/qt/menus.h"
+#include "shell/qt/qt_text.h"
+
+#include <QProxyStyle>
+#include <QtWidgets>
+
+namespace zorvant {
+namespace {
+
+constexpr QSize kLeastSize(480, 320);
+constexpr QSize kStartSize(1360, 860);
+constexpr double kScreenPart = 0.92; ///< of the screen that the window takes at most when it opens
+constexpr int kSmallScreen = 1440;   ///< up to this width the window opens in full size
+constexpr int kMenuSpacing = 3;      ///< pixels between titles of the menu bar, see below
+constexpr int kGroundDarker = 112;   ///< work area against the windows' ground, per cent
+constexpr int kToolIcon = 24;
+
+/// The menu bar has many long titles; a little less room between them lets all stand side by side
+/// on a screen of 1280 pixels.
+class CompactMenuStyle : public QProxyStyle {
+public:
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override {
+        return metric == PM_MenuBarItemSpacing ? kMenuSpacing
+                                               : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+
+QMenu* MenuOf(QMainWindow& window, const std::string& control) {
+    auto* const action = window.findChild<QAction*>(ToQt(control));
+    return action == nullptr ? nullptr : action->menu();
+}
+
+/// The file of a drag, when it is one that the window opens.
+QString OpenableFile(const QMimeData& data) {
+    if (data.urls().size() != 1 || !data.urls().constFirst().isLocalFile())
+        return {};
+    const QString path = data.urls().constFirst().toLocalFile();
+    return CanOpenDropped(FromQt(path)) ? path : QString();
+}
+
+} // namespace
+
+MainWindow::MainWindow(MDIZOR& record) : record_(record), area_(new QMdiArea) {
+    setObjectName(ToQt(record.name));
+    area_->setObjectName(QStringLiteral("area"));
+    area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+    setCentralWidget(area_);
+    area_->setBackground(palette().color(QPalette::Window).darker(kGroundDarker));
+    menuBar()->setNativeMenuBar(false);
+    auto* const compact = new CompactMenuStyle;
+    compact->setParent(menuBar());
+    menuBar()->setStyle(compact);
+    BuildMenuBar(*menuBar(), record.menu);
+    BuildWindowList();
+    BuildToolbar();
+    BuildFoot();
+    setAcceptDrops(true);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    setMinimumSize(kLeastSize);
+    resize(kStartSize.boundedTo(screen()->availableSize() * kScreenPart));
+
+    windows_ = std::make_unique<FormWindows>(record.ps.desktop, *area_);
+    new Binder(record, *this);
+    ConnectHost();
+}
+
+MainWindow::~MainWindow() {
+    host().showHelp = [](int) {};
+    host().closeHelp = [] {};
+    host().popupMenu = [](MenuEntry&) {};
+}
+
+void MainWindow::Open() {
+    if (screen()->availableSize().width() <= kSmallScreen)
+        showMaximized();
+    else
+        show();
+    // Dialogs are placed by the size of the work area, so it gets its size now.
+    QCoreApplication::sendPostedEvents();
+    layout()->activate();
+}
+
+HelpViewer& MainWindow::help() {
+    if (!help_)
+        help_ = std::make_unique<HelpViewer>(HelpViewer::FindDirectory());
+    return *help_;
+}
+
+void MainWindow::ConnectHost() {
+    host().showHelp = [this](int topic) { help().ShowTopic(topic); };
+    host().closeHelp = [this] {
+        if (help_)
+            help_->close();
+    };
+    host().popupMenu = [this](MenuEntry& entry) {
+        Binder::PushAll();
+        if (QMenu* const menu = MenuOf(*this, entry.name))
+            menu->exec(QCursor::pos()); // its open event runs as it is about to show
+    };
+    auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
+    connect(f1, &QShortcut::activated, this, [this] {
+        const Form* const active = windows_->ActiveForm();
+        const int topic = active == nullptr ? 0 : active->helpTopic;
+        host().showHelp(topic != 0 ? topic : record_.helpTopic);
+    });
+}
+
+void MainWindow::BuildToolbar() {
+    auto* const bar = addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("Toolbar1"));
+    bar->setMovable(false);
+    bar->setIconSize({kToolIcon, kToolIcon});
+    int last = 0;
+    for (const ToolRow& row : MainToolbar()) {
+        // Neighbours of one group are two apart.
+        if (last != 0 && row.index > last + 2)
+            bar->addSeparator();
+        last = row.index;
+        auto* const tool = new QToolButton;
+        tool->setObjectName(QStringLiteral("Toolbar1_%1").arg(row.index));
+        tool->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(row.icon))));
+        tool->setAccessibleName(QString::fromLatin1(row.text));
+        tool->setAutoRaise(true);
+        tool->setFocusPolicy(Qt::TabFocus);
+        bar->addWidget(tool);
+    }
+}
+
+void MainWindow::BuildFoot() {
+    auto* const foot = new QFrame;
+    foot->setObjectName(QStringLiteral("Picture2"));
+    auto* const row = new QHBoxLayout(foot);
+    row->setContentsMargins(4, 2, 4, 2);
+    auto* const first = new QPushButton;
+    first->setObjectName(QStringLiteral("cmdErstnutzer"));
+    first->setIcon(QIcon(QStringLiteral(":/icons/first_steps.svg")));
+    auto* const status = new QLabel;
+    status->setObjectName(QStringLiteral("lblStatus"));
+    row->addWidget(first);
+    row->addSpacing(12);
+    row->addWidget(status, 1);
+    status->setMinimumWidth(0);
+    status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addPermanentWidget(foot, 1);
+}
+
+void MainWindow::BuildWindowList() {
+    auto* const action = findChild<QAction*>(QStringLiteral("mnuFenster"));
+    auto* const menu = new QMenu(menuBar());
+    action->setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] { FillWindowList(*menu); });
+}
+
+void MainWindow::FillWindowList(QMenu& menu) {
+    menu.clear();
+    menu.addAction(tr("&Cascade"), area_, &QMdiArea::cascadeSubWindows);
+    menu.addAction(tr("&Tile"), area_, &QMdiArea::tileSubWindows);
+    menu.addAction(tr("C&lose"), QKeySequence::Close, area_, &QMdiArea::closeActiveSubWindow)
+        ->setEnabled(area_->activeSubWindow() != nullptr);
+    menu.addAction(tr("&Next"), QKeySequence::NextChild, area_, &QMdiArea::activateNextSubWindow);
+    menu.addSeparator();
+    int number = 0;
+    for (QMdiSubWindow* window : area_->subWindowList()) {
+        if (window->isHidden())
+            continue;
+        QString title = window->windowTitle();
+        title.replace(u'&', QStringLiteral("&&"));
+        ++number;
+        const QString text = number < 10 ? QStringLiteral("&%1  ").arg(number) + title : title;
+        QAction* const entry = menu.addAction(text, area_, [this, window = QPointer(window)] {
+            if (window)
+                area_->setActiveSubWindow(window);
+        });
+        entry->setCheckable(true);
+        entry->setChecked(window == area_->activeSubWindow());
+    }
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->accept(); // can't be refused
+    Binder::Run(nullptr, [this] { mnuExit_Click(record_); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!OpenableFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    const QString path = OpenableFile(*event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // The sender waits for the end of the drop; a box would keep it waiting.
+    QTimer::singleShot(0, this, [this, path] {
+        Binder::Run(nullptr, [&] { OpenDropped(record_, FromQt(path)); });
+    });
+}
+
+} // namespace zorvant
