@@ -1,0 +1,56 @@
+#include "reactors/batch_search.h"
+
+#include "engine/reaction_catalogue.h"
+#include "reactors/root_search.h"
+
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace zorvant {
+namespace {
+
+constexpr double kBracketStart = 0.001;     ///< TU
+constexpr double kBracketTolerance = 1e-14; ///< of t
+constexpr double kLatestTime = 1e300;       ///< TU, where doubling ends
+constexpr double kLatestIntegration = 1e12; ///< TU, the same for integrated models
+
+} // namespace
+
+std::optional<double> ConversionSearch::Missing(double t) {
+    ps_.tVerweil = t;
+    bool err = false;
+    CalcBatchKessel(ps_, ps_.ModelId, t, ps_.cEnd, err, messages_);
+    if (err)
+        return std::nullopt;
+    const double missing = ps_.UA - (ps_.c0[1] - ps_.cEnd[1]) / ps_.c0[1];
+    return std::isfinite(missing) ? std::optional(missing) : std::nullopt;
+}
+
+TimeSearch ConversionSearch::Found(double t) {
+    if (!(t > 0) || !std::isfinite(t))
+        return Bracket(kBracketStart);
+    ps_.tVerweil = t;
+    return {t, false, {}};
+}
+
+TimeSearch ConversionSearch::Bracket(double start) {
+    TimeSearch result;
+    result.messages = std::exchange(messages_, {}); // what the search before ended with
+    const bool integrated = Model(ps_.ModelId).numeric;
+    const auto f = [&](double t) {
+        return Missing(t).value_or(std::numeric_limits<double>::quiet_NaN());
+    };
+    std::optional<double> t;
+    if (ps_.UA != 0 && std::isfinite(ps_.UA))
+        t = FindPositiveRoot(f, start, ps_.UA, integrated ? kLatestIntegration : kLatestTime,
+                             kBracketTolerance);
+    messages_.clear();
+    if (!t || !Missing(*t)) {
+        result.err = true;
+        return result;
+    }
+    return {*t, false, {}};
+}
+
+} // namespace zorvant

@@ -1,0 +1,407 @@
+// Balances of the stirred tank. With c0 the inlet, x1 and x2 the extents and t the mean residence
+// time, each balance reads x = t r(c). The quadratics are the balances of A with all else inserted;
+// terms that the balance of A makes vanish are left out, since they would only cost digits where a
+// constant is very small (k2 = 1e-10) or very large.
+#include "reactors/tank_balance.h"
+
+#include "engine/rate_laws.h"
+#include "engine/reaction_catalogue.h"
+#include "reactors/root_search.h"
+#include "reactors/tank_search.h"
+
+#include <array>
+#include <cmath>
+
+namespace zorvant {
+namespace {
+
+constexpr const char* kTooLittleB =
+    "The initial concentration of B is not sufficient for the wanted conversion.";
+constexpr const char* kTooLittleBTest =
+    "The initial concentration of B is not sufficient for the wanted conversion.\r\n"
+    "(Test it by specification of the residence time)";
+constexpr const char* kOutOfReach =
+    "The specificated conversion cannot be reached with these concentrations.\r\n"
+    "(Test it by specification of the residence time)";
+
+/// By this factor k2 of model 19 leaves k1, so that the balance stays a quadratic.
+constexpr double kApart = 1.0000000001;
+
+/// One balance to solve.
+struct Tank {
+    const ProjectState& ps;
+    int model;
+    const SpeciesArray& in;
+    double k1, k2, k3;
+    double t;      ///< residence time given
+    double U;      ///< conversion given
+    int passLimit; ///< of the search of model 20
+};
+
+/// Computes the extents. Returned: false when the calculation ends at once.
+using Balance = bool (*)(const Tank&, TankResult&);
+
+bool Stop(TankResult& result) {
+    result.bNoSolution = true;
+    return false;
+}
+
+/// The extent among two roots: the larger one unless it would use up more A than there is.
+bool TakeExtent(double p, double q, double available, double aPerExtent, TankResult& result) {
+    const auto roots = SolveQuadratic(p, q);
+    if (!roots)
+        return Stop(result);
+    result.x1 = aPerExtent * roots->larger <= available ? roots->larger : roots->smaller;
+    return true;
+}
+
+/// C => P after the first reaction, with P => C where k3 > 0: balance of P.
+double SecondExtent(const Tank& tank, double k3, double t, double x1) {
+    return (tank.k2 * (tank.in[3] + x1) - k3 * tank.in[4]) / (1 / t + tank.k2 + k3);
+}
+
+/// C => P by k3 after A (+ B) <=> C: balance of P.
+double ProductExtent(const Tank& tank, double t, double x1) {
+    return tank.k3 * t * (tank.in[3] + x1) / (1 + tank.k3 * t);
+}
+
+// --- residence time given
+
+bool ZerothOrder(const Tank& tank, TankResult& result) {
+    result.x1 = std::fmin(tank.k1 * tank.t, tank.in[1]);
+    return true;
+}
+bool FirstOrder(const Tank& tank, TankResult& result) {
+    result.x1 = tank.in[1] * tank.k1 / (1 / tank.t + tank.k1);
+    return true;
+}
+bool SecondOrderSame(const Tank& tank, TankResult& result) {
+    return TakeExtent(-tank.in[1] - 1 / (4 * tank.k1 * tank.t), tank.in[1] * tank.in[1] / 4,
+                      tank.in[1], 2, result);
+}
+bool SecondOrder(const Tank& tank, TankResult& result) {
+    return TakeExtent(-tank.in[1] - tank.in[2] - 1 / (tank.k1 * tank.t), tank.in[1] * tank.in[2],
+                      tank.in[1], 1, result);
+}
+bool Autocatalysis(const Tank& tank, TankResult& result) {
+    return TakeExtent(1 / (tank.k1 * tank.t) - tank.in[1] + tank.in[4], -tank.in[1] * tank.in[4],
+                      tank.in[1], 1, result);
+}
+bool FirstOrderThenFirst(const Tank& tank, TankResult& result) {
+    result.x1 = tank.t * tank.k1 * tank.in[1] / (tank.t * tank.k1 + 1);
+    result.x2 = SecondExtent(tank, tank.model == 14 ? tank.k3 : 0, tank.t, result.x1);
+    return true;
+}
+bool SecondOrderThenFirst(const Tank& tank, TankResult& result) {
+    if (!SecondOrder(tank, result))
+        return false;
+    result.x2 = SecondExtent(tank, tank.model == 13 ? tank.k3 : 0, tank.t, result.x1);
+    return true;
+}
+bool Reversible(const Tank& tank, TankResult& result) {
+    result.x1 = (tank.t * tank.k1 * tank.in[1] - tank.t * tank.k2 * tank.in[4]) /
+                (tank.t * tank.k1 + 1 + tank.t * tank.k2);
+    return true;
+}
+bool UpstreamSecondOrder(const Tank& tank, TankResult& result) {
+    const double forward = tank.k1 * (1 + tank.k3 * tank.t); // less what C => P carries on
+    const double p = -tank.in[1] - tank.in[2] - (1 / tank.t + tank.k2 + tank.k3) / forward;
+    const double q = tank.in[1] * tank.in[2] - tank.k2 * tank.in[3] / forward;
+    if (!TakeExtent(p, q, tank.in[1], 1, result))
+        return false;
+    result.x2 = ProductExtent(tank, tank.t, result.x1);
+    return true;
+}
+bool UpstreamFirstOrder(const Tank& tank, TankResult& result) {
+    const double t = tank.t;
+    result.x1 = t * (tank.k1 * tank.in[1] * (1 + tank.k3 * t) - tank.k2 * tank.in[3]) /
+                (1 + (tank.k1 + tank.k2 + tank.k3) * t + tank.k1 * t * tank.k3 * t);
+    result.x2 = ProductExtent(tank, t, result.x1);
+    return true;
+}
+bool Competing(const Tank& tank, TankResult& result) {
+    const double both = (tank.k1 + tank.k2) * tank.t;
+    const double ratio = tank.k2 / tank.k1;
+    result.x1 = tank.in[1] / (1 / both + (ratio + 1) + ratio / both);
+    result.x2 = result.x1 * ratio;
+    return true;
+}
+bool ReversibleToTwoP(const Tank& tank, TankResult& result) {
+    const double ratio = tank.k2 / tank.k1;
+    const double f = 1 - 4 * tank.k2 / tank.k1;
+    const double p = -tank.in[1] - tank.in[2] - 4 * tank.in[4] * ratio - 1 / (tank.t * tank.k1);
+    const double q = tank.in[1] * tank.in[2] - tank.in[4] * tank.in[4] * ratio;
+    if (f == 0) { // linear
+        result.x1 = -q / p;
+        return true;
+    }
+    return TakeExtent(p / f, q / f, tank.in[1], 1, result);
+}
+bool ReversibleToOneP(const Tank& tank, TankResult& result) {
+    const double ratio = tank.k2 / tank.k1;
+    return TakeExtent(-tank.in[1] - tank.in[2] - ratio - 1 / (tank.t * tank.k1),
+                      tank.in[1] * tank.in[2] - tank.in[4] * ratio, tank.in[1], 1, result);
+}
+bool ReversibleToPAndQ(const Tank& tank, TankResult& result) {
+    const double f = tank.k2 - tank.k1; // never 0: see kApart
+    const double p =
+        ((tank.in[1] + tank.in[2]) * tank.k1 + 1 / tank.t + (tank.in[4] + tank.in[5]) * tank.k2) /
+        f;
+    const double q = (tank.in[4] * tank.in[5] * tank.k2 - tank.k1 * tank.in[1] * tank.in[2]) / f;
+    return TakeExtent(p, q, tank.in[1], 1, result);
+}
+bool SearchConcurrent(const Tank& tank, TankResult& result) {
+    const ConcurrentTank balance{tank.in[1], tank.in[2], tank.in[3], tank.k1, tank.k2};
+    const ConcurrentSearch search = SearchConcurrentTank(balance, tank.t);
+    result.x1 = search.x1;
+    result.x2 = search.x2;
+    result.U = search.U;
+    return search.bNoSolution ? Stop(result) : true;
+}
+bool SearchOrder(const Tank& tank, TankResult& result) {
+    const OrderTank balance{tank.in[1], tank.t, tank.k1, static_cast<double>(tank.ps.OrderN)};
+    const OrderSearch search = SearchOrderTank(balance, tank.passLimit);
+    result.x1 = search.x;
+    result.bNoSolution = search.bNoSolution; // the state is stored whatever the flag says
+    return true;
+}
+
+// --- conversion given
+
+/// Rate of A at the outlet, mol/(L TU).
+double RateOfA(const Tank& tank, const SpeciesArray& c) {
+    SpeciesArray r{};
+    FuReactionRates(tank.ps, tank.model, r, {0, tank.k1, tank.k2, tank.k3}, c);
+    return r[1];
+}
+
+bool GeneralConversion(const Tank& tank, TankResult& result) {
+    const auto& nu = tank.ps.Stoich[1];
+    const auto coefficient = [&](std::size_t slot) { return static_cast<double>(nu[slot]); };
+    result.x1 = tank.in[1] * tank.U / -coefficient(1);
+    result.c[1] = (1 - tank.U) * tank.in[1];
+    result.c[2] = coefficient(2) * result.x1 + tank.in[2];
+    if (result.c[2] < 0 && (tank.model == 4 || tank.model == 12 || tank.model == 19)) {
+        result.refusal = kTooLittleB;
+        result.bBTooLow = true;
+        return false;
+    }
+    result.c[4] = coefficient(4) * result.x1 + tank.in[4];
+    result.c[5] = coefficient(5) * result.x1 + tank.in[5];
+    const double rateOfA = RateOfA(tank, result.c);
+    if (rateOfA == 0)
+        return Stop(result);
+    result.t = (tank.in[1] - result.c[1]) / -rateOfA;
+    return true;
+}
+bool FirstOrderConversion(const Tank& tank, TankResult& result) {
+    result.x1 = tank.in[1] * tank.U;
+    result.t = result.x1 / (tank.k1 * (tank.in[1] - result.x1));
+    if (result.t == 0 && tank.model == 6)
+        result.bNoSolution = true;
+    result.x2 = SecondExtent(tank, tank.model == 14 ? tank.k3 : 0, result.t, result.x1);
+    return true;
+}
+bool SecondOrderConversion(const Tank& tank, TankResult& result) {
+    result.x1 = tank.in[1] * tank.U;
+    result.t = result.x1 / (tank.k1 * (tank.in[1] - result.x1) * (tank.in[2] - result.x1));
+    if (result.t == 0 && tank.model == 9)
+        result.bNoSolution = true;
+    result.x2 = SecondExtent(tank, tank.model == 13 ? tank.k3 : 0, result.t, result.x1);
+    if (tank.in[2] - result.x1 < 0) {
+        result.refusal = kTooLittleBTest;
+        result.bBTooLow = true;
+        return false;
+    }
+    return true;
+}
+bool ConcurrentConversion(const Tank& tank, TankResult& result) {
+    const ConcurrentTank balance{tank.in[1], tank.in[2], tank.in[3], tank.k1, tank.k2};
+    const auto state = StateAtConversion(balance, tank.U);
+    if (!state)
+        return Stop(result);
+    result.x1 = state->x1;
+    result.x2 = state->x2;
+    if (state->cB < 0) {
+        result.bBTooLow = true;
+        return false;
+    }
+    result.t = state->t;
+    return true;
+}
+/// C <=> reached by `forward` = k1 c(A) or k1 c(A) c(B), left by k2 and k3: the balances of A and C
+/// give a quadratic in t.
+bool UpstreamConversion(const Tank& tank, TankResult& result) {
+    result.x1 = tank.in[1] * tank.U;
+    double forward = tank.k1 * (tank.in[1] - result.x1);
+    if (tank.model != 15)
+        forward *= tank.in[2] - result.x1;
+    const double e = forward * tank.k3;
+    const auto roots =
+        e == 0
+            ? std::optional(QuadraticRoots{})
+            : SolveQuadratic((forward - tank.k2 * tank.in[3] - (tank.k2 + tank.k3) * result.x1) / e,
+                             -result.x1 / e);
+    if (!roots)
+        return Stop(result);
+    if (e == 0 || roots->larger < 0) { // then the smaller one is negative too
+        result.refusal = kOutOfReach;
+        return false;
+    }
+    result.t = roots->larger > 0 ? roots->larger : roots->smaller;
+    result.x2 = ProductExtent(tank, result.t, result.x1);
+    return true;
+}
+bool CompetingConversion(const Tank& tank, TankResult& result) {
+    const double ratio = tank.k2 / tank.k1;
+    const double converted = tank.in[1] * tank.U;
+    result.x1 = converted / (ratio + 1);
+    result.x2 = result.x1 * ratio;
+    result.t = converted / ((tank.k1 + tank.k2) * (tank.in[1] - result.x1 - result.x2));
+    return true;
+}
+
+// --- the table
+
+/// How much of a slot comes out for one mol/L of x1 and of x2.
+struct Yield {
+    double perX1 = 0;
+    double perX2 = 0;
+};
+struct TankModel {
+    Balance timeGiven;
+    Balance conversionGiven;
+    /// A negative c(A) is no solution.
+    bool testsA;
+    /// A, B, C, P, Q.
+    std::array<Yield, 5> yields;
+};
+
+constexpr Yield k0{};
+constexpr Yield kUsed{-1, 0}, kMade{1, 0};
+constexpr Yield kUsedByBoth{-1, -1}, kBetween{1, -1}, kMadeSecond{0, 1};
+
+constexpr std::array<TankModel, kModels + 1> kTankModels{
+    {
+     {nullptr, nullptr, false, {}},
+     {ZerothOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
+     {FirstOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
+     {SecondOrderSame, GeneralConversion, true, {Yield{-2, 0}, k0, k0, kMade, k0}},
+     {SecondOrder, GeneralConversion, true, {kUsed, kUsed, k0, kMade, k0}},
+     {Autocatalysis, GeneralConversion, false, {kUsed, k0, k0, kMade, kMade}},
+     {FirstOrderThenFirst, FirstOrderConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
+     {SearchConcurrent,
+         ConcurrentConversion,
+         false,
+         {kUsedByBoth, kUsed, kBetween, kMadeSecond, k0}},
+     {Reversible, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
+     {SecondOrderThenFirst,
+         SecondOrderConversion,
+         false,
+         {kUsed, kUsed, kBetween, kMadeSecond, k0}},
+     // enzyme: the tank is balanced like model 18, E is not given back by ES => P + E
+        {UpstreamSecondOrder,
+         UpstreamConversion,
+         false,
+         {kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond}},
+     {Competing, CompetingConversion, false, {kUsedByBoth, k0, k0, kMade, kMadeSecond}},
+     {ReversibleToTwoP, GeneralConversion, true, {kUsed, kUsed, k0, Yield{2, 0}, k0}},
+     {SecondOrderThenFirst,
+         SecondOrderConversion,
+         false,
+         {kUsed, kUsed, kBetween, kMadeSecond, k0}},
+     {FirstOrderThenFirst, FirstOrderConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
+     {UpstreamFirstOrder, UpstreamConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
+     {Autocatalysis, GeneralConversion, false, {kUsed, k0, k0, kMade, kMade}},
+     {ReversibleToOneP, GeneralConversion, false, {kUsed, kUsed, k0, kMade, k0}},
+     {UpstreamSecondOrder,
+         UpstreamConversion,
+         false,
+         {kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond}},
+     {ReversibleToPAndQ, GeneralConversion, true, {kUsed, kUsed, k0, kMade, kMade}},
+     {SearchOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
+     }
+};
+
+const TankModel& RowOf(int model) {
+    return kTankModels[static_cast<std::size_t>(model)];
+}
+
+void FillOutlet(const TankModel& row, const SpeciesArray& in, TankResult& result) {
+    for (std::size_t slot = 1; slot <= kSpecies; ++slot) {
+        const Yield& yield = row.yields[slot - 1];
+        if (yield.perX1 != 0 || yield.perX2 != 0)
+            result.c[slot] = in[slot] + yield.perX1 * result.x1 + yield.perX2 * result.x2;
+    }
+}
+
+bool AreFinite(const SpeciesArray& c) {
+    for (std::size_t slot = 1; slot <= kSpecies; ++slot)
+        if (!std::isfinite(c[slot]))
+            return false;
+    return true;
+}
+
+/// Nothing that is not a number leaves: the state before, the flag set.
+TankResult NoSolution(const SpeciesArray& before) {
+    TankResult result;
+    result.c = before;
+    result.bNoSolution = true;
+    result.stopped = true;
+    return result;
+}
+
+bool IsFiniteResult(const TankResult& result) {
+    return AreFinite(result.c) && std::isfinite(result.x1) && std::isfinite(result.x2) &&
+           std::isfinite(result.t) && std::isfinite(result.U);
+}
+
+} // namespace
+
+bool IsSoundInput(const ProjectState& ps, int model, const SpeciesArray& c) {
+    if (model < 1 || model > kModels || !AreFinite(c))
+        return false;
+    const char* mask = Model(model).rateMask;
+    for (std::size_t j = 1; j <= 3; ++j)
+        if (mask[j - 1] == '1' && !(std::isfinite(ps.k[j]) && ps.k[j] >= 0))
+            return false;
+    return model != 20 || (std::isfinite(ps.OrderN) && ps.OrderN > 0);
+}
+
+TankResult SolveTankForState(ProjectState& ps, int model, const SpeciesArray& in, double t,
+                             const SpeciesArray& before, int passLimit) {
+    if (!IsSoundInput(ps, model, in) || !(t > 0) || !std::isfinite(t))
+        return NoSolution(before);
+    if (model == 19 && ps.k[2] == ps.k[1])
+        ps.k[2] *= kApart;
+
+    TankResult result;
+    result.c = before;
+    result.t = t;
+    const Tank tank{ps, model, in, ps.k[1], ps.k[2], ps.k[3], t, 0, passLimit};
+    const TankModel& row = RowOf(model);
+    result.stopped = !row.timeGiven(tank, result);
+    if (!result.stopped) {
+        FillOutlet(row, in, result);
+        if (row.testsA && result.c[1] < 0)
+            result.bNoSolution = true;
+        if (model != 7)
+            result.U = (in[1] - result.c[1]) / in[1];
+    }
+    return IsFiniteResult(result) ? result : NoSolution(before);
+}
+
+TankResult SolveTankForTime(const ProjectState& ps, int model, const SpeciesArray& in, double U) {
+    if (!IsSoundInput(ps, model, in) || !std::isfinite(U))
+        return NoSolution({});
+    TankResult result;
+    result.U = U;
+    const Tank tank{ps, model, in, ps.k[1], ps.k[2], ps.k[3], 0, U, 0};
+    const TankModel& row = RowOf(model);
+    result.stopped = !row.conversionGiven(tank, result);
+    if (!result.stopped && row.conversionGiven != GeneralConversion)
+        FillOutlet(row, in, result);
+    return IsFiniteResult(result) ? result : NoSolution({});
+}
+
+} // namespace zorvant
