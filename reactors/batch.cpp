@@ -8,6 +8,7 @@
 #include "reactors/half_life.h"
 #include "reactors/tank_balance.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zorvant {
@@ -17,12 +18,12 @@ namespace {
 constexpr double kIntervals = 150;     ///< in t: the result lies up to one interval beyond t
 constexpr double kLongestInterval = 1; ///< TU; longer ones become
 constexpr double kSetInterval = 0.4;   ///< TU
-constexpr double kMostIntervals = 1e6; ///< beyond, intervals grow: a press must come to its end
-// Step doubling within an interval.
-constexpr double kNoMatter = 1e-6;   ///< mol/L, sums below it are not compared
-constexpr double kAgreement = 0.01;  ///< relative difference of two runs
-constexpr int kMostSubSteps = 32767; ///< the doubling ends here with an overflow
-constexpr int kFirstRunsPart = 5;    ///< the first run covers a fifth of the interval
+constexpr double kMostIntervals = 1e5; ///< beyond, intervals grow: a press must come to its end
+// Step doubling within an interval, beside what the engine says of it.
+constexpr int kMostDoublings = 32767; ///< sub-steps; a doubling beyond is the overflow
+constexpr int kFirstRunsPart = 5;     ///< the first run covers a fifth of the interval
+/// Sub-steps of one call, about a minute. More would look like a program that hangs.
+constexpr long long kMostWork = 2'000'000'000;
 
 // Secant search for the time of a conversion.
 constexpr double kFirstTime = 0.001; ///< TU, but for autocatalysis
@@ -30,31 +31,23 @@ constexpr double kSecantPart = 1000; ///< the secant's width: the first time thr
 constexpr int kSecantPasses = 1000;
 constexpr double kConverged = 1e-11; ///< of t
 
-/// Whether two runs with different sub-steps agree. Values that are no numbers never do.
-template <class State> bool Agree(const State& coarse, const State& fine) {
-    for (std::size_t i = 0; i < fine.size(); ++i) {
-        const double sum = std::abs(fine[i]) + std::abs(coarse[i]);
-        if (!(sum < kNoMatter) && !(std::abs(coarse[i] - fine[i]) / sum <= kAgreement))
-            return false;
-    }
-    return true;
-}
-
 /// One interval with step doubling. The first of the first two runs covers a fifth of the interval
-/// only, so the first comparison is strict.
+/// only, so the first comparison is strict. `work` loses the sub-steps.
 template <class Law>
-StateOf<Law> Interval(const Law& law, const StateOf<Law>& start, double length, int& m) {
+StateOf<Law> Interval(const Law& law, const StateOf<Law>& start, double length, int& m,
+                      long long& work) {
     const auto doubled = [&] {
         m = 2 * m;
-        if (m > kMostSubSteps)
+        if (m > kMostDoublings)
             ThrowArithmetic(kOverflow);
+        work -= m;
         return length / m;
     };
     const int first = m;
     const double hFirst = length / m / kFirstRunsPart;
     const double hSecond = doubled();
     auto [coarse, fine] = RunTwoRK4(law, start, first, hFirst, hSecond);
-    while (!Agree(coarse, fine)) {
+    while (!RunsAgree(coarse, fine)) {
         coarse = fine;
         const double h = doubled();
         fine = RunRK4(law, start, m, h);
@@ -63,7 +56,8 @@ StateOf<Law> Interval(const Law& law, const StateOf<Law>& start, double length, 
 }
 
 /// The state at the last node not beyond one interval after t.
-template <class Law> StateOf<Law> Integrate(const Law& law, StateOf<Law> y, double t) {
+template <class Law>
+StateOf<Law> Integrate(const Law& law, StateOf<Law> y, double t, long long& work) {
     double interval = t / kIntervals;
     if (interval > kLongestInterval)
         interval = std::fmax(kSetInterval, t / kMostIntervals);
@@ -74,16 +68,20 @@ template <class Law> StateOf<Law> Integrate(const Law& law, StateOf<Law> y, doub
     int m = 1;
     for (double tau = 0; interval > 0 ? tau <= end : tau >= end; tau += interval) {
         now = y;
-        y = Interval(law, now, interval, m);
-        m /= 4;
-        if (m == 0)
-            m = 1;
+        const int mBefore = m;
+        y = Interval(law, now, interval, m, work);
+        if (work < 0)
+            ThrowArithmetic(kOverflow);
+        m = std::max(m / 4, 1);
+        if (y == now && m == mBefore) // every further interval would be the same
+            break;
     }
     return now;
 }
 
 /// State at t. Errors: ArithmeticError; err.
-void BatchState(const ProjectState& ps, int model, double t, SpeciesArray& c, bool& err) {
+void BatchState(const ProjectState& ps, int model, double t, SpeciesArray& c, bool& err,
+                long long& work) {
     if (HasClosedForm(model)) {
         ClosedForm(model, ps.k, ps.c0, err).At(t, c, err);
         return;
@@ -92,7 +90,7 @@ void BatchState(const ProjectState& ps, int model, double t, SpeciesArray& c, bo
         StateOf<Law> y;
         for (std::size_t i = 0; i < y.size(); ++i)
             y[i] = ps.c0[static_cast<std::size_t>(Law::kSlots[i])];
-        y = Integrate(law, y, t);
+        y = Integrate(law, y, t, work);
         for (std::size_t i = 0; i < y.size(); ++i)
             c[static_cast<std::size_t>(Law::kSlots[i])] = y[i];
     });
@@ -107,8 +105,8 @@ MessageBox ArithmeticBox(const ArithmeticError& error) {
 
 } // namespace
 
-void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& cOut, bool& err,
-                     std::vector<MessageBox>& messages) {
+void CalcBatchKesselWithin(const ProjectState& ps, int model, double t, SpeciesArray& cOut,
+                           bool& err, std::vector<MessageBox>& messages, long long& work) {
     err = false;
     if (!IsSoundInput(ps, model, ps.c0) || !std::isfinite(t)) {
         err = true;
@@ -116,7 +114,7 @@ void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& 
     }
     try {
         SpeciesArray c = cOut;
-        BatchState(ps, model, t, c, err);
+        BatchState(ps, model, t, c, err, work);
         for (std::size_t slot = 1; slot <= kSpecies; ++slot)
             if (Model(model).speciesMask[slot - 1] == '1')
                 Finite(c[slot]);
@@ -130,13 +128,19 @@ void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& 
     }
 }
 
+void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& cOut, bool& err,
+                     std::vector<MessageBox>& messages) {
+    long long work = kMostWork;
+    CalcBatchKesselWithin(ps, model, t, cOut, err, messages, work);
+}
+
 double ConversionOfA(const ProjectState& ps) {
     const double U = (ps.c0[1] - ps.cEnd[1]) / ps.c0[1];
     return std::isfinite(U) ? U : 0;
 }
 
 TimeSearch SearchBatchTime(ProjectState& ps) {
-    ConversionSearch search(ps);
+    ConversionSearch search(ps, kSecantWork);
     double t = kFirstTime;
     if (ps.ModelId == 5 || ps.ModelId == 16) {
         const HalfLife half =
@@ -144,7 +148,6 @@ TimeSearch SearchBatchTime(ProjectState& ps) {
         if (half.value > 0)
             t = static_cast<double>(half.value);
     }
-    const double start = t;
     const double dt = t / kSecantPart;
     for (int pass = 1; pass <= kSecantPasses; ++pass) {
         const auto f1 = search.Missing(t);
@@ -158,7 +161,7 @@ TimeSearch SearchBatchTime(ProjectState& ps) {
         if (std::abs(delta / t) < kConverged)
             return search.Found(t);
     }
-    return search.Bracket(start);
+    return search.Bracket();
 }
 
 void CalcKsi(const ProjectState& ps, std::array<double, 4>& Ksi) {

@@ -1,5 +1,6 @@
 #include "reactors/batch_search.h"
 
+#include "engine/rate_laws.h"
 #include "engine/reaction_catalogue.h"
 #include "reactors/root_search.h"
 
@@ -10,17 +11,19 @@
 namespace zorvant {
 namespace {
 
-constexpr double kBracketStart = 0.001;     ///< TU
 constexpr double kBracketTolerance = 1e-14; ///< of t
+constexpr double kFallbackStart = 0.001;    ///< TU, where A does not react at first
 constexpr double kLatestTime = 1e300;       ///< TU, where doubling ends
 constexpr double kLatestIntegration = 1e12; ///< TU, the same for integrated models
+/// Sub-steps of integration, some seconds: enough for the longest time at the finest nodes.
+constexpr long long kBracketWork = 200'000'000;
 
 } // namespace
 
 std::optional<double> ConversionSearch::Missing(double t) {
     ps_.tVerweil = t;
     bool err = false;
-    CalcBatchKessel(ps_, ps_.ModelId, t, ps_.cEnd, err, messages_);
+    CalcBatchKesselWithin(ps_, ps_.ModelId, t, ps_.cEnd, err, messages_, work_);
     if (err)
         return std::nullopt;
     const double missing = ps_.UA - (ps_.c0[1] - ps_.cEnd[1]) / ps_.c0[1];
@@ -29,22 +32,30 @@ std::optional<double> ConversionSearch::Missing(double t) {
 
 TimeSearch ConversionSearch::Found(double t) {
     if (!(t > 0) || !std::isfinite(t))
-        return Bracket(kBracketStart);
+        return Bracket();
     ps_.tVerweil = t;
     return {t, false, {}};
 }
 
-TimeSearch ConversionSearch::Bracket(double start) {
+double ConversionSearch::TimeAtFirstRate() const {
+    SpeciesArray r{};
+    FuReactionRates(ps_, ps_.ModelId, r, ps_.k, ps_.c0);
+    const double t = std::abs(ps_.UA * ps_.c0[1] / r[1]);
+    return t > 0 && std::isfinite(t) ? t : kFallbackStart;
+}
+
+TimeSearch ConversionSearch::Bracket() {
     TimeSearch result;
     result.messages = std::exchange(messages_, {}); // what the search before ended with
+    work_ = kBracketWork;
     const bool integrated = Model(ps_.ModelId).numeric;
     const auto f = [&](double t) {
         return Missing(t).value_or(std::numeric_limits<double>::quiet_NaN());
     };
     std::optional<double> t;
     if (ps_.UA != 0 && std::isfinite(ps_.UA))
-        t = FindPositiveRoot(f, start, ps_.UA, integrated ? kLatestIntegration : kLatestTime,
-                             kBracketTolerance);
+        t = FindPositiveRoot(f, TimeAtFirstRate() / 2, ps_.UA,
+                             integrated ? kLatestIntegration : kLatestTime, kBracketTolerance);
     messages_.clear();
     if (!t || !Missing(*t)) {
         result.err = true;

@@ -8,22 +8,36 @@
 
 namespace zorvant {
 
+/// CalcBatchKessel that may take so many sub-steps of integration; they are counted off. More are an
+/// overflow.
+void CalcBatchKesselWithin(const ProjectState& ps, int model, double t, SpeciesArray& cOut,
+                           bool& err, std::vector<MessageBox>& messages, long long& work);
+
+/// Sub-steps of the secant searches, about a tenth of a second. It may jump to times where a stiff
+/// set takes minutes; what is looked for is then bracketed.
+inline constexpr long long kSecantWork = 4'000'000;
+
 /// UA - U(t) of the state's model.
 class ConversionSearch {
 public:
-    explicit ConversionSearch(ProjectState& ps) : ps_(ps) {}
+    /// Given: work, the sub-steps of integration that the prescribed search may take
+    ConversionSearch(ProjectState& ps, long long work) : ps_(ps), work_(work) {}
 
     /// UA - (c(A,0) - c(A)(t))/c(A,0); t goes to tVerweil, the state to cEnd.
     /// Returned: nothing on an error
     std::optional<double> Missing(double t);
     /// Ends a search that has a result. A time that is none (not above 0) is bracketed.
     TimeSearch Found(double t);
-    /// After a search without a result: the first time at which the conversion is passed.
-    /// Given: start TU, where the looking begins
-    TimeSearch Bracket(double start);
+    /// After a search without a result: a time at which the conversion is passed.
+    TimeSearch Bracket();
 
 private:
+    /// The time to the conversion if the reaction went on as it begins, TU. Bracketing starts there,
+    /// so that it takes as long in any time unit.
+    double TimeAtFirstRate() const;
+
     ProjectState& ps_;
+    long long work_;
     std::vector<MessageBox> messages_;
 };
 

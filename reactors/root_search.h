@@ -56,7 +56,8 @@ std::optional<double> FindRootBetween(Function&& f, double a, double fa, double 
             fc = fa;
         }
         const double tolerance =
-            relativeTolerance * std::abs(b) + std::numeric_limits<double>::min();
+            (relativeTolerance + 2 * std::numeric_limits<double>::epsilon()) * std::abs(b) +
+            std::numeric_limits<double>::min();
         const double half = (c - b) / 2;
         if (fb == 0 || std::abs(half) <= tolerance)
             return b;
@@ -96,42 +97,52 @@ std::optional<double> FindRootBetween(Function&& f, double a, double fa, double 
             step = previous = b - a;
         }
     }
-    return std::nullopt;
+    return b;
 }
 
-/// The first change of sign of f above 0, looked for by doubling and halving from `start`.
+/// A change of sign of f above 0, looked for by doubling from `start`, then by halving.
 /// Given:    f(0) has the sign of signAtZero; `limit` where doubling ends
-/// Returned: nothing when f keeps its sign up to the limit or a value is NaN
+/// Returned: nothing when f keeps its sign, or where a value is NaN. Doubling also ends where f has
+///           settled: several times in a row it changed less than before and hardly at all.
 template <class Function>
 std::optional<double> FindPositiveRoot(Function&& f, double start, double signAtZero, double limit,
                                        double relativeTolerance) {
+    constexpr int kSettledAfter = 8; // fewer end on the plateau between a fast and a slow step
+    constexpr double kHardly = 0.01; // of f itself; what is left then adds up to less than f
+    constexpr int kHalvings = 200;   // more reach into times where nothing has begun
     const auto passed = [&](double value) { return value == 0 || (value < 0) != (signAtZero < 0); };
-    double t = start;
-    double value = f(t);
-    if (std::isnan(value))
+    const double first = f(start);
+    if (std::isnan(first))
         return std::nullopt;
-    if (passed(value)) {
-        while (t > std::numeric_limits<double>::min()) {
-            const double lower = t / 2;
-            const double lowerValue = f(lower);
-            if (std::isnan(lowerValue))
-                return std::nullopt;
-            if (!passed(lowerValue))
-                return FindRootBetween(f, lower, lowerValue, t, value, relativeTolerance);
-            t = lower;
-            value = lowerValue;
+
+    if (!passed(first)) {
+        double t = start;
+        double value = first;
+        double change = std::numeric_limits<double>::infinity();
+        for (int settled = 0; t < limit && settled < kSettledAfter;) {
+            const double upper = 2 * t;
+            const double upperValue = f(upper);
+            if (std::isnan(upperValue))
+                break;
+            if (passed(upperValue))
+                return FindRootBetween(f, t, value, upper, upperValue, relativeTolerance);
+            const double before = std::exchange(change, std::abs(upperValue - value));
+            settled = change <= before && change < kHardly * std::abs(upperValue) ? settled + 1 : 0;
+            t = upper;
+            value = upperValue;
         }
-        return std::nullopt;
     }
-    while (t < limit) {
-        const double upper = 2 * t;
-        const double upperValue = f(upper);
-        if (std::isnan(upperValue))
-            return std::nullopt;
-        if (passed(upperValue))
-            return FindRootBetween(f, t, value, upper, upperValue, relativeTolerance);
-        t = upper;
-        value = upperValue;
+    double t = start;
+    double value = first;
+    for (int halving = 0; halving < kHalvings; ++halving) {
+        const double lower = t / 2;
+        const double lowerValue = f(lower);
+        if (std::isnan(lowerValue))
+            break;
+        if (passed(lowerValue) != passed(value))
+            return FindRootBetween(f, lower, lowerValue, t, value, relativeTolerance);
+        t = lower;
+        value = lowerValue;
     }
     return std::nullopt;
 }

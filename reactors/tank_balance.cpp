@@ -1,7 +1,7 @@
 // Balances of the stirred tank. With c0 the inlet, x1 and x2 the extents and t the mean residence
-// time, each balance reads x = t r(c). The quadratics are the balances of A with all else inserted;
-// terms that the balance of A makes vanish are left out, since they would only cost digits where a
-// constant is very small (k2 = 1e-10) or very large.
+// time, each balance reads x = t r(c). The quadratics are the balances of A with all else inserted,
+// written for c(A) at the outlet: y^2 + p y + q = 0, whose coefficients are sums of terms of one sign
+// where those for the extent cancel (k1 t large, k2 = 1e-10). The extents follow from c(A).
 #include "reactors/tank_balance.h"
 
 #include "engine/rate_laws.h"
@@ -46,12 +46,14 @@ bool Stop(TankResult& result) {
     return false;
 }
 
-/// The extent among two roots: the larger one unless it would use up more A than there is.
-bool TakeExtent(double p, double q, double available, double aPerExtent, TankResult& result) {
+/// x1 from c(A), a root of y^2 + p y + q = 0: the smaller one unless it is negative, that is the
+/// larger extent unless it would use up more A than there is.
+bool TakeExtent(const Tank& tank, double p, double q, double aPerExtent, TankResult& result) {
     const auto roots = SolveQuadratic(p, q);
     if (!roots)
         return Stop(result);
-    result.x1 = aPerExtent * roots->larger <= available ? roots->larger : roots->smaller;
+    const double cA = roots->smaller >= 0 ? roots->smaller : roots->larger;
+    result.x1 = (tank.in[1] - cA) / aPerExtent;
     return true;
 }
 
@@ -76,16 +78,16 @@ bool FirstOrder(const Tank& tank, TankResult& result) {
     return true;
 }
 bool SecondOrderSame(const Tank& tank, TankResult& result) {
-    return TakeExtent(-tank.in[1] - 1 / (4 * tank.k1 * tank.t), tank.in[1] * tank.in[1] / 4,
-                      tank.in[1], 2, result);
+    const double e = 1 / (2 * tank.k1 * tank.t);
+    return TakeExtent(tank, e, -tank.in[1] * e, 2, result);
 }
 bool SecondOrder(const Tank& tank, TankResult& result) {
-    return TakeExtent(-tank.in[1] - tank.in[2] - 1 / (tank.k1 * tank.t), tank.in[1] * tank.in[2],
-                      tank.in[1], 1, result);
+    const double e = 1 / (tank.k1 * tank.t);
+    return TakeExtent(tank, tank.in[2] - tank.in[1] + e, -tank.in[1] * e, 1, result);
 }
 bool Autocatalysis(const Tank& tank, TankResult& result) {
-    return TakeExtent(1 / (tank.k1 * tank.t) - tank.in[1] + tank.in[4], -tank.in[1] * tank.in[4],
-                      tank.in[1], 1, result);
+    const double e = 1 / (tank.k1 * tank.t);
+    return TakeExtent(tank, -(tank.in[1] + tank.in[4] + e), tank.in[1] * e, 1, result);
 }
 bool FirstOrderThenFirst(const Tank& tank, TankResult& result) {
     result.x1 = tank.t * tank.k1 * tank.in[1] / (tank.t * tank.k1 + 1);
@@ -105,9 +107,9 @@ bool Reversible(const Tank& tank, TankResult& result) {
 }
 bool UpstreamSecondOrder(const Tank& tank, TankResult& result) {
     const double forward = tank.k1 * (1 + tank.k3 * tank.t); // less what C => P carries on
-    const double p = -tank.in[1] - tank.in[2] - (1 / tank.t + tank.k2 + tank.k3) / forward;
-    const double q = tank.in[1] * tank.in[2] - tank.k2 * tank.in[3] / forward;
-    if (!TakeExtent(p, q, tank.in[1], 1, result))
+    const double e = (1 / tank.t + tank.k2 + tank.k3) / forward;
+    const double back = tank.k2 * tank.in[3] / forward;
+    if (!TakeExtent(tank, tank.in[2] - tank.in[1] + e, -(tank.in[1] * e + back), 1, result))
         return false;
     result.x2 = ProductExtent(tank, tank.t, result.x1);
     return true;
@@ -128,27 +130,30 @@ bool Competing(const Tank& tank, TankResult& result) {
 }
 bool ReversibleToTwoP(const Tank& tank, TankResult& result) {
     const double ratio = tank.k2 / tank.k1;
+    const double e = 1 / (tank.t * tank.k1);
+    const double allP = 2 * tank.in[1] + tank.in[4]; // if A became P entirely
+    const double p = tank.in[2] - tank.in[1] + e + 4 * ratio * allP;
+    const double q = -(ratio * allP * allP + tank.in[1] * e);
     const double f = 1 - 4 * tank.k2 / tank.k1;
-    const double p = -tank.in[1] - tank.in[2] - 4 * tank.in[4] * ratio - 1 / (tank.t * tank.k1);
-    const double q = tank.in[1] * tank.in[2] - tank.in[4] * tank.in[4] * ratio;
     if (f == 0) { // linear
-        result.x1 = -q / p;
+        result.x1 = tank.in[1] + q / p;
         return true;
     }
-    return TakeExtent(p / f, q / f, tank.in[1], 1, result);
+    return TakeExtent(tank, p / f, q / f, 1, result);
 }
 bool ReversibleToOneP(const Tank& tank, TankResult& result) {
     const double ratio = tank.k2 / tank.k1;
-    return TakeExtent(-tank.in[1] - tank.in[2] - ratio - 1 / (tank.t * tank.k1),
-                      tank.in[1] * tank.in[2] - tank.in[4] * ratio, tank.in[1], 1, result);
+    const double e = 1 / (tank.t * tank.k1);
+    return TakeExtent(tank, tank.in[2] - tank.in[1] + ratio + e,
+                      -(ratio * (tank.in[1] + tank.in[4]) + tank.in[1] * e), 1, result);
 }
 bool ReversibleToPAndQ(const Tank& tank, TankResult& result) {
     const double f = tank.k2 - tank.k1; // never 0: see kApart
-    const double p =
-        ((tank.in[1] + tank.in[2]) * tank.k1 + 1 / tank.t + (tank.in[4] + tank.in[5]) * tank.k2) /
-        f;
-    const double q = (tank.in[4] * tank.in[5] * tank.k2 - tank.k1 * tank.in[1] * tank.in[2]) / f;
-    return TakeExtent(p, q, tank.in[1], 1, result);
+    const double p = -(tank.k2 * (tank.in[4] + tank.in[5] + 2 * tank.in[1]) +
+                       tank.k1 * (tank.in[2] - tank.in[1]) + 1 / tank.t);
+    const double q =
+        tank.k2 * (tank.in[4] + tank.in[1]) * (tank.in[5] + tank.in[1]) + tank.in[1] / tank.t;
+    return TakeExtent(tank, p / f, q / f, 1, result);
 }
 bool SearchConcurrent(const Tank& tank, TankResult& result) {
     const ConcurrentTank balance{tank.in[1], tank.in[2], tank.in[3], tank.k1, tank.k2};

@@ -20,7 +20,7 @@ constexpr double kExtentSteps = 100; ///< first step: this part of c(A,0)
 constexpr double kRefine = -0.1;
 constexpr double kSmallestStep = 1e-8;
 /// Of the bracketing that follows a search without a result.
-constexpr double kBracketTolerance = 1e-16;
+constexpr double kBracketTolerance = 0; ///< to the last digit
 
 // --- model 7
 
@@ -219,7 +219,7 @@ OrderSearch SearchOrderTank(const OrderTank& tank, int passLimit) {
         }
         if (negative != previousNegative) {
             step *= kRefine;
-            passed = true;
+            passed = passes > 1; // the first point has none before it
         }
         previousNegative = negative;
     } while (!(std::abs(step) < kSmallestStep) && passes <= passLimit);

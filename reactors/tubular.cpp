@@ -19,7 +19,7 @@ constexpr int kYears = 4;
 } // namespace
 
 TimeSearch SearchTubeTime(ProjectState& ps) {
-    ConversionSearch search(ps);
+    ConversionSearch search(ps, kSecantWork);
     double t = kFirstTime;
     double h = kFirstTime / kSecantPart;
     for (int pass = 1; pass < kSecantPasses; ++pass) {
@@ -33,7 +33,7 @@ TimeSearch SearchTubeTime(ProjectState& ps) {
         if (std::abs(d / t) < kConverged)
             return search.Found(t);
     }
-    return search.Bracket(kFirstTime);
+    return search.Bracket();
 }
 
 float DefaultVelocity(const ProjectState& ps) {
