@@ -70,7 +70,7 @@ TEST(StirredTank, IsInSteadyStateForEveryModel) {
         {40,   10,    5    }, // k1 = 4 k2: model 12 is linear
         {0.3,  0.15,  0.2  }, // k1 = 2 k2: model 7 is linear
         {0.2,  0.2,   0.2  }, // k1 = k2: model 19 is kept apart from it
-        {1e3,  200,   30   },
+        {200,  40,    6    },
     };
     const SpeciesArray feeds[]{
         {0, 1.2,  1.5,  0.1, 0.05, 0.02},
