@@ -320,8 +320,7 @@ struct Form {
     std::function<void(bool& cancel)> onQueryUnload;
     Handler onUnload;
     Handler onResize;
-    Handler
-        onRefresh; ///< runs before the contents are shown, so often: for texts made of the state
+    Handler onRefresh;         ///< before the contents are shown, so often: texts made of the state
     Handler onModelChanged;    ///< another model was selected
     Handler onTimeUnitChanged; ///< times and constants were converted
 
