@@ -296,7 +296,6 @@ void cmdCoord_OK_Click(ProjectState& ps, DiagramDocument& doc) {
 
 void cmdCoord_Esc_Click(DiagramDocument& doc) {
     doc.fraCoordInput.visible = false;
-    doc.cmdCoord_Esc.isCancel = false;
 }
 
 void cmdTabCoord_OK_Click(ProjectState& ps, DiagramDocument& doc) {

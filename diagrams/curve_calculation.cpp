@@ -49,22 +49,14 @@ int SpeciesToFetch(const std::string_view species, int left) {
     return static_cast<int>(kSpeciesLetters.find(letter)) + 1;
 }
 
-/// Whole degrees, a comma between thousands.
-std::string TemperatureText(float temperature) {
-    constexpr char kThousands = ',';
-    std::string digits = FormatNumber(static_cast<double>(temperature), "0");
-    for (std::size_t at = digits.size(); at > 3; at -= 3)
-        digits.insert(at - 3, 1, kThousands);
-    return "T/K = " + digits;
-}
-
 std::string SpeciesLabel(const ProjectState& ps, int slot, int species) {
     const std::string name = std::string("(") + SpeciesName(ps.ModelId, species) + ") ";
     if (ps.RateDiagram)
         return "r" + name;
     if (species == 1 && ps.FitMode > kIsothermalFits) {
         const auto at = static_cast<std::size_t>(slot);
-        return TemperatureText(at < ps.Temperatures.size() ? ps.Temperatures[at] : 0);
+        const float temperature = at < ps.Temperatures.size() ? ps.Temperatures[at] : 0;
+        return "T/K = " + FormatNumber(static_cast<double>(temperature), "####,##");
     }
     return "c" + name;
 }
@@ -109,6 +101,10 @@ void StraightLine(ProjectState& ps, DiagramDocument& doc, int kind, PointBuffer&
                   double& b, float& r2, bool& outside) {
     const RegressionPoints points = CollectRegressionPoints(ps, kind);
     doc.RegressLeftOut = points.leftOut;
+    if (points.leftOut > 0)
+        doc.StatusBar2.toolTip = std::to_string(points.leftOut) +
+                                 (points.leftOut == 1 ? " row was" : " rows were") +
+                                 " left out: their logarithm or quotient does not exist";
     constexpr int kParameters = 2;
     constexpr int kLineType = 2;
     RegressionMatrix matrix;
@@ -203,6 +199,7 @@ void CalcCurve(ProjectState& ps, DiagramDocument& doc, int kind, int& slot, Poin
     failed = false;
     note.clear();
     doc.StatusBar2.text.clear();
+    doc.StatusBar2.toolTip.clear();
     doc.RegressLeftOut = 0;
     try {
         if (IsModelKind(kind))

@@ -145,6 +145,8 @@ void EmptySlot(DiagramDocument& doc, int slot, SeriesDisplay mode) {
     SetPointCount(doc.surface, kLines, slot, 0);
     SetSeriesDisplay(doc.surface, kLines, slot, mode);
     SetCurveLabel(doc, slot, std::to_string(slot));
+    SetSeriesLabel(doc.surface, kLines, slot, "");
+    doc.txtLegendCurves(slot).text.clear();
     ShowPage(doc.tabKurven, slot - 1, false);
     doc.mnuSubDelKurv(slot).enabled = false;
     doc.CurveSlotFree[static_cast<std::size_t>(slot)] = true;

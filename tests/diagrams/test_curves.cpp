@@ -118,8 +118,8 @@ TEST_F(Curves, OfNonIsothermalFitsAreOneForEachTemperature) {
     ps.CurvesToDraw = 1;
     cmdDraw_Click(ps, doc);
     EXPECT_EQ(ps.CurveCount, 2);
-    EXPECT_EQ(LabelOf(1), "T/K = 298");
-    EXPECT_EQ(LabelOf(2), "T/K = 1,310");
+    EXPECT_EQ(LabelOf(1), "T/K = 298.15");
+    EXPECT_EQ(LabelOf(2), "T/K = 1310");
 }
 
 TEST_F(Curves, ReuseTheLowestFreeSlot) {

@@ -204,6 +204,8 @@ TEST_F(Document, DeletesEverythingAndDrawsAgain) {
         }
     EXPECT_FALSE(doc.mnuDelLabels.enabled || doc.mnuDelLegend.enabled ||
                  doc.mnuDelLegendZeile.enabled || doc.mnuDelHalbAB.enabled);
+    Press(doc.mnuAddLegend);
+    EXPECT_EQ(scripted.boxes.size(), 1U) << "no legend text is left";
     ps.CurvesToDraw = 2;
     cmdDraw_Click(ps, doc);
     Press(doc.mnuAddPunkte);

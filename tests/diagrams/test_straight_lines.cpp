@@ -381,6 +381,7 @@ TEST_F(Evaluation, LeavesOutAndCountsRowsThatNoFormulaTakes) {
     SetRows(rows);
     Evaluate(kKindArrhenius, 2);
     EXPECT_EQ(doc.RegressLeftOut, 1) << "a switched-off row is not missed";
+    EXPECT_TRUE(doc.StatusBar2.toolTip.starts_with("1 row was left out"));
     EXPECT_NEAR(doc.RegressB, -5000, 0.1);
 
     SetRows(Concentrations({
