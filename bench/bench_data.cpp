@@ -1,10 +1,12 @@
 // Loading, counting and saving of the largest table.
 #include "data/exp_data.h"
 #include "data/exp_file.h"
-#include "data/formats/zi3.h"
+#include "data/formats/table_text.h"
+#include "platform/number_text.h"
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -65,6 +67,21 @@ void BM_CountLargestTable(benchmark::State& state) {
     CountRows(state);
 }
 BENCHMARK(BM_CountLargestTable)->Unit(benchmark::kMillisecond);
+
+/// What a spreadsheet of a country with decimal commas puts on the clipboard.
+void BM_PasteTenThousandRows(benchmark::State& state) {
+    std::string text = "t/s\tc(A)\tc(P)\tT/K\r\n";
+    for (int i = 0; i < 10000; ++i) {
+        std::string row = FormatNumber(0.37 * i, "0.00") + "\t" +
+                          FormatNumber(std::exp(-1e-4 * i), "0.000000") + "\t" +
+                          FormatNumber(1 - std::exp(-1e-4 * i), "0.000000") + "\t298.15\r\n";
+        std::ranges::replace(row, '.', ',');
+        text += row;
+    }
+    for (auto _ : state)
+        benchmark::DoNotOptimize(ReadTable(text, GuessTableLayout(text).layout));
+}
+BENCHMARK(BM_PasteTenThousandRows)->Unit(benchmark::kMillisecond);
 
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "platform/controls.h"
 
+#include "platform/files.h"
 #include "platform/host.h"
 
 #include <algorithm>
@@ -198,18 +199,6 @@ int NextKey(const std::string& keys, std::size_t& at) {
     return key;
 }
 
-void AppendKey(std::string& text, int key) {
-    if (key < 0x80) {
-        text += static_cast<char>(key);
-        return;
-    }
-    const int following = key < 0x800 ? 1 : key < 0x10000 ? 2 : 3;
-    constexpr std::array<int, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
-    text += static_cast<char>(kLead[static_cast<std::size_t>(following)] | key >> 6 * following);
-    for (int i = following - 1; i >= 0; --i)
-        text += static_cast<char>(0x80 | (key >> 6 * i & 0x3F));
-}
-
 bool ContinuesCharacter(char c) {
     return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
@@ -233,7 +222,7 @@ bool ApplyKey(std::string& text, int key, bool multiLine, int maxLength) {
         return false;
     if (maxLength > 0 && std::ranges::count_if(text, std::not_fn(ContinuesCharacter)) >= maxLength)
         return false;
-    AppendKey(text, key == kEnter ? '\n' : key);
+    AppendUtf8(text, static_cast<unsigned>(key == kEnter ? '\n' : key));
     return true;
 }
 

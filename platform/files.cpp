@@ -133,19 +133,6 @@ constexpr std::array<std::uint16_t, 32> kWindows1252 = {
 
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
-void AppendUtf8(std::string& text, unsigned code) {
-    if (code < 0x80) {
-        text += static_cast<char>(code);
-    } else if (code < 0x800) {
-        text += static_cast<char>(0xC0 | (code >> 6));
-        text += static_cast<char>(0x80 | (code & 0x3F));
-    } else {
-        text += static_cast<char>(0xE0 | (code >> 12));
-        text += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        text += static_cast<char>(0x80 | (code & 0x3F));
-    }
-}
-
 struct CodePoint {
     unsigned code = 0;
     std::size_t length = 0; ///< bytes; 0: not well formed
@@ -266,6 +253,18 @@ void WriteFileAtomically(const std::string& path, std::string_view bytes) {
         ThrowFileError(path, error);
     }
     SyncFolder(folder);
+}
+
+void AppendUtf8(std::string& text, unsigned codePoint) {
+    if (codePoint < 0x80) {
+        text += static_cast<char>(codePoint);
+        return;
+    }
+    const unsigned following = codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
+    constexpr std::array<unsigned, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
+    text += static_cast<char>(kLead[following] | codePoint >> 6 * following);
+    for (unsigned i = following; i-- > 0;)
+        text += static_cast<char>(0x80 | (codePoint >> 6 * i & 0x3F));
 }
 
 bool FileExists(const std::string& path) {

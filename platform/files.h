@@ -31,6 +31,8 @@ std::string DecodeText(std::string_view bytes);
 std::string EncodeText(std::string_view utf8);
 /// Whether the bytes are well-formed UTF-8 (no overlong forms, no surrogates).
 bool IsUtf8(std::string_view bytes);
+/// Appends a character by its number in Unicode.
+void AppendUtf8(std::string& text, unsigned codePoint);
 
 /// Paths: both separators are understood on reading; "/" is used here.
 std::string FileName(std::string_view path);    ///< behind the last separator
