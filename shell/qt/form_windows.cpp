@@ -54,9 +54,18 @@ class ModalWindow : public QDialog {
 public:
     using QDialog::QDialog;
     std::function<void()> onCloseRequest;
+    int helpTopic = 0;
     void reject() override {
         if (onCloseRequest)
             onCloseRequest();
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->matches(QKeySequence::HelpContents))
+            host().showHelp(helpTopic);
+        else
+            QDialog::keyPressEvent(event);
     }
 };
 
@@ -105,12 +114,11 @@ FormWindows::FormWindows(Desktop& desktop, QMdiArea& area) : desktop_(desktop), 
     host().showForm = [this](Form& form) { Show(form); };
     host().hideForm = [this](Form& form) { Hide(form); };
     host().closeForm = [this](Form& form) { Close(form); };
-    QObject::connect(&area_, &QMdiArea::subWindowActivated, &area_,
+    QObject::connect(&area_, &QMdiArea::subWindowActivated, &context_,
                      [this](QMdiSubWindow* window) { ActivatedByUser(window); });
 }
 
 FormWindows::~FormWindows() {
-    area_.disconnect();
     for (const auto& entry : entries_)
         if (entry->binder != nullptr)
             entry->binder->Detach();
@@ -217,6 +225,11 @@ void FormWindows::Close(Form& form) {
         dialog->done(QDialog::Rejected);
     }
     frame->deleteLater(); // its own event may be under way
+    // When the command is over and has opened nothing, the window that came to light is in front.
+    QTimer::singleShot(0, &context_, [this] {
+        if (ActiveForm() == nullptr)
+            ActivatedByUser(area_.activeSubWindow());
+    });
 }
 
 void FormWindows::OpenWindow(Entry& entry) {
@@ -231,6 +244,8 @@ void FormWindows::OpenWindow(Entry& entry) {
     if (form.modal) {
         auto* const dialog = new ModalWindow(area_.window());
         dialog->onCloseRequest = closeRequest;
+        dialog->helpTopic = form.helpTopic;
+        dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
         auto* const layout = new QVBoxLayout(dialog);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(root);

@@ -86,6 +86,7 @@ private:
     std::vector<std::unique_ptr<Entry>> entries_;
     Form* active_ = nullptr;
     bool arranging_ = false; ///< windows are being opened or closed by the program
+    QObject context_;        ///< what is connected or postponed ends with this object
 };
 
 } // namespace zorvant

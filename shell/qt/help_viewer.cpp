@@ -6,8 +6,8 @@ namespace zorvant {
 namespace {
 
 constexpr int kStartTopic = 10250;
-constexpr QSize kStartSize(900, 640);
-constexpr int kContentsWidth = 260;
+constexpr QSize kStartSize(900, 680);
+constexpr int kContentsWidth = 280;
 constexpr int kPageMargin = 14;
 
 QString ReadText(const QString& path) {
@@ -21,7 +21,10 @@ HelpViewer::HelpViewer(const QString& directory, QWidget* parent)
     : QWidget(parent, Qt::Window), directory_(directory) {
     setWindowTitle(tr("ZORVANT - Help"));
     setWindowIcon(QApplication::windowIcon());
-    resize(kStartSize);
+    // At the right, so that the dialog that is asked about can be seen beside it.
+    const QRect room = screen()->availableGeometry();
+    resize(kStartSize.boundedTo(room.size()));
+    move(room.right() - width(), room.top() + (room.height() - height()) / 2);
     ReadContents();
     BuildWidgets();
     FillTree({});
@@ -205,7 +208,7 @@ void HelpViewer::Display(int topic) {
                         .arg(entry.topic)
                         .arg(entry.title.toHtmlEscaped());
         page_->setHtml(
-            directory_.isEmpty()
+            contents_.empty()
                 ? tr("<h2>Help</h2><p>The help files were not found beside the program.</p>")
                 : tr("<h2>Help</h2><p>There is no topic %1 yet. What there is:</p>").arg(topic) +
                       QStringLiteral("<ul>%1</ul>").arg(list));

@@ -3,6 +3,7 @@
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/help_viewer.h"
+#include "shell/qt/qt_text.h"
 #include "tests/qt/qt_user.h"
 
 #include <gmock/gmock.h>
@@ -86,6 +87,40 @@ TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
         EXPECT_TRUE(FileExists(session));
         EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
     }
+}
+
+TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {
+    Application program;
+    RecordBoxes();
+    program.Start("");
+    Settle();
+    QStringList entries;
+    QTimer::singleShot(20, qApp, [&] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        if (menu == nullptr)
+            return;
+        for (const QAction* action : menu->actions())
+            entries << action->text();
+        menu->close();
+    });
+    QGuiApplication::clipboard()->setText(QStringLiteral("1"));
+    host().popupMenu(program.record().Entry("mnuEdit1"));
+    EXPECT_EQ(entries, (QStringList{QStringLiteral("Copy"), QStringLiteral("Insert"),
+                                    QStringLiteral("Delete")}));
+    EXPECT_TRUE(program.record().Entry("mnuPaste1").enabled);
+}
+
+TEST_F(ApplicationTest, TheWindowListNamesTheOpenWindows) {
+    Application program;
+    RecordBoxes();
+    program.Start("");
+    Settle();
+    QMenu& list = *Child<QAction>(program.window(), "mnuFenster").menu();
+    emit list.aboutToShow();
+    QStringList texts;
+    for (const QAction* action : list.actions())
+        texts << action->text();
+    EXPECT_TRUE(texts.contains(QStringLiteral("&1  Kinetic Model"))) << FromQt(texts.join(u'|'));
 }
 
 TEST_F(ApplicationTest, AProjectDroppedOnTheWindowIsLoaded) {

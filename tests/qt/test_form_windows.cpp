@@ -131,6 +131,46 @@ TEST_F(FormWindowsTest, TheActivateEventRunsOnceForEachComingToTheFront) {
     EXPECT_EQ(activations, 2);
 }
 
+TEST_F(FormWindowsTest, TheWindowThatComesToLightWhenOneClosesIsActivated) {
+    int activations = 0;
+    ShowForm(desktop, first);
+    first.onActivate = [&] { ++activations; };
+    ShowForm(desktop, second);
+    UnloadForm(desktop, second);
+    Settle();
+    EXPECT_EQ(windows.ActiveForm(), &first);
+    EXPECT_EQ(activations, 1);
+}
+
+TEST_F(FormWindowsTest, AFormWithAMenuTableGetsItsMenuBar) {
+    static constexpr MenuRow kRows[] = {
+        {1, "mnuTop", "Top"},
+        {2, "mnuOne", "One"},
+    };
+    struct MenuForm : Form {
+        MenuForm() : Form("menus") {
+            menu = kRows;
+            Declare();
+        }
+        MenuEntry mnuTop{*this, "mnuTop", "Top"}, mnuOne{*this, "mnuOne", "One"};
+    } form;
+    bool opened = false, chosen = false;
+    form.mnuTop.onOpen = [&] { opened = true; };
+    form.mnuOne.onClick = [&] { chosen = true; };
+    windows.Add(form, [] {
+        auto* const root = new QWidget;
+        new QVBoxLayout(root);
+        return root;
+    });
+    ShowForm(desktop, form);
+    QWidget& root = *windows.WidgetOf(form);
+    emit Child<QAction>(root, "mnuTop").menu()->aboutToShow();
+    Child<QAction>(root, "mnuOne").trigger();
+    EXPECT_TRUE(opened && chosen);
+    UnloadForm(desktop, form);
+    std::erase(desktop.forms, &form);
+}
+
 TEST_F(FormWindowsTest, AModalFormHoldsItsCallerUntilItIsHiddenOrClosed) {
     bool shown = false;
     modal.cmdClose.onClick = [&] { HideForm(modal); };
