@@ -22,7 +22,7 @@ static void UseDrawings() {
 
 namespace zorvant {
 
-template <class Dialog, class Ui> Dialog& Application::Register(Placement placement) {
+template <class Dialog, class Ui> Dialog& Application::Register(WindowPlacement placement) {
     auto made = std::make_unique<Dialog>(ps_);
     Dialog& dialog = *made;
     forms_.push_back(std::move(made));
@@ -32,8 +32,8 @@ template <class Dialog, class Ui> Dialog& Application::Register(Placement placem
 
 /// The table of forms: a dialog that stands here exists, and the commands that open it can be used.
 void Application::RegisterForms() {
-    Register<frmZorModel, Ui::frmZorModel>(Placement::BesideOthers);
-    Register<frmmatrix, Ui::frmmatrix>(Placement::RightEdge);
+    Register<frmZorModel, Ui::frmZorModel>(WindowPlacement::BesideOthers);
+    Register<frmmatrix, Ui::frmmatrix>(WindowPlacement::RightEdge);
     auto& files = Register<frmZCmnDlg, Ui::frmZCmnDlg>();
     auto& comment = Register<frmCommentInput, Ui::frmCommentInput>();
 

@@ -30,7 +30,8 @@ public:
 private:
     void RegisterForms();
     /// Makes the record of a dialog and enters it with the layout of its .ui.
-    template <class Dialog, class Ui> Dialog& Register(Placement placement = Placement::Stored);
+    template <class Dialog, class Ui>
+    Dialog& Register(WindowPlacement placement = WindowPlacement::Stored);
 
     ProjectState ps_;
     MDIZOR record_{ps_};

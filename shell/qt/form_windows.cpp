@@ -127,7 +127,7 @@ FormWindows::~FormWindows() {
     host().closeForm = [](Form&) {};
 }
 
-void FormWindows::Add(Form& form, WidgetFactory factory, Placement placement) {
+void FormWindows::Add(Form& form, WidgetFactory factory, WindowPlacement placement) {
     auto entry = std::make_unique<Entry>();
     entry->form = &form;
     entry->factory = std::move(factory);
@@ -210,7 +210,7 @@ void FormWindows::Close(Form& form) {
     if (!form.modal && !frame->isHidden() && frame->pos() != entry->opened) {
         form.left = frame->x() * kTwipsPerPixel;
         form.top = frame->y() * kTwipsPerPixel;
-        entry->placement = Placement::Stored; // the user has chosen
+        entry->placement = WindowPlacement::Stored; // the user has chosen
     }
     entry->binder->Detach();
     entry->binder = nullptr;
@@ -290,12 +290,12 @@ void FormWindows::OpenWindow(Entry& entry) {
 QPoint FormWindows::PlaceFor(const Entry& entry, const QSize& size) const {
     const QSize room = area_.viewport()->size();
     QPoint place(entry.form->left / kTwipsPerPixel, entry.form->top / kTwipsPerPixel);
-    if (entry.placement == Placement::RightEdge)
+    if (entry.placement == WindowPlacement::RightEdge)
         place.setX(room.width() - size.width());
-    if (entry.placement == Placement::BesideOthers)
+    if (entry.placement == WindowPlacement::BesideOthers)
         for (const auto& other : entries_)
             if (other.get() != &entry && other->frame && other->frame->isVisible() &&
-                other->placement == Placement::Stored && !other->form->modal)
+                other->placement == WindowPlacement::Stored && !other->form->modal)
                 place.setX(std::max(place.x(), other->frame->geometry().right() + 1));
     place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - size.width())));
     place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - size.height())));

@@ -27,7 +27,7 @@ template <class Ui> WidgetFactory FromUi() {
 }
 
 /// Where a window opens when the user has not moved it yet.
-enum class Placement {
+enum class WindowPlacement {
     Stored,       ///< at the form's left and top
     BesideOthers, ///< right of the windows that are open, as far as there is room
     RightEdge
@@ -47,7 +47,8 @@ public:
     FormWindows& operator=(const FormWindows&) = delete;
 
     /// Enters a form into the table and into the desktop's list of the dialogs that exist.
-    void Add(Form& form, WidgetFactory factory, Placement placement = Placement::Stored);
+    void Add(Form& form, WidgetFactory factory,
+             WindowPlacement placement = WindowPlacement::Stored);
 
     /// Holds each form's record against its widgets, both ways. Returned: one text for each form that
     /// does not fit.
@@ -62,7 +63,7 @@ private:
     struct Entry {
         Form* form = nullptr;
         WidgetFactory factory;
-        Placement placement = Placement::Stored;
+        WindowPlacement placement = WindowPlacement::Stored;
         QPointer<QWidget> frame; ///< the sub-window or the dialog
         QPointer<QWidget> root;  ///< the widget that the factory made
         Binder* binder = nullptr;

@@ -34,7 +34,7 @@ protected:
             [] {
                 return SmallWindow({300, 200});
             },
-            Placement::BesideOthers);
+            WindowPlacement::BesideOthers);
         windows.Add(large, [] { return SmallWindow({2000, 1500}); });
         windows.Add(modal, [] { return SmallWindow({300, 200}); });
         modal.modal = true;
