@@ -1,0 +1,31 @@
+// Pens, symbols and the painting of what a laid-out picture has beside its curves.
+#pragma once
+
+#include "shell/qt/plot_layout.h"
+
+#include <QPen>
+#include <QRectF>
+#include <QVector>
+
+class QCPPainter;
+class QCPScatterStyle;
+
+namespace zorvant {
+
+/// Qt::NoPen for a pattern that shows nothing.
+QPen ToPen(const LineStyle& style);
+QPen GridPen(const PlotAxis& axis);
+QCPScatterStyle ToScatter(const SymbolStyle& style);
+
+void DrawTextBox(QCPPainter& painter, const TextBox& box);
+void DrawBorder(QCPPainter& painter, const QRectF& rect, const Border& border,
+                const QColor& colour);
+/// Axis lines, ticks, numbers and titles, and the frame of the plot area.
+void DrawAxes(QCPPainter& painter, const PlotSurface& surface, const PictureLayout& layout,
+              double pixelsPerPoint);
+void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLayout& legend);
+
+/// The parts of a polyline that lie in a rectangle, parted by points that are not numbers.
+QVector<QPointF> ClipPolyline(const QVector<QPointF>& points, const QRectF& rect);
+
+} // namespace zorvant

@@ -1,0 +1,44 @@
+// Fonts, measures and line breaks of the texts in a diagram's picture.
+#pragma once
+
+#include "diagrams/plot_surface.h"
+
+#include <QColor>
+#include <QFont>
+#include <QRectF>
+#include <QStringList>
+
+#include <optional>
+
+namespace zorvant {
+
+QColor ToColour(Colour colour, Colour ofStyle);
+/// The font of a choice, in pixels. The names of the classic system fonts stand for the free fonts
+/// of the same widths.
+QFont ToFont(const FontChoice& choice, double pixelsPerPoint);
+
+/// A text in its box.
+struct TextBox {
+    QRectF rect; ///< with padding, as it lies on the picture
+    QStringList lines;
+    QString exponent; ///< stands raised behind the last line
+    QFont font;
+    QColor fore = Qt::black;
+    std::optional<QColor> back = std::nullopt; ///< none: what lies below shows through
+    Border border;
+    bool vertical = false; ///< reads upward
+};
+
+/// Size of a text as it lies on the picture, without padding.
+QSizeF MeasureText(const TextBox& box);
+QFont ExponentFont(const QFont& font);
+
+/// Takes a text into a box: its own line ends are kept; where it is wider than it may be, the font
+/// is made a little smaller, and if that is not enough the lines are broken between words.
+/// Returned: a box without place (rect at the origin, as large as the text)
+TextBox FitText(const std::string& utf8, const QFont& font, double maxWidth);
+
+/// The number at a mark as people write it: true minus signs, powers of ten with a raised exponent.
+TextBox NumberText(const std::string& markText, const QFont& font);
+
+} // namespace zorvant

@@ -1,0 +1,87 @@
+// Diagrams as files.
+#include "platform/files.h"
+#include "shell/qt/plot_picture.h"
+#include "tests/qt/plot_samples.h"
+#include "tests/temp_folder.h"
+
+#include <QImage>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <thread>
+
+namespace zorvant {
+namespace {
+
+PlotSurface Sample() {
+    PlotSurface surface = EmptyDiagram();
+    AddDecay(surface, 1, 3, "c(A) ");
+    SetPoints(surface, kLines, kHalfLifeASeries, {2, 2}, {0, 10000}); // a mark beyond the frame
+    SetPoints(surface, kPoints, 1, {0, 1, 2}, {1, 0.7, 0.5});
+    return surface;
+}
+
+} // namespace
+
+TEST(PlotPicture, IsTheSameFileEachTime) {
+    PlotSurface surface = Sample();
+    std::vector<std::string> first;
+    for (const char* ending : {".png", ".svg", ".PDF"})
+        first.push_back(PictureBytes(surface, ending, {600, 400}));
+    std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // another second on the clock
+    std::size_t i = 0;
+    for (const char* ending : {".png", ".svg", ".PDF"})
+        EXPECT_EQ(PictureBytes(surface, ending, {600, 400}), first[i++]) << ending;
+    EXPECT_EQ(first[0].substr(1, 3), "PNG");
+    EXPECT_NE(first[1].find("<svg"), std::string::npos);
+    EXPECT_EQ(first[2].substr(0, 5), "%PDF-");
+}
+
+TEST(PlotPicture, HasTheSizeAskedForAndLeavesTheRecordAlone) {
+    PlotSurface surface = Sample();
+    surface.layout.plotArea = {1, 2, 3, 4};
+    const PlotContents before = surface;
+    for (const double scale : {1.0, 2.0, 0.5}) {
+        const QImage image = QImage::fromData(
+            QByteArray::fromStdString(PictureBytes(surface, ".png", {600, 400}, scale)));
+        EXPECT_EQ(image.size(), QSize(600, 400) * scale);
+        EXPECT_EQ(image.pixel(0, 0), qRgb(255, 255, 255));
+        EXPECT_EQ(image.pixel(image.width() - 1, image.height() - 1), qRgb(255, 255, 255));
+    }
+    EXPECT_EQ(surface.layout.plotArea, (PixelRect{1, 2, 3, 4}));
+    EXPECT_EQ(static_cast<const PlotContents&>(surface), before);
+}
+
+TEST(PlotPicture, KeepsTextAsTextAndLinesInsideTheFrame) {
+    PlotSurface surface = Sample();
+    const std::string svg = PictureBytes(surface, ".svg", {600, 400});
+    EXPECT_NE(svg.find(">c(A)/ (mol/L)<"), std::string::npos);
+    EXPECT_NE(svg.find("Liberation Sans"), std::string::npos);
+    EXPECT_EQ(svg.find("nan"), std::string::npos);
+    // some programs do not clip: the mark that reaches to 10000 is cut off beforehand
+    for (std::size_t at = svg.find("<polyline"); at != std::string::npos;
+         at = svg.find("<polyline", at + 1)) {
+        const std::size_t from = svg.find("points=\"", at) + 8;
+        std::istringstream points(svg.substr(from, svg.find('"', from) - from));
+        double x = 0, y = 0;
+        for (char comma = 0; points >> x >> comma >> y;) {
+            EXPECT_GE(y, 0);
+            EXPECT_LE(y, 400);
+        }
+    }
+}
+
+TEST(PlotPicture, IsWrittenWholeOrNotAtAll) {
+    PlotSurface surface = Sample();
+    const TempFolder folder;
+    const std::string path = folder / "picture.png";
+    RenderPicture(surface, path, {300, 200});
+    EXPECT_EQ(ReadFile(path).substr(1, 3), "PNG");
+    EXPECT_THROW(RenderPicture(surface, folder / "picture.gif", {300, 200}), FileError);
+    EXPECT_THROW(RenderPicture(surface, folder / "nowhere/picture.png", {300, 200}), FileError);
+    EXPECT_FALSE(FileExists(folder / "picture.gif"));
+}
+
+} // namespace zorvant
