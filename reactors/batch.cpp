@@ -6,7 +6,7 @@
 #include "engine/reaction_catalogue.h"
 #include "reactors/batch_search.h"
 #include "reactors/half_life.h"
-#include "reactors/tank_balance.h"
+#include "reactors/reactor_input.h"
 
 #include <algorithm>
 #include <cmath>

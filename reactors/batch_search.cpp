@@ -2,6 +2,7 @@
 
 #include "engine/rate_laws.h"
 #include "engine/reaction_catalogue.h"
+#include "reactors/reactor_input.h"
 #include "reactors/root_search.h"
 
 #include <cmath>
@@ -15,8 +16,8 @@ constexpr double kBracketTolerance = 1e-14; ///< of t
 constexpr double kFallbackStart = 0.001;    ///< TU, where A does not react at first
 constexpr double kLatestTime = 1e300;       ///< TU, where doubling ends
 constexpr double kLatestIntegration = 1e12; ///< TU, the same for integrated models
-/// Sub-steps of integration, some seconds: enough for the longest time at the finest nodes.
-constexpr long long kBracketWork = 200'000'000;
+/// Sub-steps of integration, about a second: enough for the longest time at the finest nodes.
+constexpr long long kBracketWork = 30'000'000;
 
 } // namespace
 
@@ -47,20 +48,17 @@ double ConversionSearch::TimeAtFirstRate() const {
 TimeSearch ConversionSearch::Bracket() {
     TimeSearch result;
     result.messages = std::exchange(messages_, {}); // what the search before ended with
+    result.err = true;
+    if (!IsSoundInput(ps_, ps_.ModelId, ps_.c0) || !(ps_.UA != 0) || !std::isfinite(ps_.UA))
+        return result;
     work_ = kBracketWork;
-    const bool integrated = Model(ps_.ModelId).numeric;
+    const double limit = Model(ps_.ModelId).numeric ? kLatestIntegration : kLatestTime;
     const auto f = [&](double t) {
         return Missing(t).value_or(std::numeric_limits<double>::quiet_NaN());
     };
-    std::optional<double> t;
-    if (ps_.UA != 0 && std::isfinite(ps_.UA))
-        t = FindPositiveRoot(f, TimeAtFirstRate() / 2, ps_.UA,
-                             integrated ? kLatestIntegration : kLatestTime, kBracketTolerance);
-    messages_.clear();
-    if (!t || !Missing(*t)) {
-        result.err = true;
+    const auto t = FindPositiveRoot(f, TimeAtFirstRate() / 2, ps_.UA, limit, kBracketTolerance);
+    if (!t || !Missing(*t))
         return result;
-    }
     return {*t, false, {}};
 }
 

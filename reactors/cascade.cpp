@@ -2,6 +2,7 @@
 
 #include "platform/number_text.h"
 #include "reactors/curve_arrays.h"
+#include "reactors/reactor_input.h"
 #include "reactors/tank_balance.h"
 
 #include <algorithm>
@@ -41,8 +42,8 @@ double LargestOf(const SpeciesArray& c) {
 }
 
 void StoreRanges(ProjectState& ps, double xEnd, double yMax) {
-    ps.Memory.RngT = {0, static_cast<float>(xEnd)};
-    ps.Memory.RngC = {kBelow, static_cast<float>(yMax * kAbove)};
+    ps.Memory.RngT = {0, AxisEnd(xEnd)};
+    ps.Memory.RngC = {kBelow, AxisEnd(yMax * kAbove)};
 }
 
 } // namespace
@@ -95,7 +96,7 @@ void CalcCascade(ProjectState& ps, int j, int model, int mode, double c01,
 
 SeriesResult RunCascade(ProjectState& ps, TankSeries& series, int mode, double& V) {
     SeriesResult result;
-    if (series.N < 1) {
+    if (series.N < 1 || !IsSoundInput(ps, ps.ModelId, ps.c0)) {
         result.bNoSolution = true;
         return result;
     }
@@ -114,7 +115,7 @@ SeriesResult RunCascade(ProjectState& ps, TankSeries& series, int mode, double& 
 }
 
 bool CascadeStaircase(ProjectState& ps, const TankSeries& series) {
-    if (series.N < 1 || series.N > kStaircaseIntervals)
+    if (series.N < 1 || series.N > kStaircaseIntervals || !IsSoundInput(ps, ps.ModelId, ps.c0))
         return false;
     ReserveCurves(ps, kStaircaseIntervals);
     const auto perTank =
@@ -137,7 +138,7 @@ bool CascadeStaircase(ProjectState& ps, const TankSeries& series) {
 
 bool CascadeTimeCurve(ProjectState& ps, int N) {
     const double end = 2 * ps.tVerweil;
-    if (N < 1 || !(end > 0) || !std::isfinite(end))
+    if (N < 1 || !(end > 0) || !std::isfinite(end) || !IsSoundInput(ps, ps.ModelId, ps.c0))
         return false;
     ReserveCurves(ps, kCurveIntervals);
     TankSeries series; // of its own: the results of the calculation stay

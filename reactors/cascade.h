@@ -50,13 +50,13 @@ struct SeriesResult {
 SeriesResult RunCascade(ProjectState& ps, TankSeries& series, int mode, double& V);
 
 /// The staircase c(N) of a series that was run: the feed at 0, tank j's outlet up to j.
-/// Returned: tSim, cSim*, NPoints, RngT, RngC of the state. False without tanks.
+/// Returned: tSim, cSim*, NPoints, RngT, RngC of the state. False without tanks or with bad input.
 bool CascadeStaircase(ProjectState& ps, const TankSeries& series);
 
 /// The product of N tanks over the total mean residence time, 0 to twice tVerweil in 201 points.
 /// Returned: tSim, cSim*, NPoints, RngT, RngC, UA and Ksi of the state; a point without a solution
 ///           repeats what the tanks held before. False, nothing changed, when tVerweil or N is not
-///           above 0.
+///           above 0 or the input is bad.
 bool CascadeTimeCurve(ProjectState& ps, int N);
 
 } // namespace zorvant

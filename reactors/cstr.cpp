@@ -1,6 +1,7 @@
 #include "reactors/cstr.h"
 
 #include "reactors/curve_arrays.h"
+#include "reactors/reactor_input.h"
 #include "reactors/tank_balance.h"
 
 #include <algorithm>
@@ -79,7 +80,8 @@ Range ConcentrationRange(const ProjectState& ps) {
     yMin = std::max(yMin, 0.0);
     yMax += std::abs(yMax - yMin) * kMargin;
     yMin -= std::abs(yMax - yMin) * kMargin;
-    return {static_cast<float>(yMin), static_cast<float>(yMax)};
+    const Range range{AxisEnd(yMin), AxisEnd(yMax)};
+    return range.lower < range.upper ? range : Range{0, 1}; // nothing but zeros
 }
 
 } // namespace
@@ -125,7 +127,7 @@ void CalcRuehrkessel(ProjectState& ps, int model, int mode, const SpeciesArray& 
 
 bool CalcTankCurve(ProjectState& ps) {
     const double end = 2 * ps.tVerweil;
-    if (!IsPositive(end))
+    if (!IsPositive(end) || !IsSoundInput(ps, ps.ModelId, ps.c0))
         return false;
     ReserveCurves(ps, kCurveIntervals);
     const double dt = end / kCurveIntervals;
@@ -139,7 +141,7 @@ bool CalcTankCurve(ProjectState& ps) {
                         ps.cEnd, ps.Ksi, bBTooLow, bNoSolution, messages);
         StorePoint(ps, j, t, ps.cEnd);
     }
-    ps.Memory.RngT = {0, static_cast<float>(end)};
+    ps.Memory.RngT = {0, AxisEnd(end)};
     ps.Memory.RngC = ConcentrationRange(ps);
     return true;
 }

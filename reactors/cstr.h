@@ -24,7 +24,8 @@ void CalcRuehrkessel(ProjectState& ps, int model, int mode, const SpeciesArray& 
 
 /// Outlet concentrations over the mean residence time, 0 to twice tVerweil in 201 points.
 /// Returned: tSim, cSim* of the state, NPoints, RngT and RngC with their margins; UA, cEnd, Ksi and
-///           VPunkt as at the last point. False, nothing changed, when tVerweil is not above 0.
+///           VPunkt as at the last point. False, nothing changed, when tVerweil is not above 0 or
+///           the input is bad.
 bool CalcTankCurve(ProjectState& ps);
 
 } // namespace zorvant

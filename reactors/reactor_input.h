@@ -25,4 +25,8 @@ struct InputCheck {
 /// against the rules of the reactor.
 InputCheck CheckInput(ProjectState& ps, Reactor reactor, const ReactorInput& input);
 
+/// Whether a calculation can begin: constants of the model finite and not negative, concentrations
+/// finite, for model 20 an order above 0.
+bool IsSoundInput(const ProjectState& ps, int model, const SpeciesArray& c);
+
 } // namespace zorvant

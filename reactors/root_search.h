@@ -107,9 +107,10 @@ std::optional<double> FindRootBetween(Function&& f, double a, double fa, double 
 template <class Function>
 std::optional<double> FindPositiveRoot(Function&& f, double start, double signAtZero, double limit,
                                        double relativeTolerance) {
-    constexpr int kSettledAfter = 8; // fewer end on the plateau between a fast and a slow step
-    constexpr double kHardly = 0.01; // of f itself; what is left then adds up to less than f
-    constexpr int kHalvings = 200;   // more reach into times where nothing has begun
+    constexpr int kSettledAfter = 8;    // fewer end on the plateau between a fast and a slow step
+    constexpr double kHardly = 0.01;    // of f itself; what is left then adds up to less than f
+    constexpr double kRounding = 1e-12; // of f: a change that is none
+    constexpr int kHalvings = 200;      // more reach into times where nothing has begun
     const auto passed = [&](double value) { return value == 0 || (value < 0) != (signAtZero < 0); };
     const double first = f(start);
     if (std::isnan(first))
@@ -127,7 +128,8 @@ std::optional<double> FindPositiveRoot(Function&& f, double start, double signAt
             if (passed(upperValue))
                 return FindRootBetween(f, t, value, upper, upperValue, relativeTolerance);
             const double before = std::exchange(change, std::abs(upperValue - value));
-            settled = change <= before && change < kHardly * std::abs(upperValue) ? settled + 1 : 0;
+            const bool less = change <= before || change < kRounding * std::abs(upperValue);
+            settled = less && change < kHardly * std::abs(upperValue) ? settled + 1 : 0;
             t = upper;
             value = upperValue;
         }

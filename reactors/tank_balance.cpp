@@ -5,7 +5,7 @@
 #include "reactors/tank_balance.h"
 
 #include "engine/rate_laws.h"
-#include "engine/reaction_catalogue.h"
+#include "reactors/reactor_input.h"
 #include "reactors/root_search.h"
 #include "reactors/tank_search.h"
 
@@ -362,16 +362,6 @@ bool IsFiniteResult(const TankResult& result) {
 }
 
 } // namespace
-
-bool IsSoundInput(const ProjectState& ps, int model, const SpeciesArray& c) {
-    if (model < 1 || model > kModels || !AreFinite(c))
-        return false;
-    const char* mask = Model(model).rateMask;
-    for (std::size_t j = 1; j <= 3; ++j)
-        if (mask[j - 1] == '1' && !(std::isfinite(ps.k[j]) && ps.k[j] >= 0))
-            return false;
-    return model != 20 || (std::isfinite(ps.OrderN) && ps.OrderN > 0);
-}
 
 TankResult SolveTankForState(ProjectState& ps, int model, const SpeciesArray& in, double t,
                              const SpeciesArray& before, int passLimit) {

@@ -40,8 +40,4 @@ TankResult SolveTankForState(ProjectState& ps, int model, const SpeciesArray& in
 ///           flag where the conversion is out of reach
 TankResult SolveTankForTime(const ProjectState& ps, int model, const SpeciesArray& in, double U);
 
-/// Whether a calculation can begin: constants of the model finite and not negative, concentrations
-/// finite, for model 20 an order above 0.
-bool IsSoundInput(const ProjectState& ps, int model, const SpeciesArray& c);
-
 } // namespace zorvant
