@@ -140,7 +140,7 @@ double ConversionOfA(const ProjectState& ps) {
 }
 
 TimeSearch SearchBatchTime(ProjectState& ps) {
-    ConversionSearch search(ps, kSecantWork);
+    ConversionSearch search(ps);
     double t = kFirstTime;
     if (ps.ModelId == 5 || ps.ModelId == 16) {
         const HalfLife half =

@@ -1,7 +1,7 @@
 #include "reactors/batch_search.h"
 
+#include "engine/closed_forms.h"
 #include "engine/rate_laws.h"
-#include "engine/reaction_catalogue.h"
 #include "reactors/reactor_input.h"
 #include "reactors/root_search.h"
 
@@ -13,6 +13,11 @@ namespace zorvant {
 namespace {
 
 constexpr double kBracketTolerance = 1e-14; ///< of t
+/// An integrated model is followed by secants up to so many times the time at the first rate, and by
+/// so many sub-steps. A secant may jump to times where a stiff set takes minutes though all is over;
+/// what is looked for is then bracketed.
+constexpr double kFarAway = 1e5;
+constexpr long long kSecantWork = 4'000'000;
 constexpr double kFallbackStart = 0.001;    ///< TU, where A does not react at first
 constexpr double kLatestTime = 1e300;       ///< TU, where doubling ends
 constexpr double kLatestIntegration = 1e12; ///< TU, the same for integrated models
@@ -21,8 +26,14 @@ constexpr long long kBracketWork = 30'000'000;
 
 } // namespace
 
+ConversionSearch::ConversionSearch(ProjectState& ps) : ps_(ps), work_(kSecantWork) {
+    latest_ = HasClosedForm(ps.ModelId) ? kLatestTime : kFarAway * TimeAtFirstRate();
+}
+
 std::optional<double> ConversionSearch::Missing(double t) {
     ps_.tVerweil = t;
+    if (std::abs(t) > latest_)
+        return std::nullopt;
     bool err = false;
     CalcBatchKesselWithin(ps_, ps_.ModelId, t, ps_.cEnd, err, messages_, work_);
     if (err)
@@ -52,11 +63,11 @@ TimeSearch ConversionSearch::Bracket() {
     if (!IsSoundInput(ps_, ps_.ModelId, ps_.c0) || !(ps_.UA != 0) || !std::isfinite(ps_.UA))
         return result;
     work_ = kBracketWork;
-    const double limit = Model(ps_.ModelId).numeric ? kLatestIntegration : kLatestTime;
+    latest_ = HasClosedForm(ps_.ModelId) ? kLatestTime : kLatestIntegration;
     const auto f = [&](double t) {
         return Missing(t).value_or(std::numeric_limits<double>::quiet_NaN());
     };
-    const auto t = FindPositiveRoot(f, TimeAtFirstRate() / 2, ps_.UA, limit, kBracketTolerance);
+    const auto t = FindPositiveRoot(f, TimeAtFirstRate() / 2, ps_.UA, latest_, kBracketTolerance);
     if (!t || !Missing(*t))
         return result;
     return {*t, false, {}};

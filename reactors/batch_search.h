@@ -13,15 +13,10 @@ namespace zorvant {
 void CalcBatchKesselWithin(const ProjectState& ps, int model, double t, SpeciesArray& cOut,
                            bool& err, std::vector<MessageBox>& messages, long long& work);
 
-/// Sub-steps of the secant searches, about a tenth of a second. It may jump to times where a stiff
-/// set takes minutes; what is looked for is then bracketed.
-inline constexpr long long kSecantWork = 4'000'000;
-
 /// UA - U(t) of the state's model.
 class ConversionSearch {
 public:
-    /// Given: work, the sub-steps of integration that the prescribed search may take
-    ConversionSearch(ProjectState& ps, long long work) : ps_(ps), work_(work) {}
+    explicit ConversionSearch(ProjectState& ps);
 
     /// UA - (c(A,0) - c(A)(t))/c(A,0); t goes to tVerweil, the state to cEnd.
     /// Returned: nothing on an error
@@ -37,7 +32,8 @@ private:
     double TimeAtFirstRate() const;
 
     ProjectState& ps_;
-    long long work_;
+    double latest_;  ///< TU
+    long long work_; ///< sub-steps left
     std::vector<MessageBox> messages_;
 };
 

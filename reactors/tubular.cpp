@@ -19,7 +19,7 @@ constexpr int kYears = 4;
 } // namespace
 
 TimeSearch SearchTubeTime(ProjectState& ps) {
-    ConversionSearch search(ps, kSecantWork);
+    ConversionSearch search(ps);
     double t = kFirstTime;
     double h = kFirstTime / kSecantPart;
     for (int pass = 1; pass < kSecantPasses; ++pass) {
