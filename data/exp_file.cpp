@@ -3,6 +3,7 @@
 #include "data/exp_data.h"
 #include "data/file_dialog.h"
 #include "data/formats/zi3.h"
+#include "data/previous_version.h"
 #include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -56,7 +57,7 @@ void WriteDataFile(const ProjectState& ps, const std::string& path, bool& ok) {
             std::span(ps.ExpData).subspan(1, static_cast<std::size_t>(ps.ExpPointCount));
         const Zi3Head head{
             .comment = ps.ExpComment, .timeUnit = ps.TimeUnitText, .count = ps.ExpPointCount};
-        WriteFileAtomically(path, WriteZi3(head, rows, ps.LambdaInf));
+        WriteKeepingPrevious(path, WriteZi3(head, rows, ps.LambdaInf));
     });
 }
 

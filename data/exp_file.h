@@ -16,7 +16,7 @@ namespace zorvant {
 /// FuCheckExpData is the caller's to run.
 void LoadExpFile(ProjectState& ps, const std::string& path, bool append, bool& ok);
 
-/// Writes the table whole, or leaves the file as it was.
+/// Writes the table whole, or leaves the file as it was; the version before stays as `name~`.
 /// Errors: a box tells, ok is false.
 void WriteDataFile(const ProjectState& ps, const std::string& path, bool& ok);
 

@@ -115,6 +115,10 @@ struct ProjectState : ExpDataSet,
     std::vector<float> TracerBuf;        ///< element 0: the count
     int DiagramLeft = 0, DiagramTop = 0; ///< twips
 
+    // --- fitting
+    double ArrA = 100;  ///< pre-exponential factor, unit of k
+    double ArrEA = 100; ///< J/mol
+
     // --- files and texts
     std::string ProgramDir; ///< the folder of the executable
     std::string ProjectDir, XYDir, GraphDir, TableDir;
@@ -122,6 +126,7 @@ struct ProjectState : ExpDataSet,
     std::string ProjectFile, ProjectTitle;
     std::string ProjectComment;
     std::string XYFile;
+    int XYCount = 0; ///< lines in the list of the X-Y editor
     std::string CsvSep = ";";
     std::string ProtocolFile;
     bool ProtocolOpen = false;

@@ -131,6 +131,7 @@ struct TextField : ControlOf<Kind::TextField, TextFieldContents> {
 struct ButtonContents {
     bool isDefault = false; ///< Enter presses it
     bool isCancel = false;  ///< Esc presses it
+    std::string shortcut;   ///< a key that presses it within its dialog: "Ctrl+Z"; empty: none
 };
 struct Button : ControlOf<Kind::Button, ButtonContents> {
     using ControlOf::ControlOf;
@@ -224,6 +225,7 @@ struct Grid : ControlOf<Kind::Grid, GridContents> {
     std::function<void(int row, int column)> onEdit; ///< a cell took an edited text
     std::function<void(int row, int column, int&)> onKeyPress;
     std::function<void(int column)> onHeadClick;
+    Handler onDoubleClick; ///< on the current cell
     Handler onContextMenu;
 };
 

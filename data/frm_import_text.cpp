@@ -1,0 +1,322 @@
+#include "data/frm_import_text.h"
+
+#include "data/pasted_table.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/number_text.h"
+
+#include <algorithm>
+#include <ranges>
+
+namespace zorvant {
+namespace {
+
+constexpr int kHelpImport = 10140;
+constexpr const char* kRefused = "Execution not possible";
+/// Lines that the previews show.
+constexpr std::size_t kPreviewLines = 60, kPreviewRows = 60;
+constexpr int kMostSkipped = 10000;
+constexpr int kNumberWidth = 5, kTextWidth = 14;
+constexpr int kEnzymeModel = 10;
+/// Entries of cmbDecimal.
+constexpr int kAsFound = 0, kPoint = 1;
+
+struct Separator {
+    const char* caption;
+    char sign;
+};
+constexpr std::array<Separator, 4> kSeparators{
+    {{"Tab", '\t'}, {"Semicolon ;", ';'}, {"Comma ,", ','}, {"Blanks", ' '}}
+};
+
+/// Heads by which a field is told. They are compared without what stands behind a "/" or "[", and
+/// without blanks; those of one letter with regard to case, since t is the time and T the
+/// temperature.
+struct FieldHeads {
+    int field;
+    const char* heads; ///< blanks between them
+};
+constexpr FieldHeads kFieldHeads[] = {
+    {kExpTime,        "t time zeit r(P) r rate"                },
+    {1,               "c(A) cA A c c(E) conc"                  },
+    {2,               "c(B) cB B c(S) cS S"                    },
+    {3,               "c(C) cC C c(ES) cES ES"                 },
+    {4,               "c(P) cP P product produkt"              },
+    {5,               "c(Q) cQ Q"                              },
+    {kExpLambda,      "lambda signal absorbance extinction abs"},
+    {kExpTemperature, "T temperature temperatur temp"          },
+    {kExpRate,        "k k1 k(1) rateconstant"                 },
+};
+
+std::size_t Index(int i) {
+    return static_cast<std::size_t>(i);
+}
+
+std::string PlainHead(const std::string& head) {
+    std::string plain = head.substr(0, head.find_first_of("/["));
+    std::erase(plain, ' ');
+    return plain;
+}
+
+/// Returned: -1 when the head names no field.
+int FieldOfHead(const std::string& head) {
+    const std::string plain = PlainHead(head);
+    for (const FieldHeads& row : kFieldHeads)
+        for (const auto word : std::views::split(std::string_view(row.heads), ' ')) {
+            const std::string_view known(word.begin(), word.end());
+            if (known.size() == 1 ? plain == known : UpperCase(plain) == UpperCase(known))
+                return row.field;
+        }
+    return -1;
+}
+
+std::size_t ColumnsOf(const TableNumbers& numbers) {
+    std::size_t columns = 0;
+    for (std::size_t row = 0; row < numbers.Rows(); ++row)
+        columns = std::max(columns, numbers.Row(row).size());
+    return columns;
+}
+
+/// Entries "1: time/min" of the columns that can be chosen.
+void ListColumns(frmImportText& form, std::size_t columns) {
+    for (int field = 0; field < kExpColumns; ++field) {
+        ComboBox& box = form.cmbField(field);
+        box.items = {"-"};
+        for (std::size_t column = 0; column < columns; ++column) {
+            std::string entry = std::to_string(column + 1);
+            if (column < form.guess.heads.size() && !Trim(form.guess.heads[column]).empty())
+                entry += ": " + Trim(form.guess.heads[column]);
+            box.items.push_back(entry);
+        }
+        box.index = std::clamp(box.index, 0, static_cast<int>(columns));
+    }
+}
+
+/// Fields by their heads; without any known head in the order of the list.
+void AssignColumns(frmImportText& form, std::size_t columns) {
+    for (int field = 0; field < kExpColumns; ++field)
+        form.cmbField(field).index = 0;
+    bool any = false;
+    for (std::size_t column = 0; column < std::min(columns, form.guess.heads.size()); ++column) {
+        const int field = FieldOfHead(form.guess.heads[column]);
+        if (field < 0 || form.cmbField(field).index != 0)
+            continue;
+        form.cmbField(field).index = static_cast<int>(column) + 1;
+        any = true;
+    }
+    if (any)
+        return;
+    const bool couples = form.ps.ModelId == kEnzymeModel && form.ps.RcSMode;
+    const int most = std::min(static_cast<int>(columns), kExpColumns);
+    for (int column = 0; column < most; ++column) {
+        const int field = couples && columns == 2 && column == 1 ? 2 : column;
+        form.cmbField(field).index = column + 1;
+    }
+}
+
+void ShowText(frmImportText& form) {
+    const char separator = kSeparators.at(Index(std::max(form.cmbSep.index, 0))).sign;
+    const auto lines = SplitTable(form.text, separator, kPreviewLines);
+    std::size_t columns = 0;
+    for (const auto& line : lines)
+        columns = std::max(columns, line.size());
+    auto& grid = form.Grid;
+    grid.heads = {"line"};
+    grid.columnWidths = {kNumberWidth};
+    for (std::size_t column = 1; column <= columns; ++column) {
+        grid.heads.push_back(std::to_string(column));
+        grid.columnWidths.push_back(kTextWidth);
+    }
+    grid.cells.clear();
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        std::vector<std::string> cells{std::to_string(i + 1)};
+        cells.insert(cells.end(), lines[i].begin(), lines[i].end());
+        cells.resize(columns + 1);
+        grid.cells.push_back(std::move(cells));
+    }
+    ++grid.revision;
+}
+
+void ShowNumbers(frmImportText& form) {
+    auto& grid = form.GridRead;
+    std::vector<int> fields;
+    grid.heads = {"row"};
+    grid.columnWidths = {kNumberWidth};
+    for (int field = 0; field < kExpColumns; ++field)
+        if (form.cmbField(field).index > 0) {
+            fields.push_back(field);
+            grid.heads.emplace_back(kExpColumnNames[Index(field)]);
+            grid.columnWidths.push_back(kTextWidth);
+        }
+    grid.cells.clear();
+    for (std::size_t row = 0; row < std::min(form.numbers.Rows(), kPreviewRows); ++row) {
+        const auto values = form.numbers.Row(row);
+        std::vector<std::string> cells{std::to_string(row + 1)};
+        for (const int field : fields) {
+            const std::size_t column = Index(form.cmbField(field).index - 1);
+            ExpPoint point;
+            SetExpValue(point, field, column < values.size() ? values[column] : 0);
+            cells.push_back(ExpCellText(point, field));
+        }
+        grid.cells.push_back(std::move(cells));
+    }
+    ++grid.revision;
+    std::string count = std::to_string(form.numbers.Rows()) + " rows";
+    if (form.numbers.badCells > 0)
+        count += "; " + std::to_string(form.numbers.badCells) +
+                 " cells are no numbers and count as 0, first in line " +
+                 std::to_string(form.numbers.firstBadLine);
+    form.lblCount.text = count;
+    form.cmdOK.enabled = form.numbers.Rows() > 0 && !fields.empty();
+}
+
+/// The controls as the guess has it.
+void ShowGuess(frmImportText& form) {
+    form.guess = GuessTableLayout(form.text);
+    for (std::size_t i = 0; i < kSeparators.size(); ++i)
+        if (kSeparators[i].sign == form.guess.layout.separator)
+            form.cmbSep.index = static_cast<int>(i);
+    form.cmbDecimal.index = kAsFound;
+    form.updSkip.value = std::min(form.guess.layout.skipLines, kMostSkipped);
+    form.corrected = false;
+    form.lblDoubt.text = form.guess.doubts.empty()
+                             ? std::string()
+                             : "This can be read in two ways. It is read:" + std::string(kCrLf) +
+                                   DoubtText(form.guess);
+}
+
+bool AskForTextFile(frmImportText& form) {
+    FileRequest request;
+    request.title = "Import text/CSV";
+    request.directory = form.ps.DataDir;
+    request.filters.emplace_back("Text and CSV (*.csv *.txt *.dat *.tsv)",
+                                 "*.csv *.txt *.dat *.tsv");
+    request.filters.emplace_back("All files (*)", "*");
+    const std::optional<FileChoice> choice = host().chooseFile(request);
+    return choice && !choice->path.empty() && TakeFile(form, choice->path);
+}
+
+void Form_Load(frmImportText& form) {
+    const std::string path = std::exchange(form.path, {});
+    form.optTarget(1).enabled = form.ps.ExpPointCount > 0;
+    form.optTarget.selected = 0;
+    if (!(path.empty() ? AskForTextFile(form) : TakeFile(form, path)))
+        UnloadForm(form.ps.desktop, form);
+}
+
+void SeparatorChosen(frmImportText& form) {
+    form.corrected = true;
+    ShowText(form);
+    ShowReading(form);
+    const std::size_t columns = ColumnsOf(form.numbers);
+    ListColumns(form, columns);
+    AssignColumns(form, columns);
+    ShowNumbers(form);
+}
+
+} // namespace
+
+frmImportText::frmImportText(ProjectState& state, frmDatedit& dataEditor)
+    : Form("frmImportText", "Import text/CSV"), ps(state), editor(dataEditor) {
+    modal = true;
+    helpTopic = kHelpImport;
+    for (const Separator& separator : kSeparators)
+        cmbSep.items.emplace_back(separator.caption);
+    cmbSep.index = 0;
+    cmbDecimal.items = {"as found", "point", "comma"};
+    cmbDecimal.index = kAsFound;
+    cmbDecimal.toolTip = " as found: told for each column from its numbers ";
+    updSkip.maximum = kMostSkipped;
+    for (int field = 0; field < kExpColumns; ++field)
+        lblField(field).text = kExpColumnNames[Index(field)];
+    cmdOK.isDefault = true;
+    cmdCancel.isCancel = true;
+
+    onLoad = [this] { Form_Load(*this); };
+    cmdFile.onClick = [this] { AskForTextFile(*this); };
+    cmbSep.onClick = [this] { SeparatorChosen(*this); };
+    cmbDecimal.onClick = [this] {
+        corrected = true;
+        ShowReading(*this);
+    };
+    updSkip.onChange = [this] { ShowReading(*this); };
+    for (int field = 0; field < kExpColumns; ++field)
+        cmbField(field).onClick = [this] { ShowNumbers(*this); };
+    cmdOK.onClick = [this] { cmdOK_Click(*this); };
+    cmdCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
+    Declare();
+}
+
+bool TakeFile(frmImportText& form, const std::string& path) {
+    try {
+        form.text = DecodeTableText(ReadFile(path));
+    } catch (const FileError& error) {
+        ShowMessage(error.what(), kRefused, Icon::Critical);
+        return false;
+    }
+    form.lblFile.text = FileName(path);
+    form.lblFile.toolTip = path;
+    form.ps.DataDir = DirectoryOf(path);
+    ShowGuess(form);
+    ShowText(form);
+    form.numbers = ReadTable(form.text, LayoutOf(form));
+    const std::size_t columns = ColumnsOf(form.numbers);
+    ListColumns(form, columns);
+    AssignColumns(form, columns);
+    ShowReading(form);
+    return true;
+}
+
+TableLayout LayoutOf(const frmImportText& form) {
+    TableLayout layout;
+    layout.separator = kSeparators.at(Index(std::max(form.cmbSep.index, 0))).sign;
+    layout.skipLines = form.updSkip.value;
+    layout.decimals = form.guess.layout.decimals;
+    if (form.cmbDecimal.index != kAsFound)
+        layout.decimals.assign(std::max<std::size_t>(layout.decimals.size(), kPreviewLines),
+                               form.cmbDecimal.index == kPoint ? DecimalSign::Point
+                                                               : DecimalSign::Comma);
+    return layout;
+}
+
+void ShowReading(frmImportText& form) {
+    form.numbers = ReadTable(form.text, LayoutOf(form));
+    form.lblDoubt.visible = !form.corrected && !form.guess.doubts.empty();
+    ShowNumbers(form);
+}
+
+void cmdOK_Click(frmImportText& form) {
+    TableNumbers numbers = form.numbers;
+    if (!form.corrected && !form.guess.doubts.empty()) {
+        const Answer answer =
+            Ask(JoinLines({"The text can be read in two ways. It will be read:", "",
+                           DoubtText(form.guess), "", "Is this right? (No: the other way)"}),
+                "Import text/CSV", Icon::Question, Buttons::YesNoCancel);
+        if (answer == Answer::Cancel)
+            return;
+        if (answer == Answer::No) {
+            TableLayout other = OtherReading(form.guess);
+            other.skipLines = form.updSkip.value;
+            numbers = ReadTable(form.text, other);
+        }
+    }
+    std::vector<int> columns(ColumnsOf(numbers), -1);
+    for (int field = 0; field < kExpColumns; ++field) {
+        const int chosen = form.cmbField(field).index - 1;
+        if (chosen >= 0 && Index(chosen) < columns.size())
+            columns[Index(chosen)] = field;
+    }
+    frmDatedit& editor = form.editor;
+    const bool append = form.optTarget.selected == 1 && form.ps.ExpPointCount > 0;
+    if (!editor.loaded) // its history must know the table before the import
+        ShowForm(form.ps.desktop, editor);
+    const bool done =
+        append ? PutNumbers(editor, numbers, columns, form.ps.ExpPointCount + 1, "importing")
+               : ReplaceByNumbers(editor, numbers, columns, "importing");
+    if (!done)
+        return;
+    UnloadForm(form.ps.desktop, form);
+    ShowForm(form.ps.desktop, editor);
+}
+
+} // namespace zorvant

@@ -1,0 +1,263 @@
+// What survives when the program does not: killed processes leave their data, and saved files are
+// old or new but whole, whatever call of the system fails.
+#include "data/exp_file.h"
+#include "data/previous_version.h"
+#include "data/recovery.h"
+#include "platform/file_calls.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "tests/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+namespace zorvant {
+namespace {
+
+using testing::HasSubstr;
+
+class Recovery : public testing::Test {
+protected:
+    Recovery() { ps.LastSessionFile = folder / "ZorLastSession.ZC3"; }
+    ~Recovery() override { fileCalls() = SystemFileCalls(); }
+
+    static void Fill(ProjectState& state, int rows) {
+        state.ExpData.assign(1, {});
+        for (int i = 0; i < rows; ++i)
+            state.ExpData.push_back({.t = static_cast<double>(i), .cA = 0.5});
+        state.ExpPointCount = rows;
+        state.ExpDataChanged = true;
+    }
+    /// Runs an action in a process of its own, which then dies without a clean exit.
+    template <class Action> void RunAndKill(Action action) {
+        const pid_t child = fork();
+        if (child == 0) {
+            action();
+            kill(getpid(), SIGKILL);
+            _exit(1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_TRUE(WIFSIGNALED(status));
+    }
+
+    TempFolder folder;
+    ScriptedHost script;
+    ProjectState ps;
+    RecoveryKeeper keeper{ps};
+};
+
+TEST_F(Recovery, DataOfAKilledProcessAreOfferedAtTheNextStart) {
+    RunAndKill([&] {
+        Fill(ps, 3);
+        ps.ExpComment = "not saved";
+        ps.TimeUnitText = "min";
+        ps.DataFilePath = "/data/run.ZI3";
+        keeper.Keep();
+        ps.ExpData[2].cA = 0.25; // a change after the first writing
+        keeper.Keep();
+    });
+    ASSERT_EQ(FindRecoveries(ps).size(), 1U);
+    script.answers = {Answer::Cancel, Answer::Yes};
+    EXPECT_FALSE(OfferRecovery(ps, keeper));
+    EXPECT_THAT(script.boxes[0].text, HasSubstr("3 measuring points"));
+    EXPECT_THAT(script.boxes[0].text, HasSubstr("/data/run.ZI3"));
+    EXPECT_EQ(FindRecoveries(ps).size(), 1U); // asked again at the next start
+    EXPECT_TRUE(OfferRecovery(ps, keeper));
+    EXPECT_EQ(ps.ExpPointCount, 3);
+    EXPECT_EQ(ps.ExpData[2].cA, 0.25);
+    EXPECT_EQ(ps.ExpComment, "not saved");
+    EXPECT_EQ(ps.TimeUnitText, "min");
+    EXPECT_EQ(ps.DataFileTitle, "run.ZI3");
+    EXPECT_TRUE(ps.ExpDataChanged); // it still has to be saved
+    // From now on this process keeps them; another crash loses nothing.
+    EXPECT_TRUE(FileExists(keeper.Path()));
+    EXPECT_EQ(folder.Names().size(), 1U);
+}
+
+TEST_F(Recovery, FilesOfProcessesThatRunAreLeftAlone) {
+    int toChild[2], toParent[2];
+    ASSERT_EQ(pipe(toChild) + pipe(toParent), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+        Fill(ps, 2);
+        keeper.Keep();
+        char byte = 0;
+        (void)!write(toParent[1], "x", 1);
+        (void)!read(toChild[0], &byte, 1);
+        kill(getpid(), SIGKILL);
+    }
+    char byte = 0;
+    ASSERT_EQ(read(toParent[0], &byte, 1), 1);
+    EXPECT_EQ(folder.Names().size(), 1U);
+    EXPECT_TRUE(FindRecoveries(ps).empty());
+    ASSERT_EQ(write(toChild[1], "x", 1), 1);
+    waitpid(child, nullptr, 0);
+    EXPECT_EQ(FindRecoveries(ps).size(), 1U);
+    script.answers = {Answer::No}; // not wanted: gone
+    EXPECT_FALSE(OfferRecovery(ps, keeper));
+    EXPECT_TRUE(folder.Names().empty());
+    for (int file : {toChild[0], toChild[1], toParent[0], toParent[1]})
+        close(file);
+}
+
+TEST_F(Recovery, TheFileStandsOnlyWhileSomethingIsUnsaved) {
+    keeper.Keep();
+    EXPECT_TRUE(folder.Names().empty());
+    Fill(ps, 2);
+    keeper.Keep();
+    EXPECT_TRUE(FileExists(keeper.Path()));
+    int writes = 0;
+    fileCalls().rename = [&](const char* from, const char* to) {
+        ++writes;
+        return SystemFileCalls().rename(from, to);
+    };
+    keeper.Keep();
+    EXPECT_EQ(writes, 0); // nothing has changed since
+    ps.ExpComment = "new";
+    keeper.Keep();
+    EXPECT_EQ(writes, 1);
+    ps.ExpDataChanged = false; // saved
+    keeper.Keep();
+    EXPECT_TRUE(folder.Names().empty());
+}
+
+TEST_F(Recovery, AFailingDiskIsTriedAgainAndNeverInterrupts) {
+    Fill(ps, 2);
+    fileCalls().write = [](int, const void*, std::size_t) -> ssize_t {
+        errno = ENOSPC;
+        return -1;
+    };
+    keeper.Keep();
+    EXPECT_FALSE(keeper.lastError.empty());
+    fileCalls() = SystemFileCalls();
+    keeper.Keep();
+    EXPECT_TRUE(FileExists(keeper.Path()));
+    EXPECT_TRUE(script.boxes.empty());
+}
+
+// ---------------------------------------------------------------- the version before
+
+/// Makes the n-th of the calls that change files fail, or kill the process.
+class Saboteur {
+public:
+    Saboteur(int fatal, bool kills) : left_(fatal), kills_(kills) {
+        const FileCalls real = SystemFileCalls();
+        FileCalls& calls = fileCalls();
+        calls.open = Wrap(real.open);
+        calls.fchmod = Wrap(real.fchmod);
+        calls.fsync = Wrap(real.fsync);
+        calls.rename = Wrap(real.rename);
+        calls.close = [this, real](int file) { // a failing close has closed all the same
+            const int result = real.close(file);
+            return Strikes() ? -1 : result;
+        };
+        calls.write = [this, real](int file, const void* bytes, std::size_t count) -> ssize_t {
+            if (Strikes()) { // some of it is on the disk by then
+                (void)real.write(file, bytes, count / 2);
+                Die();
+                return -1;
+            }
+            return real.write(file, bytes, count);
+        };
+    }
+    bool Struck() const { return left_ <= 0; }
+
+private:
+    bool Strikes() {
+        const bool now = --left_ == 0;
+        if (now)
+            errno = EIO;
+        return now;
+    }
+    void Die() const {
+        if (kills_)
+            kill(getpid(), SIGKILL);
+        errno = EIO;
+    }
+    template <class R, class... A> std::function<R(A...)> Wrap(std::function<R(A...)> call) {
+        return [this, call](A... arguments) -> R {
+            if (!Strikes())
+                return call(arguments...);
+            Die();
+            return -1;
+        };
+    }
+    int left_;
+    bool kills_;
+};
+
+TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBefore) {
+    const std::string path = folder / "data.ZI3";
+    const std::string oldest = "oldest", old(50000, 'o'), fresh(70000, 'n');
+    for (const bool kills : {false, true})
+        for (int n = 1;; ++n) {
+            SCOPED_TRACE((kills ? "killed at call " : "failing call ") + std::to_string(n));
+            fileCalls() = SystemFileCalls();
+            std::filesystem::remove_all(folder.Path());
+            std::filesystem::create_directory(folder.Path());
+            WriteFileAtomically(path, old);
+            WriteFileAtomically(path + "~", oldest);
+            bool struck = true, refused = false;
+            if (kills) {
+                const pid_t child = fork();
+                if (child == 0) {
+                    Saboteur saboteur(n, true);
+                    try {
+                        WriteKeepingPrevious(path, fresh);
+                    } catch (const FileError&) {
+                    }
+                    _exit(saboteur.Struck() ? 2 : 0);
+                }
+                int status = 0;
+                waitpid(child, &status, 0);
+                struck = WIFSIGNALED(status) || WEXITSTATUS(status) == 2;
+            } else {
+                Saboteur saboteur(n, false);
+                try {
+                    WriteKeepingPrevious(path, fresh);
+                } catch (const FileError&) {
+                    refused = true;
+                }
+                struck = saboteur.Struck();
+            }
+            fileCalls() = SystemFileCalls();
+            const std::string now = ReadFile(path), before = ReadFile(path + "~");
+            EXPECT_TRUE(now == old || now == fresh);
+            EXPECT_TRUE(before == oldest || before == old);
+            if (now == fresh) {
+                EXPECT_EQ(before, old); // never without the version before
+            }
+            if (!kills) {
+                EXPECT_EQ(now, refused ? old : fresh);
+            }
+            if (!struck) {
+                EXPECT_EQ(now, fresh);
+                EXPECT_GT(n, 8); // both files were written through these calls
+                break;
+            }
+        }
+}
+
+TEST_F(Recovery, SavingTwiceKeepsTheVersionBeforeTheFirst) {
+    const std::string path = folder / "data.ZI3";
+    Fill(ps, 2);
+    bool ok = false;
+    WriteDataFile(ps, path, ok);
+    ASSERT_TRUE(ok);
+    EXPECT_FALSE(FileExists(path + "~")); // there was none
+    const std::string first = ReadFile(path);
+    ps.ExpData[1].cA = 9;
+    WriteDataFile(ps, path, ok);
+    WriteDataFile(ps, path, ok); // unchanged
+    EXPECT_EQ(ReadFile(path + "~"), first);
+}
+
+} // namespace
+} // namespace zorvant
