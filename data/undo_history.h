@@ -36,10 +36,9 @@ struct TableSnapshot {
         const auto same = [](const Piece& a, const Piece& b) { return a == b || *a == *b; };
         if (rows == 0 || rows != other.rows)
             return rows == other.rows;
-        return
-               std::ranges::equal(columns, other.columns, [&](const auto& a, const auto& b) {
-                   return std::ranges::equal(a, b, same);
-               });
+        return std::ranges::equal(columns, other.columns, [&](const auto& a, const auto& b) {
+            return std::ranges::equal(a, b, same);
+        });
     }
 };
 

@@ -453,8 +453,6 @@ TEST_F(DataEditor, TheLargestTableIsSortedTakenBackAndEditedWithoutAPause) {
     RecordProperty("sorting_ms", std::to_string(sorting * 1e3));
     RecordProperty("undo_ms", std::to_string(undo * 1e3));
     RecordProperty("entry_ms", std::to_string(entry * 1e3));
-    printf("sorting %.1f ms, undo %.1f ms, entry %.1f ms\n", sorting * 1e3, undo * 1e3,
-           entry * 1e3);
     EXPECT_LT(sorting, 2); // a bubble sort would take minutes; the machine may be busy
     EXPECT_LT(entry, 0.5);
     Press(editor.optInputMode, 0);
