@@ -214,16 +214,11 @@ TEST_F(Curves, OfATracerRunFromZeroToAHundredPercent) {
     EXPECT_EQ(GetX(doc.surface, kLines, 1, 4), 100);
     EXPECT_THAT(Messages(), testing::IsEmpty());
 
-    for (const std::vector<float>& tooShort : {
-             std::vector<float>{1, 0.5F         },
-             {0},
-             {},
-             {9, 0.5F},
-             {NAN,  1              }
-    }) {
+    // counts of one, none, more than there are, and no number at all
+    for (const float count : {1.0F, 0.0F, 9.0F, NAN}) {
         UnloadForm(ps.desktop, doc);
         scripted.boxes.clear();
-        ps.TracerBuf = tooShort;
+        ps.TracerBuf = {count, 0.5F};
         GrafZentrale(ps, doc);
         EXPECT_EQ(scripted.boxes.size(), 1U) << "one value is no signal";
     }
