@@ -140,10 +140,10 @@ QAbstractButton* Binder::UsableButton(bool ButtonContents::*role) const {
 }
 
 const Binder::Link* Binder::LinkOf(const QObject* watched) const {
-    const auto is = [&](const Link& link) {
-        return link.widget == watched || link.widget == watched->parent(); // a combo's line
-    };
-    const auto found = std::ranges::find_if(links_, is);
+    // The line of a combo box stands for the box.
+    const QObject* const wanted =
+        qobject_cast<const QComboBox*>(watched->parent()) != nullptr ? watched->parent() : watched;
+    const auto found = std::ranges::find(links_, wanted, &Link::widget);
     return found == links_.end() ? nullptr : &*found;
 }
 
@@ -162,14 +162,13 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
     }
     switch (event->type()) {
     case QEvent::FocusIn:
-        if (const Link* link = LinkOf(watched))
-            FocusCame(*link->control);
-        return false;
     case QEvent::FocusOut: {
+        // A box or a menu that comes between is no leaving and coming back.
         const Qt::FocusReason reason = static_cast<QFocusEvent&>(*event).reason();
-        const bool leaves = reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
-        if (const Link* link = LinkOf(watched); link != nullptr && leaves)
-            FocusWent(*link->control);
+        const bool moves = reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
+        if (const Link* link = moves ? LinkOf(watched) : nullptr)
+            event->type() == QEvent::FocusIn ? FocusCame(*link->control)
+                                             : FocusWent(*link->control);
         return false;
     }
     case QEvent::Wheel: {

@@ -256,6 +256,8 @@ void FormWindows::OpenWindow(Entry& entry) {
         auto* const window = new SubWindow;
         window->onCloseRequest = closeRequest;
         window->setAttribute(Qt::WA_DeleteOnClose, false);
+        if (!root->property("maximizes").toBool())
+            window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
         window->setWidget(scroll);
         window->setWindowTitle(root->windowTitle());
         window->setWindowIcon(QApplication::windowIcon());

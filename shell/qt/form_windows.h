@@ -38,7 +38,8 @@ enum class WindowPlacement {
 ///
 /// Positions are kept in twips, 15 to a pixel, stored in the record when a window closes and moved
 /// inside the work area when it opens. A window can't be made smaller than its contents want, unless
-/// the work area is too small for them: then it scrolls.
+/// the work area is too small for them: then it scrolls. A window whose root widget has the dynamic
+/// property "maximizes" (tables, diagrams) can fill the whole area.
 class FormWindows {
 public:
     FormWindows(Desktop& desktop, QMdiArea& area);

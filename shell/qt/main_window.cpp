@@ -155,17 +155,20 @@ void MainWindow::BuildWindowList() {
     auto* const action = findChild<QAction*>(QStringLiteral("mnuFenster"));
     auto* const menu = new QMenu(menuBar());
     action->setMenu(menu);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] { FillWindowList(*menu); });
+    menu->addAction(tr("&Cascade"), area_, &QMdiArea::cascadeSubWindows);
+    menu->addAction(tr("&Tile"), area_, &QMdiArea::tileSubWindows);
+    auto* const close = menu->addAction(tr("C&lose"), area_, &QMdiArea::closeActiveSubWindow);
+    close->setShortcuts(QKeySequence::Close);
+    auto* const next = menu->addAction(tr("&Next"), area_, &QMdiArea::activateNextSubWindow);
+    next->setShortcuts(QKeySequence::NextChild);
+    auto* const list = new QActionGroup(menu); // the windows themselves, renewed at each opening
+    menu->addSeparator();
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, list] { FillWindowList(*menu, *list); });
 }
 
-void MainWindow::FillWindowList(QMenu& menu) {
-    menu.clear();
-    menu.addAction(tr("&Cascade"), area_, &QMdiArea::cascadeSubWindows);
-    menu.addAction(tr("&Tile"), area_, &QMdiArea::tileSubWindows);
-    menu.addAction(tr("C&lose"), QKeySequence::Close, area_, &QMdiArea::closeActiveSubWindow)
-        ->setEnabled(area_->activeSubWindow() != nullptr);
-    menu.addAction(tr("&Next"), QKeySequence::NextChild, area_, &QMdiArea::activateNextSubWindow);
-    menu.addSeparator();
+void MainWindow::FillWindowList(QMenu& menu, QActionGroup& list) {
+    for (QAction* old : list.actions())
+        delete old;
     int number = 0;
     for (QMdiSubWindow* window : area_->subWindowList()) {
         if (window->isHidden())
@@ -178,6 +181,7 @@ void MainWindow::FillWindowList(QMenu& menu) {
             if (window)
                 area_->setActiveSubWindow(window);
         });
+        list.addAction(entry);
         entry->setCheckable(true);
         entry->setChecked(window == area_->activeSubWindow());
     }

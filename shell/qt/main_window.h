@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class QActionGroup;
+
 namespace zorvant {
 
 class HelpViewer;
@@ -35,7 +37,7 @@ private:
     void BuildToolbar();
     void BuildFoot();
     void BuildWindowList();
-    void FillWindowList(QMenu& menu);
+    void FillWindowList(QMenu& menu, QActionGroup& list);
     void ConnectHost();
 
     MDIZOR& record_;

@@ -94,8 +94,8 @@ std::unique_ptr<QWidget> MakeWindow(const std::string& without = {}) {
     layout->setMenuBar(bar);
     BuildMenuBar(*bar, kMenu);
     Make<QLabel>(*layout, "lblHint");
-    Make<QGroupBox>(*layout, "fraGroup");
-    Make<QLineEdit>(*layout, "txtNumber");
+    auto* const group = new QVBoxLayout(Make<QGroupBox>(*layout, "fraGroup"));
+    Make<QLineEdit>(*group, "txtNumber");
     Make<QPlainTextEdit>(*layout, "txtText");
     Make<QPushButton>(*layout, "cmdDefault");
     Make<QPushButton>(*layout, "cmdEsc");
@@ -244,6 +244,24 @@ TEST_F(BinderTest, EnterPressesTheDefaultButtonUnlessAHandlerTakesIt) {
     EXPECT_EQ(pressed, 1);
     EXPECT_TRUE(At<QComboBox>("cmbFree").lineEdit()->hasFocus() ||
                 At<QComboBox>("cmbFree").hasFocus());
+}
+
+TEST_F(BinderTest, AFieldThatIsEnteredMaySelectItsTextEvenByMouse) {
+    form.txtNumber.text = "1.5";
+    form.cmbFree.text = "2.5";
+    form.cmbFree.onGotFocus = [this] { form.cmbFree.selectAll = true; };
+    Open();
+    At<QCheckBox>("chkOn").setFocus();
+    int left = 0;
+    form.txtNumber.onLostFocus = [&] { ++left; };
+    Number().setFocus(Qt::MouseFocusReason);
+    ClickAt(Number(), {5, 5}); // the press that brought the focus takes the selection away again
+    Settle();
+    EXPECT_EQ(Number().selectedText(), QStringLiteral("1.5"));
+    At<QComboBox>("cmbFree").setFocus(Qt::MouseFocusReason);
+    Settle();
+    EXPECT_EQ(At<QComboBox>("cmbFree").lineEdit()->selectedText(), QStringLiteral("2.5"));
+    EXPECT_EQ(left, 1);
 }
 
 TEST_F(BinderTest, EscPressesTheCancelButton) {
