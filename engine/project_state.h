@@ -104,7 +104,7 @@ struct ProjectState : ExpDataSet,
     int CurvesToDraw = 0;
     int CurveCount = 0;
     Colour PresetColor = kBlack;
-    float vRohr = 0;      ///< flow velocity, m/TU
+    double vRohr = 0;     ///< flow velocity, m/TU
     float BacTimeMax = 0; ///< end of the blood-alcohol diagram's time axis, min
     /// The blood-alcohol curve at the whole minutes 0..n, g/kg. Whoever knows that model puts it
     /// here; calc_diagram_function calls it.

@@ -89,7 +89,7 @@ void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
             ps.k[2] /= factor;
         ps.k[3] /= factor;
         if (IsFormLoaded(ps.desktop, "frmRohrreaktor"))
-            ps.vRohr = static_cast<float>(ps.vRohr / factor);
+            ps.vRohr /= factor;
         if (IsFormLoaded(ps.desktop, "frmRKconti") || IsFormLoaded(ps.desktop, "frmKaskade"))
             ps.VPunkt /= factor;
     }

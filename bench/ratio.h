@@ -1,0 +1,54 @@
+// Times two forms of the same calculation in turn, so that a slow moment of the machine hits both.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <vector>
+
+namespace zorvant::bench {
+
+template <class F> inline double SecondsOf(F& f, int calls) {
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    for (int i = 0; i < calls; ++i)
+        f();
+    return std::chrono::duration<double>(Clock::now() - start).count() / calls;
+}
+
+struct Times {
+    double fast, plain; ///< s a call, medians of the rounds
+    double Ratio() const { return fast / plain; }
+};
+
+/// Medians of alternating rounds; each round of the plain form lasts about 2 ms or one call.
+template <class F, class G> inline Times CompareTimes(F fast, G plain, int rounds = 41) {
+    constexpr double kRound = 2e-3;
+    const double once = SecondsOf(plain, 1);
+    fast();
+    const int calls = std::max(1, static_cast<int>(kRound / once));
+    if (once > 0.05)
+        rounds = 5;
+    std::vector<double> f, p;
+    for (int i = 0; i < rounds; ++i) {
+        f.push_back(SecondsOf(fast, calls));
+        p.push_back(SecondsOf(plain, calls));
+    }
+    const auto median = [](std::vector<double>& times) {
+        std::ranges::nth_element(times,
+                                 times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2));
+        return times[times.size() / 2];
+    };
+    return {median(f), median(p)};
+}
+
+/// One line of the table.
+/// Returned: whether the ratio keeps the bound.
+inline bool Report(const char* name, const Times& times, double bound) {
+    const bool kept = times.Ratio() <= bound;
+    std::printf("%-44s %10.2f us %10.2f us   %5.3f  (at most %.2f)%s\n", name, times.fast * 1e6,
+                times.plain * 1e6, times.Ratio(), bound, kept ? "" : "  MISSED");
+    return kept;
+}
+
+} // namespace zorvant::bench
