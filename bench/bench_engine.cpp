@@ -33,21 +33,22 @@ bool CompareCourses(const std::string& name, ProjectState& ps, double bound) {
     return bench::Report(name.c_str(), bench::CompareTimes(fast, plain), bound);
 }
 
-/// Sets whose fastest step asks for nearly as many sub-steps as an interval may have.
+/// Sets at the edge of what the most sub-steps of an interval can follow: the fastest process passes
+/// in 1/128000 of the time unit, an interval lasts half a unit.
 struct StiffSet {
     int model;
     float n;
     ConstantArray k;
 };
 constexpr StiffSet kStiffest[] = {
-    {7,  1.5F, {0, 3e4, 3e4, 0}   },
-    {9,  1.5F, {0, 0.15, 5e4, 0}  },
-    {10, 1.5F, {0, 1e4, 1e3, 1e-3}},
-    {13, 1.5F, {0, 0.15, 5e4, 5e2}},
-    {14, 1.5F, {0, 0.15, 5e4, 5e2}},
-    {15, 1.5F, {0, 5e4, 5e3, 0.15}},
-    {18, 1.5F, {0, 0.15, 5e4, 5e2}},
-    {20, 1.0F, {0, 5e4, 0, 0}     },
+    {7,  1.5F, {0, 1e5, 1e5, 0}      },
+    {9,  1.5F, {0, 0.15, 1.28e5, 0}  },
+    {10, 1.5F, {0, 3e4, 1e3, 1e-3}   },
+    {13, 1.5F, {0, 0.15, 1.28e5, 5e2}},
+    {14, 1.5F, {0, 0.15, 1.28e5, 5e2}},
+    {15, 1.5F, {0, 1.2e5, 8e3, 0.15} },
+    {18, 1.5F, {0, 0.15, 1.28e5, 5e2}},
+    {20, 1.0F, {0, 1.28e5, 0, 0}     },
 };
 
 } // namespace

@@ -19,7 +19,9 @@ endfunction()
 zorvant_tests(platform zorvant_platform)
 zorvant_tests(engine zorvant_engine)
 if(TARGET test_engine) # the course is held against its plain form
-  target_sources(test_engine PRIVATE ${CMAKE_SOURCE_DIR}/bench/reference/course_reference.cpp)
+  target_sources(test_engine PRIVATE
+    ${CMAKE_SOURCE_DIR}/bench/reference/course_reference.cpp
+    ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp)
 endif()
 zorvant_tests(data zorvant_data)
 zorvant_tests(reactors zorvant_reactors)

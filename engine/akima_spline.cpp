@@ -2,6 +2,7 @@
 // J. ACM 17 (1970) 589-602.
 #include "engine/akima_spline.h"
 
+#include "engine/akima_rows.h"
 #include "engine/arithmetic.h"
 
 #include <algorithm>
@@ -25,31 +26,6 @@ std::size_t At(int i) {
     return static_cast<std::size_t>(i);
 }
 
-double Slope(double y1, double y0, double x1, double x0) {
-    if (x1 == x0)
-        ThrowArithmetic(kDivisionByZero);
-    return (y1 - y0) / (x1 - x0);
-}
-
-/// The two knots laid beyond an end, counted away from it, and their chord slopes: the second
-/// difference of the slopes is held constant.
-struct Beyond {
-    double x1, y1, slope1;
-    double x2, y2, slope2;
-};
-
-/// Given: the last knot (x, y), the abscissae before it and the two chord slopes, nearest first.
-Beyond Extend(double x, double y, double xBefore, double xBefore2, double nearest, double next) {
-    Beyond beyond;
-    beyond.x1 = x + xBefore - xBefore2;
-    beyond.x2 = beyond.x1 + x - xBefore;
-    beyond.y1 = (2 * nearest - next) * (beyond.x1 - x) + y;
-    beyond.slope1 = Slope(beyond.y1, y, beyond.x1, x);
-    beyond.y2 = (2 * beyond.slope1 - nearest) * (beyond.x2 - beyond.x1) + beyond.y1;
-    beyond.slope2 = Slope(beyond.y2, beyond.y1, beyond.x2, beyond.x1);
-    return beyond;
-}
-
 /// One pass of a weighted moving average over the knots and two more on each side.
 void Smooth(AkimaTables& tables, int s, int n, double exponent) {
     const auto slot = At(s);
@@ -61,12 +37,14 @@ void Smooth(AkimaTables& tables, int s, int n, double exponent) {
         x[At(i + kExtension)] = X[At(i)];
         y[At(i + kExtension)] = Y[At(i)][slot];
     }
-    const auto chord = [&](int i) { return Slope(y[At(i + 1)], y[At(i)], x[At(i + 1)], x[At(i)]); };
+    const auto chord = [&](int i) {
+        return Divide(y[At(i + 1)] - y[At(i)], x[At(i + 1)] - x[At(i)]);
+    };
     const int first = kExtension + 1, last = n + kExtension;
-    const Beyond left = Extend(x[At(first)], y[At(first)], x[At(first + 1)], x[At(first + 2)],
-                               chord(first), chord(first + 1));
-    const Beyond right = Extend(x[At(last)], y[At(last)], x[At(last - 1)], x[At(last - 2)],
-                                chord(last - 1), chord(last - 2));
+    const Beyond<double> left(x[At(first)], y[At(first)], x[At(first + 1)], x[At(first + 2)],
+                              chord(first), chord(first + 1));
+    const Beyond<double> right(x[At(last)], y[At(last)], x[At(last - 1)], x[At(last - 2)],
+                               chord(last - 1), chord(last - 2));
     x[1] = left.x2, y[1] = left.y2;
     x[2] = left.x1, y[2] = left.y1;
     x[At(last + 1)] = right.x1, y[At(last + 1)] = right.y1;
@@ -112,49 +90,10 @@ void AkimaKoeffizienten(AkimaTables& tables, int s, int n, float smoothing) {
     if (smoothing != 0)
         Smooth(tables, s, n, static_cast<double>(smoothing));
 
-    const auto slot = At(s);
-    const auto& X = tables.SplineX;
-    const auto& Y = tables.SplineY;
-    // The chord slopes stand in SplineD until the coefficients take their place: m(i) is the slope
-    // from point i - 2 to point i - 1, points below 1 and above n being those beyond the ends.
-    const auto m = [&](int i) -> double& { return tables.SplineD[At(i)][slot]; };
-    for (int i = 1; i < n; ++i)
-        m(i + 2) = Slope(Y[At(i + 1)][slot], Y[At(i)][slot], X[At(i + 1)], X[At(i)]);
-    const Beyond left = Extend(X[1], Y[1][slot], X[2], X[3], m(3), m(4));
-    const Beyond right =
-        Extend(X[At(n)], Y[At(n)][slot], X[At(n - 1)], X[At(n - 2)], m(n + 1), m(n));
-    m(2) = left.slope1;
-    m(1) = left.slope2;
-    m(n + 2) = right.slope1;
-    m(n + 3) = right.slope2;
-
-    // Slope at a point: the chords before and behind it, each weighted by how much the slope
-    // changes on the other side.
-    for (int i = 1; i <= n; ++i) {
-        const double m1 = m(i), m2 = m(i + 1), m3 = m(i + 2), m4 = m(i + 3);
-        const double p = std::abs(m4 - m3), q = std::abs(m2 - m1);
-        tables.SplineB[At(i)][slot] =
-            m1 == m2 && m3 == m4 ? (m2 + m3) * 0.5 : (p * m2 + q * m3) / (q + p);
-    }
-
-    double spoilt = 0; // stays 0 while every coefficient is finite
-    for (int i = 1; i < n; ++i) {
-        const double d = X[At(i + 1)] - X[At(i)];
-        const double t0 = tables.SplineB[At(i)][slot], t1 = tables.SplineB[At(i + 1)][slot];
-        const double chord = m(i + 2);
-        const double c3 = (t1 + t0 - 2 * chord) / (d * d);
-        const double c2 = (3 * chord - 2 * t0 - t1) / d;
-        tables.SplineA[At(i)][slot] = Y[At(i)][slot];
-        tables.SplineC[At(i)][slot] = c2;
-        tables.SplineD[At(i)][slot] = c3;
-        spoilt += (c3 - c3) + (c2 - c2) + (t0 - t0);
-    }
-    tables.SplineA[At(n)][slot] = Y[At(n)][slot];
-    tables.SplineC[At(n)][slot] = 0; // beyond the last point the curve is straight
-    tables.SplineD[At(n)][slot] = 0;
-    spoilt += tables.SplineB[At(n)][slot] - tables.SplineB[At(n)][slot];
-    if (spoilt != 0)
-        ThrowArithmetic(kOverflow);
+    AkimaRows<OneSlot> rows(tables, OneSlot{At(s)});
+    for (int i = 1; i <= n; ++i)
+        rows.Add(tables.SplineX[At(i)], tables.SplineY[At(i)][At(s)]);
+    rows.Finish();
 }
 
 int AkimaInterval(const AkimaTables& tables, double x, int n, int hint) {

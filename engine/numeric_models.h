@@ -4,20 +4,18 @@
 #pragma once
 
 #include "engine/arithmetic.h"
+#include "engine/pair.h"
 #include "engine/rate_laws.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <type_traits>
-
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <utility>
 
 namespace zorvant {
 
-/// How c^n is formed. One choice for the rate, the derivative and every caller, so that all give
+/// How k c^n is formed. One choice for the rate, the derivative and every caller, so that all give
 /// the same digits.
 enum class PowerKind { Half, One, OneAndHalf, Two, Three, Integer, Other };
 
@@ -40,42 +38,27 @@ inline PowerKind KindOfPower(double n) {
     return PowerKind::Other;
 }
 
-/// Two numbers side by side: two runs of the integrator at once. Each lane gives the same digits as
-/// a run of its own.
-using Pair = double __attribute__((vector_size(16)));
-
-inline double SquareRoot(double c) {
-    return std::sqrt(c);
-}
-inline Pair SquareRoot(Pair c) {
-#ifdef __SSE2__
-    return _mm_sqrt_pd(c);
-#else
-    return Pair{std::sqrt(c[0]), std::sqrt(c[1])};
-#endif
-}
-
-/// c^n for c >= 0. Real: double or Pair.
-template <PowerKind Kind, class Real> inline Real PowerOf(Real c, double n) {
+/// k c^n for c >= 0, factors in the order that waits least for the slowest. Real: double or Pair.
+template <PowerKind Kind, class Real> inline Real OrderRate(double k, Real c, double n) {
     if constexpr (Kind == PowerKind::Half) {
-        return SquareRoot(c);
+        return k * SquareRoot(c);
     } else if constexpr (Kind == PowerKind::One) {
-        return c;
+        return k * c;
     } else if constexpr (Kind == PowerKind::OneAndHalf) {
-        return c * SquareRoot(c);
+        return (k * c) * SquareRoot(c);
     } else if constexpr (Kind == PowerKind::Two) {
-        return c * c;
+        return (k * c) * c;
     } else if constexpr (Kind == PowerKind::Three) {
-        return c * c * c;
+        return (k * c) * (c * c);
     } else if constexpr (Kind == PowerKind::Integer) {
-        Real power = c;
+        Real rate = k * c;
         for (int i = static_cast<int>(n); i > 1; --i)
-            power *= c;
-        return power;
+            rate *= c;
+        return rate;
     } else if constexpr (std::is_same_v<Real, Pair>) {
-        return Pair{std::pow(c[0], n), std::pow(c[1], n)};
+        return k * Pair{std::pow(c[0], n), std::pow(c[1], n)};
     } else {
-        return std::pow(c, n);
+        return k * std::pow(c, n);
     }
 }
 
@@ -101,9 +84,9 @@ template <class F> inline auto WithPowerKind(double n, F&& f) {
     return f(std::integral_constant<PowerKind, Other>{});
 }
 
-/// c^n for c >= 0.
-inline double OrderPower(double c, double n) {
-    return WithPowerKind(n, [&](auto kind) { return PowerOf<kind.value>(c, n); });
+/// k c^n for c >= 0.
+inline double OrderRate(double k, double c, double n) {
+    return WithPowerKind(n, [&](auto kind) { return OrderRate<kind.value>(k, c, n); });
 }
 
 // The right-hand sides. y and dy count from 0 in the packed order; kSlots names the species of each.
@@ -213,13 +196,14 @@ struct SecondOrderUpstream {
 template <PowerKind Kind> struct OrderN {
     static constexpr std::array<int, 2> kSlots{1, 4};
     double k1, n;
+    bool IsAtRest(const std::array<double, 2>& y) const { return y[0] < 0; }
     void operator()(const double* y, double* dy) const {
-        dy[0] = y[0] < 0 ? 0 : -k1 * PowerOf<Kind>(y[0], n);
-        dy[1] = -dy[0];
+        dy[0] = y[0] < 0 ? 0 : OrderRate<Kind>(-k1, y[0], n);
+        dy[1] = y[0] < 0 ? 0 : -dy[0];
     }
     void operator()(const Pair* y, Pair* dy) const {
-        const Pair rate = -k1 * PowerOf<Kind>(y[0], n);
-        dy[0] = y[0] < 0 ? Pair{} : rate;
+        const Pair rate = OrderRate<Kind>(-k1, y[0], n);
+        dy[0] = Select(y[0] < 0, Pair{}, rate);
         dy[1] = -dy[0];
     }
 };
@@ -258,13 +242,25 @@ template <class F> bool WithNumericModel(int model, const ConstantArray& k, doub
     }
 }
 
+/// dc/dt at a state; the rate of model 20 ends with A itself, whatever n.
+template <class Law>
+[[gnu::always_inline]] inline void NodeRates(const Law& law,
+                                             const std::array<double, Law::kSlots.size()>& y,
+                                             std::array<double, Law::kSlots.size()>& r) {
+    r = {};
+    if constexpr (requires { law.IsAtRest(y); })
+        if (!(y[0] > 0))
+            return;
+    law(y.data(), r.data());
+}
+
 /// dc/dt by species slot; the slots that the model does not have keep their values.
 template <class Law>
 inline void SpeciesRates(const Law& law, const SpeciesArray& c, SpeciesArray& r) {
     std::array<double, Law::kSlots.size()> y, dy;
     for (std::size_t i = 0; i < y.size(); ++i)
         y[i] = c[static_cast<std::size_t>(Law::kSlots[i])];
-    law(y.data(), dy.data());
+    NodeRates(law, y, dy);
     for (std::size_t i = 0; i < y.size(); ++i)
         r[static_cast<std::size_t>(Law::kSlots[i])] = dy[i];
 }
@@ -274,45 +270,58 @@ template <class Law> inline constexpr int kSizeOf = static_cast<int>(Law::kSlots
 /// A state of the integrator, counted from 0.
 template <class Law> using StateOf = std::array<double, Law::kSlots.size()>;
 
-/// One step of the classical scheme of fourth order.
-template <class Law, class Real> inline void StepRK4(const Law& law, Real* y, Real h) {
-    constexpr int n = kSizeOf<Law>;
-    Real dy[n], at[n], k1[n], k2[n], k3[n], k4[n];
-    law(y, dy);
-    for (int i = 0; i < n; ++i) {
-        k1[i] = h * dy[i];
-        at[i] = y[i] + k1[i] * 0.5;
+/// Calls f with the constants 0..N - 1. The steps below are written with it so that the components
+/// of a state stay in registers.
+template <int N, class F> [[gnu::always_inline]] inline void ForEach(F&& f) {
+    [&]<int... I>(std::integer_sequence<int, I...>) __attribute__((always_inline)) {
+        (f(std::integral_constant<int, I>{}), ...);
     }
-    law(at, dy);
-    for (int i = 0; i < n; ++i) {
-        k2[i] = h * dy[i];
-        at[i] = y[i] + k2[i] * 0.5;
-    }
-    law(at, dy);
-    for (int i = 0; i < n; ++i) {
-        k3[i] = h * dy[i];
-        at[i] = y[i] + k3[i];
-    }
-    law(at, dy);
-    for (int i = 0; i < n; ++i) {
-        k4[i] = h * dy[i];
-        y[i] += (k1[i] + 2.0 * k2[i] + 2.0 * k3[i] + k4[i]) / 6.0;
-    }
+    (std::make_integer_sequence<int, N>{});
 }
 
-template <std::size_t N> inline bool AllFinite(const std::array<double, N>& y) {
+/// One step of the classical scheme of fourth order.
+template <class Law, class Real>
+[[gnu::always_inline]] inline void StepRK4(const Law& law, Real* y, Real h) {
+    constexpr int n = kSizeOf<Law>;
+    const Real half = h * 0.5;
+    Real dy[n], at[n], k1[n], k2[n], k3[n], k4[n];
+    law(y, dy);
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        k1[i] = h * dy[i];
+        at[i] = y[i] + half * dy[i];
+    });
+    law(at, dy);
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        k2[i] = h * dy[i];
+        at[i] = y[i] + half * dy[i];
+    });
+    law(at, dy);
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        k3[i] = h * dy[i];
+        at[i] = y[i] + k3[i];
+    });
+    law(at, dy);
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        k4[i] = h * dy[i];
+        y[i] += (k1[i] + 2.0 * k2[i] + 2.0 * k3[i] + k4[i]) / 6.0;
+    });
+}
+
+template <std::size_t N>
+[[gnu::always_inline]] inline bool AllFinite(const std::array<double, N>& y) {
     double sum = 0; // a sum of y - y is 0 only when every y is finite
-    for (const double value : y)
-        sum += value - value;
+    ForEach<static_cast<int>(N)>([&](auto i)
+                                     __attribute__((always_inline)) { sum += y[i] - y[i]; });
     return sum == 0;
 }
 
-/// A run that has diverged stays so; every so many steps a run looks whether to go on.
+/// A run that has left the range of numbers never comes back; every so many steps it looks.
 inline constexpr int kStepsBetweenLooks = 32;
 
 /// nSteps steps of h from `start`. A run that leaves the range of numbers ends early, not finite.
 template <class Law>
-inline StateOf<Law> RunRK4(const Law& law, const StateOf<Law>& start, int nSteps, double h) {
+[[gnu::always_inline]] inline StateOf<Law> RunRK4(const Law& law, const StateOf<Law>& start,
+                                                  int nSteps, double h) {
     StateOf<Law> y = start;
     for (int done = 0; done < nSteps;) {
         const int stop = std::min(nSteps, done + kStepsBetweenLooks);
@@ -324,29 +333,50 @@ inline StateOf<Law> RunRK4(const Law& law, const StateOf<Law>& start, int nSteps
     return y;
 }
 
-/// Two runs from `start` at once: nSteps of hFirst and 2 nSteps of hSecond.
-template <class Law> struct TwoRuns { StateOf<Law> first, second; };
+/// Two runs from one start: a coarse one and one of twice as many steps.
+template <class Law> struct TwoRuns { StateOf<Law> coarse, fine; };
+
+/// Both runs at once: nSteps of hCoarse and 2 nSteps of hFine. When the coarse one leaves the range
+/// of numbers both end early, not finite: whoever compares them must refine anyway.
 template <class Law>
-inline TwoRuns<Law> RunTwoRK4(const Law& law, const StateOf<Law>& start, int nSteps, double hFirst,
-                              double hSecond) {
+[[gnu::always_inline]] inline TwoRuns<Law> RunTwoRK4(const Law& law, const StateOf<Law>& start,
+                                                     int nSteps, double hCoarse, double hFine) {
     constexpr int n = kSizeOf<Law>;
     TwoRuns<Law> runs{start, start};
     Pair y[n];
-    for (int i = 0; i < n; ++i)
-        y[i] = Pair{start[static_cast<std::size_t>(i)], start[static_cast<std::size_t>(i)]};
-    const Pair h{hFirst, hSecond};
+    ForEach<n>([&](auto i) __attribute__((always_inline)) { y[i] = Pair{start[i], start[i]}; });
+    const Pair h{hFine, hCoarse};
     for (int done = 0; done < nSteps;) {
         const int stop = std::min(nSteps, done + kStepsBetweenLooks);
         for (; done < stop; ++done)
             StepRK4(law, y, h);
-        for (std::size_t i = 0; i < runs.first.size(); ++i) {
-            runs.first[i] = y[i][0];
-            runs.second[i] = y[i][1];
+        ForEach<n>([&](auto i) __attribute__((always_inline)) {
+            runs.fine[i] = y[i][0];
+            runs.coarse[i] = y[i][1];
+        });
+        if (!AllFinite(runs.coarse)) {
+            runs.fine = runs.coarse;
+            return runs;
         }
-        if (!AllFinite(runs.second))
-            return runs; // the finer one: the coarser has diverged before it or will not count
     }
-    runs.second = RunRK4(law, runs.second, nSteps, hSecond);
+    runs.fine = RunRK4(law, runs.fine, nSteps, hFine);
+    return runs;
+}
+
+/// The same with one step and two.
+template <class Law>
+[[gnu::always_inline]] inline TwoRuns<Law> RunOneAndTwo(const Law& law, const StateOf<Law>& start,
+                                                        double step) {
+    constexpr int n = kSizeOf<Law>;
+    TwoRuns<Law> runs;
+    Pair y[n];
+    ForEach<n>([&](auto i) __attribute__((always_inline)) { y[i] = Pair{start[i], start[i]}; });
+    StepRK4(law, y, Pair{step / 2, step});
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        runs.fine[i] = y[i][0];
+        runs.coarse[i] = y[i][1];
+    });
+    StepRK4(law, runs.fine.data(), step / 2);
     return runs;
 }
 
@@ -359,48 +389,77 @@ inline constexpr double kNegligible = 1e-6;
 
 /// Whether the runs with m and 2 m sub-steps agree. What is not finite agrees with nothing.
 template <std::size_t N>
-inline bool RunsAgree(const std::array<double, N>& coarse, const std::array<double, N>& fine) {
-    if (!AllFinite(coarse) || !AllFinite(fine))
-        return false;
-    for (std::size_t i = 0; i < N; ++i) {
+[[gnu::always_inline]] inline bool RunsAgree(const std::array<double, N>& coarse,
+                                             const std::array<double, N>& fine) {
+    bool agree = AllFinite(coarse) && AllFinite(fine);
+    ForEach<static_cast<int>(N)>([&](auto i) __attribute__((always_inline)) {
         const double sum = std::abs(fine[i]) + std::abs(coarse[i]);
-        if (sum >= kNegligible && std::abs(coarse[i] - fine[i]) / sum > kAgreement)
-            return false;
+        const double difference = std::abs(coarse[i] - fine[i]);
+        // The quotient decides; where it can't exceed the share by any rounding it isn't formed.
+        if (sum >= kNegligible && !(difference < 0.999 * kAgreement * sum) &&
+            difference / sum > kAgreement)
+            agree = false;
+    });
+    return agree;
+}
+
+/// One interval with step doubling: runs with m, 2 m, 4 m... sub-steps until two in a row agree; the
+/// finer one counts. From 32000 sub-steps on a further run would be the same again, so that one
+/// counts whatever came before it.
+/// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
+template <class Law>
+StateOf<Law> RunUntilAgreed(const Law& law, const StateOf<Law>& y, double step, int& m) {
+    TwoRuns<Law> runs;
+    bool coarseKnown = false;
+    while (m < kMostSubSteps / 2) {
+        if (coarseKnown)
+            runs.fine = RunRK4(law, y, 2 * m, step / (2 * m));
+        else
+            runs = RunTwoRK4(law, y, m, step / m, step / (2 * m));
+        m *= 2;
+        if (RunsAgree(runs.coarse, runs.fine))
+            return runs.fine;
+        runs.coarse = runs.fine;
+        coarseKnown = AllFinite(runs.coarse);
     }
-    return true;
+    m = kMostSubSteps;
+    const StateOf<Law> finest = RunRK4(law, y, m, step / m);
+    if (!AllFinite(finest))
+        ThrowArithmetic(kOverflow);
+    return finest;
 }
 
 /// One interval with step doubling.
 /// Given:    y mol/L at its start; step TU; m >= 1 sub-steps to begin with
 /// Returned: y at its end: a component below 0 is the last one taken, those behind it keep their
-///           values; m with which it agreed, at most 32000, at which the finer run counts
+///           values; m of the run that counts, at most 32000
 /// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
 template <class Law>
-inline void IntegrateInterval(const Law& law, StateOf<Law>& y, double step, int& m) {
-    TwoRuns<Law> runs;
-    if (m <= kMostSubSteps / 2) {
-        runs = RunTwoRK4(law, y, m, step / m, step / (2 * m));
-        m *= 2;
-    } else {
-        runs.first = RunRK4(law, y, m, step / m);
-        m = kMostSubSteps;
-        runs.second = RunRK4(law, y, m, step / m);
-    }
-    while (!RunsAgree(runs.first, runs.second)) {
-        if (m == kMostSubSteps) { // a further run would be the same again
-            if (!AllFinite(runs.second))
-                ThrowArithmetic(kOverflow);
-            break;
+[[gnu::always_inline]] inline void IntegrateInterval(const Law& law, StateOf<Law>& y, double step,
+                                                     int& m) {
+    constexpr int n = kSizeOf<Law>;
+    if constexpr (requires { law.IsAtRest(y); }) {
+        if (law.IsAtRest(y)) { // every run gives y again
+            m = 2 * std::min(m, kMostSubSteps / 2);
+            return;
         }
-        runs.first = runs.second;
-        m = 2 * std::min(m, kMostSubSteps / 2);
-        runs.second = RunRK4(law, y, m, step / m);
     }
-    for (std::size_t i = 0; i < y.size(); ++i) {
-        y[i] = runs.second[i];
+    TwoRuns<Law> runs;
+    bool agreed = false;
+    if (m == 1) { // most intervals, without any loop
+        runs = RunOneAndTwo(law, y, step);
+        m = 2;
+        agreed = RunsAgree(runs.coarse, runs.fine);
+    }
+    if (!agreed)
+        runs.fine = RunUntilAgreed(law, y, step, m);
+    bool taking = true;
+    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+        if (taking)
+            y[i] = runs.fine[i];
         if (y[i] < 0)
-            break;
-    }
+            taking = false;
+    });
 }
 
 } // namespace zorvant

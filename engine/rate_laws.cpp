@@ -67,10 +67,6 @@ void FuReactionRates(const ProjectState& ps, int model, SpeciesArray& r, const C
         rP = k1 * cA * cB - k2 * cP * cQ;
         rQ = rP;
         break;
-    case 20:
-        if (!(cA > 0))
-            break;
-        [[fallthrough]];
     default: // what the integrator knows, by its own right-hand side
         WithNumericModel(model, kArr, static_cast<double>(ps.OrderN),
                          [&](const auto& law) { SpeciesRates(law, c, r); });

@@ -1,5 +1,6 @@
 #include "engine/time_course.h"
 
+#include "engine/akima_rows.h"
 #include "engine/akima_spline.h"
 #include "engine/closed_forms.h"
 #include "engine/numeric_models.h"
@@ -11,6 +12,7 @@
 #include <cassert>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 
 namespace zorvant {
 namespace {
@@ -23,6 +25,10 @@ constexpr std::size_t kBacSize = 1000;
 constexpr double kNormalizedEnd = 20;
 /// Free room at each end of an axis, as a share of its length.
 constexpr double kMargin = 0.02;
+
+std::size_t At(int i) {
+    return static_cast<std::size_t>(i);
+}
 
 void ClearCourse(ProjectState& ps, std::size_t timeSize, std::size_t size) {
     ps.tSim.assign(timeSize, 0);
@@ -82,55 +88,101 @@ void CalcEnzymeCurve(ProjectState& ps) {
     }
 }
 
-template <class Law>
-void CalcNumeric(ProjectState& ps, int model, const Law& law, double tEnd, double dt) {
+/// Rows of the spline tables for the nodes of a course: the even grid has one node beyond its end,
+/// rounding may add another.
+constexpr int kSplineNodes = kCurveIntervals + 3;
+
+/// A half-life, found as it is passed between two nodes.
+struct HalfLife {
+    double half;
+    float& result;
+    bool found = false;
+    void Look(double c, double t, double cBefore, double tBefore) {
+        if (found || !(half > c))
+            return;
+        found = true;
+        result = Interpolate(half, t, c, tBefore, cBefore);
+    }
+};
+
+/// The splines of a model's species, formed two at a time; of three the last one stands twice.
+template <class Law> class CourseSplines {
+public:
+    explicit CourseSplines(AkimaTables& tables)
+        : rows_(tables, {Slot(0), Slot(1)}), more_(tables, {Slot(2), Slot(3)}) {}
+    [[gnu::always_inline]] void Add(double x, const StateOf<Law>& y) {
+        rows_.Add(x, Pair{y[0], y[1]});
+        if constexpr (kSizeOf < Law >> 2)
+            more_.Add(x, Pair{y[2], y.back()});
+    }
+    void Finish() {
+        rows_.Finish();
+        if constexpr (kSizeOf < Law >> 2)
+            more_.Finish();
+    }
+
+private:
+    static constexpr std::size_t Slot(std::size_t i) {
+        return static_cast<std::size_t>(Law::kSlots[std::min(i, Law::kSlots.size() - 1)]);
+    }
+    AkimaRows<TwoSlots> rows_, more_;
+};
+
+template <class Law> void CalcNumeric(ProjectState& ps, const Law& law, double tEnd, double dt) {
     if (!(dt > 0))
         ThrowArithmetic(kInvalidCall);
     constexpr int n = kSizeOf<Law>;
-    constexpr bool hasB = n == 4;
+    constexpr auto slot = [](int i) {
+        return static_cast<std::size_t>(Law::kSlots[static_cast<std::size_t>(i)]);
+    };
     StateOf<Law> y;
-    for (std::size_t i = 0; i < y.size(); ++i)
-        y[i] = ps.c0[static_cast<std::size_t>(Law::kSlots[i])];
+    std::array<double*, n> c;
+    std::array<float*, n> r;
+    for (int i = 0; i < n; ++i) {
+        y[At(i)] = ps.c0[slot(i)];
+        c[At(i)] = cSim(ps, Law::kSlots[At(i)]).data();
+        r[At(i)] = rSim(ps, Law::kSlots[At(i)]).data();
+    }
 
+    if (ps.SplineX.size() != ps.SplineD.size() || ps.SplineX.size() != kSplineNodes + 6)
+        ReserveAkima(ps, kSplineNodes);
+    CourseSplines<Law> splines(ps);
+    HalfLife halfA{ps.c0[1] / 2, ps.tHalfA}, halfB{ps.c0[2] / 2, ps.tHalfB};
     int m = 1;
     std::size_t j = 0;
-    bool foundA = false, foundB = false;
-    SpeciesArray c{}, r{};
-    for (double t = 0; t <= tEnd + dt && j < kCourseSize; t += dt) {
-        ps.tSim[j] = t;
-        for (std::size_t i = 0; i < y.size(); ++i)
-            c[static_cast<std::size_t>(Law::kSlots[i])] = y[i];
-        StoreState(ps, j, c);
-        const auto halfLife = [&](double half, const std::vector<double>& course) {
-            return Interpolate(half, ps.tSim[j], course[j], ps.tSim[j - 1], course[j - 1]);
-        };
-        if (!foundA && j > 0 && ps.c0[1] / 2 > c[1]) {
-            foundA = true;
-            ps.tHalfA = halfLife(ps.c0[1] / 2, ps.cSimA);
-        }
-        if (hasB && !foundB && j > 0 && ps.c0[2] / 2 > c[2]) {
-            foundB = true;
-            ps.tHalfB = halfLife(ps.c0[2] / 2, ps.cSimB);
-        }
+    double spoilt = 0; // stays 0 while every rate fits into a Single
+    for (double t = 0; t <= tEnd + dt && j < kSplineNodes; t += dt, ++j) {
+        const StateOf<Law> node = y;
         IntegrateInterval(law, y, dt, m);
         m = std::max(m / 4, 1);
-        ++j;
-    }
 
-    const int nodes = static_cast<int>(j);
-    ReserveAkima(ps, nodes);
-    for (std::size_t i = 0; i < j; ++i) {
-        ps.SplineX[i + 1] = ps.tSim[i];
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            c[static_cast<std::size_t>(slot)] = cSim(ps, slot)[i];
-        ps.SplineY[i + 1] = c;
-        FuReactionRates(ps, model, r, ps.k, c);
-        StoreRates(ps, i, r);
+        // The next interval waits for this one's last step only: what follows here needs nothing
+        // but the node, and the processor does it meanwhile.
+        StateOf<Law> rate;
+        NodeRates(law, node, rate);
+        ps.tSim[j] = t;
+        ps.SplineX[j + 1] = t;
+        SpeciesArray& row = ps.SplineY[j + 1];
+        row = {};
+        ForEach<n>([&](auto i) {
+            c[i][j] = node[i];
+            row[slot(i)] = node[i];
+            r[i][j] = static_cast<float>(rate[i]);
+            spoilt += static_cast<double>(r[i][j] - r[i][j]);
+        });
+        if (j > 0) {
+            halfA.Look(node[0], t, c[0][j - 1], ps.tSim[j - 1]);
+            if constexpr (n == 4)
+                halfB.Look(node[1], t, c[1][j - 1], ps.tSim[j - 1]);
+        }
+        ps.SplineA[j + 1] = ps.SplineB[j + 1] = ps.SplineC[j + 1] = ps.SplineD[j + 1] = {};
+        splines.Add(t, node);
     }
-    ps.cEnd = c;
-    for (const int slot : Law::kSlots)
-        if (InMask(ps.SpeciesMask, slot))
-            AkimaKoeffizienten(ps, slot, nodes, 0);
+    ps.SplineX[0] = static_cast<double>(j);
+    splines.Finish();
+    ps.cEnd = ps.SplineY[j];
+    if (spoilt != 0)
+        ThrowArithmetic(kOverflow);
 }
 
 void CalcBloodAlcohol(ProjectState& ps) {
@@ -147,6 +199,42 @@ void CalcBloodAlcohol(ProjectState& ps) {
         ps.tSim[i] = static_cast<double>(i);
         ps.cSimA[i] = static_cast<double>(curve[i]);
     }
+}
+
+struct Extent {
+    double lower, upper;
+};
+
+/// Widens an extent to the first values of a course, some at a time.
+template <class Lanes, class Value>
+void Widen(Extent& extent, const std::vector<Value>& values, std::size_t count) {
+    constexpr std::size_t kLanes = sizeof(Lanes) / sizeof(Value);
+    count = std::min(count, values.size());
+    auto lower = static_cast<Value>(extent.lower), upper = static_cast<Value>(extent.upper);
+    std::size_t i = 0;
+    if (count >= 2 * kLanes) {
+        const auto load = [&](std::size_t at) {
+            Lanes lanes;
+            std::memcpy(&lanes, values.data() + at, sizeof lanes);
+            return lanes;
+        };
+        Lanes low1 = load(0), low2 = low1, high1 = low1, high2 = low1;
+        for (; i + 2 * kLanes <= count; i += 2 * kLanes) {
+            const Lanes first = load(i), second = load(i + kLanes);
+            low1 = Smaller(low1, first), low2 = Smaller(low2, second);
+            high1 = Larger(high1, first), high2 = Larger(high2, second);
+        }
+        low1 = Smaller(low1, low2), high1 = Larger(high1, high2);
+        for (std::size_t lane = 0; lane < kLanes; ++lane) {
+            lower = std::min(lower, low1[lane]);
+            upper = std::max(upper, high1[lane]);
+        }
+    }
+    for (; i < count; ++i) {
+        lower = std::min(lower, values[i]);
+        upper = std::max(upper, values[i]);
+    }
+    extent = {static_cast<double>(lower), static_cast<double>(upper)};
 }
 
 } // namespace
@@ -174,31 +262,26 @@ void CourseExtents(ProjectState& ps, double tEnd) {
     const auto nodes = static_cast<std::size_t>(ps.NPoints) + 1;
     const int first = ps.ScaleOneSpecies ? ps.ScaleSpecies : 1;
     const int last = ps.ScaleOneSpecies ? ps.ScaleSpecies : kSpecies;
-    float yMin = ps.ScaleOneSpecies ? 10000.0F : 0.0F;
-    float yMax = -10000, y2Min = 10000, y2Max = -10000;
+    Extent concentrations{10000, -10000}, rates{10000, -10000};
     for (int slot = std::max(first, 1); slot <= std::min(last, kSpecies); ++slot) {
-        const std::vector<double>& c = cSim(ps, slot);
-        const std::vector<float>& r = rSim(ps, slot);
-        for (std::size_t i = 0; i < std::min(nodes, c.size()); ++i) {
-            yMax = std::max(yMax, static_cast<float>(c[i]));
-            if (ps.ScaleOneSpecies)
-                yMin = std::min(yMin, static_cast<float>(c[i]));
-        }
-        for (std::size_t i = 0; i < std::min(nodes, r.size()); ++i) {
-            y2Max = std::max(y2Max, r[i]);
-            y2Min = std::min(y2Min, r[i]);
-        }
+        Widen<Pair>(concentrations, cSim(ps, slot), nodes);
+        Widen<Quad>(rates, rSim(ps, slot), nodes);
     }
+    if (!ps.ScaleOneSpecies)
+        concentrations.lower = 0;
+    float yMin = static_cast<float>(concentrations.lower);
+    float yMax = static_cast<float>(concentrations.upper);
+    float y2Min = static_cast<float>(rates.lower), y2Max = static_cast<float>(rates.upper);
 
     const auto margin = [](float upper, float lower) {
         return std::abs((static_cast<double>(upper) - static_cast<double>(lower)) * kMargin);
     };
-    const auto widen = [&](float& lower, float& upper) {
+    const auto leaveRoom = [&](float& lower, float& upper) {
         upper = ToSingle(static_cast<double>(upper) + margin(upper, lower));
         lower = ToSingle(static_cast<double>(lower) - margin(upper, lower));
     };
-    widen(yMin, yMax);
-    widen(y2Min, y2Max);
+    leaveRoom(yMin, yMax);
+    leaveRoom(y2Min, y2Max);
     if (yMax <= yMin) {
         if (yMax == 0) {
             yMax = 1;
@@ -230,7 +313,7 @@ void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) 
             CalcClosedForm(ps, model, dt, err);
         else
             WithNumericModel(model, ps.k, static_cast<double>(ps.OrderN),
-                             [&](const auto& law) { CalcNumeric(ps, model, law, tEnd, dt); });
+                             [&](const auto& law) { CalcNumeric(ps, law, tEnd, dt); });
         if (err)
             return;
     }

@@ -1,7 +1,7 @@
 #include "bench/reference/course_reference.h"
 
+#include "bench/reference/rate_laws_reference.h"
 #include "engine/arithmetic.h"
-#include "engine/numeric_models.h"
 #include "engine/rate_laws.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
@@ -9,107 +9,14 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string>
 #include <vector>
 
 namespace zorvant::reference {
 namespace {
 
-using Vector = std::array<double, 6>;
-
-/// What the integrator works on, held by its caller.
-struct WorkVectors {
-    Vector at{}, dy{}, k1{}, k2{}, k3{}, k4{};
-};
-
 std::size_t At(int i) {
     return static_cast<std::size_t>(i);
-}
-
-void FuDerivatives(const ProjectState& ps, const Vector& y, Vector& dydt) {
-    const double k1 = ps.k[1], k2 = ps.k[2], k3 = ps.k[3];
-    switch (ps.ModelId) {
-    case 7:
-        dydt[1] = -k1 * y[1] * y[2] - k2 * y[1] * y[3];
-        dydt[2] = -k1 * y[1] * y[2];
-        dydt[3] = k1 * y[1] * y[2] - k2 * y[1] * y[3];
-        dydt[4] = k2 * y[1] * y[3];
-        break;
-    case 9:
-        dydt[1] = -k1 * y[1] * y[2];
-        dydt[2] = dydt[1];
-        dydt[3] = k1 * y[1] * y[2] - k2 * y[3];
-        dydt[4] = k2 * y[3];
-        break;
-    case 10:
-        dydt[1] = -k1 * y[1] * y[2] + k2 * y[3] + k3 * y[3];
-        dydt[2] = -k1 * y[1] * y[2] + k2 * y[3];
-        dydt[3] = k1 * y[1] * y[2] - k2 * y[3] - k3 * y[3];
-        dydt[4] = k3 * y[3];
-        break;
-    case 13:
-        dydt[1] = -k1 * y[1] * y[2];
-        dydt[2] = dydt[1];
-        dydt[3] = k1 * y[1] * y[2] - k2 * y[3] + k3 * y[4];
-        dydt[4] = k2 * y[3] - k3 * y[4];
-        break;
-    case 14:
-        dydt[1] = -k1 * y[1];
-        dydt[2] = k1 * y[1] - k2 * y[2] + k3 * y[3];
-        dydt[3] = k2 * y[2] - k3 * y[3];
-        break;
-    case 15:
-        dydt[1] = -k1 * y[1] + k2 * y[2];
-        dydt[2] = k1 * y[1] - k2 * y[2] - k3 * y[2];
-        dydt[3] = k3 * y[2];
-        break;
-    case 18:
-        dydt[1] = -k1 * y[1] * y[2] + k2 * y[3];
-        dydt[2] = dydt[1];
-        dydt[3] = k1 * y[1] * y[2] - k2 * y[3] - k3 * y[3];
-        dydt[4] = k3 * y[3];
-        break;
-    case 20:
-        if (y[1] < 0)
-            break;
-        dydt[1] = -k1 * OrderPower(y[1], static_cast<double>(ps.OrderN));
-        dydt[2] = -dydt[1];
-        break;
-    default:
-        break;
-    }
-}
-
-void IntegrateRK4(const ProjectState& ps, const int& n, const Vector& yStart, Vector& yOut,
-                  const int& nSteps, const double& h, WorkVectors& w) {
-    for (int i = 1; i <= n; ++i)
-        yOut[At(i)] = yStart[At(i)];
-    for (int step = 1; step <= nSteps; ++step) {
-        w.dy.fill(0);
-        FuDerivatives(ps, yOut, w.dy);
-        for (int i = 1; i <= n; ++i) {
-            w.k1[At(i)] = h * w.dy[At(i)];
-            w.at[At(i)] = yOut[At(i)] + w.k1[At(i)] / 2;
-        }
-        w.dy.fill(0);
-        FuDerivatives(ps, w.at, w.dy);
-        for (int i = 1; i <= n; ++i) {
-            w.k2[At(i)] = h * w.dy[At(i)];
-            w.at[At(i)] = yOut[At(i)] + w.k2[At(i)] / 2;
-        }
-        w.dy.fill(0);
-        FuDerivatives(ps, w.at, w.dy);
-        for (int i = 1; i <= n; ++i) {
-            w.k3[At(i)] = h * w.dy[At(i)];
-            w.at[At(i)] = yOut[At(i)] + w.k3[At(i)];
-        }
-        w.dy.fill(0);
-        FuDerivatives(ps, w.at, w.dy);
-        for (int i = 1; i <= n; ++i)
-            w.k4[At(i)] = h * w.dy[At(i)];
-        for (int i = 1; i <= n; ++i)
-            yOut[At(i)] =
-                yOut[At(i)] + (w.k1[At(i)] + 2 * w.k2[At(i)] + 2 * w.k3[At(i)] + w.k4[At(i)]) / 6;
-    }
 }
 
 bool IsFinite(const Vector& y, int n) {
@@ -134,7 +41,7 @@ void IntegrateCourse(ProjectState& ps, int model, double tEnd, double dt) {
     const int n = model == 20 ? 2 : model == 14 || model == 15 ? 3 : 4;
     const bool hasB = n == 4;
     const auto& c0 = ps.c0;
-    Vector y{}, yOut{}, yPrev{};
+    Vector y(6), yOut(6), yPrev(6);
     y[1] = c0[1];
     y[2] = n == 3 ? c0[3] : n == 2 ? c0[4] : c0[2];
     y[3] = n == 3 ? c0[4] : c0[3];
@@ -345,14 +252,54 @@ void CalcPoint(ProjectState& ps, int model, int i, double t, const Quadratic& pr
     }
 }
 
+void Extents(ProjectState& ps, double tEnd) {
+    float yMin = 0, yMax = -10000, y2Min = 10000, y2Max = -10000;
+    const auto raise = [](float& limit, float value) { limit = value > limit ? value : limit; };
+    const auto lower = [](float& limit, float value) { limit = value < limit ? value : limit; };
+    if (!ps.ScaleOneSpecies) {
+        for (int i = 0; i <= ps.NPoints; ++i)
+            for (int s = 1; s <= kSpecies; ++s) {
+                raise(yMax, static_cast<float>(cSim(ps, s)[At(i)]));
+                raise(y2Max, rSim(ps, s)[At(i)]);
+                lower(y2Min, rSim(ps, s)[At(i)]);
+            }
+    } else {
+        yMin = 10000;
+        for (int i = 0; i <= ps.NPoints; ++i) {
+            raise(yMax, static_cast<float>(cSim(ps, ps.ScaleSpecies)[At(i)]));
+            lower(yMin, static_cast<float>(cSim(ps, ps.ScaleSpecies)[At(i)]));
+            raise(y2Max, rSim(ps, ps.ScaleSpecies)[At(i)]);
+            lower(y2Min, rSim(ps, ps.ScaleSpecies)[At(i)]);
+        }
+    }
+    const auto margin = [](double upper, double low) { return std::abs((upper - low) * 0.02); };
+    yMax = static_cast<float>(static_cast<double>(yMax) + margin(yMax, yMin));
+    yMin = static_cast<float>(static_cast<double>(yMin) - margin(yMax, yMin));
+    y2Max = static_cast<float>(static_cast<double>(y2Max) + margin(y2Max, y2Min));
+    y2Min = static_cast<float>(static_cast<double>(y2Min) - margin(y2Max, y2Min));
+    if (yMax <= yMin) {
+        if (yMax == 0) {
+            yMax = 1;
+            yMin = 0;
+        } else {
+            yMax = static_cast<float>(static_cast<double>(yMax) * 1.01);
+            yMin = static_cast<float>(static_cast<double>(yMin) -
+                                      std::abs(static_cast<double>(yMax) * 0.01));
+        }
+    }
+    ps.Memory.RngT = {0, static_cast<float>(tEnd)};
+    ps.Memory.RngC = {yMin, yMax};
+    ps.Memory.RngR = {y2Min, y2Max};
+}
+
 } // namespace
 
 void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) {
     err = false;
-    ps.tSim.assign(451, 0);
+    ps.tSim = std::vector<double>(451);
     for (int s = 1; s <= kSpecies; ++s) {
-        cSim(ps, s).assign(451, 0);
-        rSim(ps, s).assign(451, 0);
+        cSim(ps, s) = std::vector<double>(451);
+        rSim(ps, s) = std::vector<float>(451);
     }
     ps.NPoints = 200;
     const double dt = tEnd / 200;
@@ -369,6 +316,7 @@ void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) 
         if (err)
             return;
         SpeciesArray r{};
+        const std::string mask = Model(model).speciesMask;
         for (int i = 0; i <= ps.NPoints; ++i) {
             const double t = i * dt;
             ps.tSim[At(i)] = t;
@@ -376,16 +324,16 @@ void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) 
             if (err)
                 return;
             for (int s = 1; s <= kSpecies; ++s)
-                if (InMask(Model(model).speciesMask, s))
+                if (InMask(mask, s))
                     ps.cEnd[At(s)] = cSim(ps, s)[At(i)];
             FuReactionRates(ps, model, r, ps.k, ps.cEnd);
             for (int s = 1; s <= kSpecies; ++s)
-                if (InMask(Model(model).speciesMask, s))
+                if (InMask(mask, s))
                     rSim(ps, s)[At(i)] = static_cast<float>(r[At(s)]);
         }
     }
     if (ps.FitMode == 0)
-        CourseExtents(ps, tEnd);
+        Extents(ps, tEnd);
 }
 
 void AkimaKoeffizienten(AkimaTables& tables, int s, int n, float smoothing) {

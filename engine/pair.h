@@ -1,0 +1,76 @@
+// Two numbers (or four Singles) side by side, worked on by one instruction each. Each lane gives the same digits as a
+// number alone.
+#pragma once
+
+#include <cmath>
+
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+namespace zorvant {
+
+using Pair = double __attribute__((vector_size(16)));
+using Quad = float __attribute__((vector_size(16)));
+
+inline double SquareRoot(double x) {
+    return std::sqrt(x);
+}
+inline Pair SquareRoot(Pair x) {
+#ifdef __SSE2__
+    return _mm_sqrt_pd(x);
+#else
+    return Pair{std::sqrt(x[0]), std::sqrt(x[1])};
+#endif
+}
+
+inline double Magnitude(double x) {
+    return std::abs(x);
+}
+inline Pair Magnitude(Pair x) {
+#ifdef __SSE2__
+    return _mm_andnot_pd(_mm_set1_pd(-0.0), x);
+#else
+    return Pair{std::abs(x[0]), std::abs(x[1])};
+#endif
+}
+
+/// The lane by lane smaller or larger of the values of two pairs or quads.
+#ifdef __SSE2__
+inline Pair Smaller(Pair a, Pair b) {
+    return _mm_min_pd(a, b);
+}
+inline Pair Larger(Pair a, Pair b) {
+    return _mm_max_pd(a, b);
+}
+inline Quad Smaller(Quad a, Quad b) {
+    return _mm_min_ps(a, b);
+}
+inline Quad Larger(Quad a, Quad b) {
+    return _mm_max_ps(a, b);
+}
+#else
+template <class Lanes> Lanes Smaller(Lanes a, Lanes b) {
+    return a < b ? a : b;
+}
+template <class Lanes> Lanes Larger(Lanes a, Lanes b) {
+    return a > b ? a : b;
+}
+#endif
+
+/// a where the lane of `condition` holds, else b.
+inline double Select(bool condition, double a, double b) {
+    return condition ? a : b;
+}
+template <class Mask> inline Pair Select(Mask condition, Pair a, Pair b) {
+    return condition ? a : b;
+}
+
+inline bool IsZero(double x) {
+    return x == 0;
+}
+inline bool IsZero(Pair x) {
+    return x[0] == 0 && x[1] == 0;
+}
+
+} // namespace zorvant
