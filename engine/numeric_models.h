@@ -197,14 +197,14 @@ template <PowerKind Kind> struct OrderN {
     static constexpr std::array<int, 2> kSlots{1, 4};
     double k1, n;
     bool IsAtRest(const std::array<double, 2>& y) const { return y[0] < 0; }
-    void operator()(const double* y, double* dy) const {
-        dy[0] = y[0] < 0 ? 0 : OrderRate<Kind>(-k1, y[0], n);
-        dy[1] = y[0] < 0 ? 0 : -dy[0];
+    double RateOfA(double c) const { return c < 0 ? 0 : OrderRate<Kind>(-k1, c, n); }
+    Pair RateOfA(Pair c) const {
+        return c[0] < 0 || c[1] < 0 ? Pair{RateOfA(c[0]), RateOfA(c[1])}
+                                    : OrderRate<Kind>(-k1, c, n);
     }
-    void operator()(const Pair* y, Pair* dy) const {
-        const Pair rate = OrderRate<Kind>(-k1, y[0], n);
-        dy[0] = Select(y[0] < 0, Pair{}, rate);
-        dy[1] = -dy[0];
+    void operator()(const double* y, double* dy) const {
+        dy[0] = RateOfA(y[0]);
+        dy[1] = y[0] < 0 ? 0 : -dy[0];
     }
 };
 
@@ -307,6 +307,19 @@ template <class Law, class Real>
     });
 }
 
+/// The same for A => P, where P gains to the last digit what A loses.
+template <PowerKind Kind, class Real>
+[[gnu::always_inline]] inline void StepRK4(const OrderN<Kind>& law, Real* y, Real h) {
+    const Real half = h * 0.5;
+    const Real dy1 = law.RateOfA(y[0]);
+    const Real dy2 = law.RateOfA(y[0] + half * dy1);
+    const Real dy3 = law.RateOfA(y[0] + half * dy2);
+    const Real dy4 = law.RateOfA(y[0] + h * dy3);
+    const Real gain = (h * dy1 + 2.0 * (h * dy2) + 2.0 * (h * dy3) + h * dy4) / 6.0;
+    y[0] += gain;
+    y[1] -= gain;
+}
+
 template <std::size_t N>
 [[gnu::always_inline]] inline bool AllFinite(const std::array<double, N>& y) {
     double sum = 0; // a sum of y - y is 0 only when every y is finite
@@ -363,15 +376,17 @@ template <class Law>
     return runs;
 }
 
-/// The same with one step and two.
-template <class Law>
+/// The same with one step and two, and `meanwhile` between them: each step waits for the one before,
+/// so other work costs the least there.
+template <class Law, class Work>
 [[gnu::always_inline]] inline TwoRuns<Law> RunOneAndTwo(const Law& law, const StateOf<Law>& start,
-                                                        double step) {
+                                                        double step, Work&& meanwhile) {
     constexpr int n = kSizeOf<Law>;
     TwoRuns<Law> runs;
     Pair y[n];
     ForEach<n>([&](auto i) __attribute__((always_inline)) { y[i] = Pair{start[i], start[i]}; });
     StepRK4(law, y, Pair{step / 2, step});
+    meanwhile();
     ForEach<n>([&](auto i) __attribute__((always_inline)) {
         runs.fine[i] = y[i][0];
         runs.coarse[i] = y[i][1];
@@ -430,36 +445,43 @@ StateOf<Law> RunUntilAgreed(const Law& law, const StateOf<Law>& y, double step, 
 }
 
 /// One interval with step doubling.
-/// Given:    y mol/L at its start; step TU; m >= 1 sub-steps to begin with
+/// Given:    y mol/L at its start; step TU; m >= 1 sub-steps to begin with; meanwhile: work that
+///           needs nothing of the result, done once
 /// Returned: y at its end: a component below 0 is the last one taken, those behind it keep their
 ///           values; m of the run that counts, at most 32000
 /// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
-template <class Law>
+template <class Law, class Work>
 [[gnu::always_inline]] inline void IntegrateInterval(const Law& law, StateOf<Law>& y, double step,
-                                                     int& m) {
-    constexpr int n = kSizeOf<Law>;
+                                                     int& m, Work&& meanwhile) {
     if constexpr (requires { law.IsAtRest(y); }) {
         if (law.IsAtRest(y)) { // every run gives y again
             m = 2 * std::min(m, kMostSubSteps / 2);
+            meanwhile();
             return;
         }
     }
     TwoRuns<Law> runs;
     bool agreed = false;
     if (m == 1) { // most intervals, without any loop
-        runs = RunOneAndTwo(law, y, step);
+        runs = RunOneAndTwo(law, y, step, meanwhile);
         m = 2;
         agreed = RunsAgree(runs.coarse, runs.fine);
+    } else {
+        meanwhile();
     }
     if (!agreed)
         runs.fine = RunUntilAgreed(law, y, step, m);
     bool taking = true;
-    ForEach<n>([&](auto i) __attribute__((always_inline)) {
+    ForEach<kSizeOf<Law>>([&](auto i) __attribute__((always_inline)) {
         if (taking)
             y[i] = runs.fine[i];
         if (y[i] < 0)
             taking = false;
     });
+}
+template <class Law>
+inline void IntegrateInterval(const Law& law, StateOf<Law>& y, double step, int& m) {
+    IntegrateInterval(law, y, step, m, [] {});
 }
 
 } // namespace zorvant

@@ -153,30 +153,29 @@ template <class Law> void CalcNumeric(ProjectState& ps, const Law& law, double t
     double spoilt = 0; // stays 0 while every rate fits into a Single
     for (double t = 0; t <= tEnd + dt && j < kSplineNodes; t += dt, ++j) {
         const StateOf<Law> node = y;
-        IntegrateInterval(law, y, dt, m);
+        IntegrateInterval(
+            law, y, dt, m, [&]() __attribute__((always_inline)) {
+                StateOf<Law> rate;
+                NodeRates(law, node, rate);
+                ps.tSim[j] = t;
+                ps.SplineX[j + 1] = t;
+                SpeciesArray& row = ps.SplineY[j + 1];
+                row = ps.SplineA[j + 1] = ps.SplineB[j + 1] = ps.SplineC[j + 1] =
+                    ps.SplineD[j + 1] = {};
+                ForEach<n>([&](auto i) __attribute__((always_inline)) {
+                    c[i][j] = node[i];
+                    row[slot(i)] = node[i];
+                    r[i][j] = static_cast<float>(rate[i]);
+                    spoilt += static_cast<double>(r[i][j] - r[i][j]);
+                });
+                if (j > 0) {
+                    halfA.Look(node[0], t, c[0][j - 1], ps.tSim[j - 1]);
+                    if constexpr (n == 4)
+                        halfB.Look(node[1], t, c[1][j - 1], ps.tSim[j - 1]);
+                }
+                splines.Add(t, node);
+            });
         m = std::max(m / 4, 1);
-
-        // The next interval waits for this one's last step only: what follows here needs nothing
-        // but the node, and the processor does it meanwhile.
-        StateOf<Law> rate;
-        NodeRates(law, node, rate);
-        ps.tSim[j] = t;
-        ps.SplineX[j + 1] = t;
-        SpeciesArray& row = ps.SplineY[j + 1];
-        row = {};
-        ForEach<n>([&](auto i) {
-            c[i][j] = node[i];
-            row[slot(i)] = node[i];
-            r[i][j] = static_cast<float>(rate[i]);
-            spoilt += static_cast<double>(r[i][j] - r[i][j]);
-        });
-        if (j > 0) {
-            halfA.Look(node[0], t, c[0][j - 1], ps.tSim[j - 1]);
-            if constexpr (n == 4)
-                halfB.Look(node[1], t, c[1][j - 1], ps.tSim[j - 1]);
-        }
-        ps.SplineA[j + 1] = ps.SplineB[j + 1] = ps.SplineC[j + 1] = ps.SplineD[j + 1] = {};
-        splines.Add(t, node);
     }
     ps.SplineX[0] = static_cast<double>(j);
     splines.Finish();
