@@ -116,8 +116,16 @@ struct ProjectState : ExpDataSet,
     int DiagramLeft = 0, DiagramTop = 0; ///< twips
 
     // --- fitting
-    double ArrA = 100;  ///< pre-exponential factor, unit of k
-    double ArrEA = 100; ///< J/mol
+    std::array<double, 4> FitParam{};  ///< 1..3, meaning by FitMode
+    std::array<double, 4> FitStdDev{}; ///< of FitParam; -10000: not computed
+    std::array<int, 4> FitFixed{};     ///< not 0: the user holds the parameter fixed
+    std::array<bool, 6> FitSpecies{};  ///< species slots whose deviations count
+    bool LimitReached = false;         ///< the last fit was stopped by a limit
+    double ArrA = 100;                 ///< pre-exponential factor, unit of k
+    double ArrEA = 100;                ///< J/mol
+    double EyrB = 0;                   ///< factor of T exp(-h#/(R T)), unit of k per K
+    double EyrH = 0;                   ///< J/mol
+    double EyrS = 0;                   ///< J/(mol K)
 
     // --- files and texts
     std::string ProgramDir; ///< the folder of the executable

@@ -1,0 +1,74 @@
+// What must hold before an evaluation or a fit starts, and what is said otherwise. The functions
+// only look and answer; the commands show the boxes, close windows and draw.
+#pragma once
+
+#include "engine/project_state.h"
+#include "platform/host.h"
+
+#include <string>
+#include <vector>
+
+namespace zorvant {
+
+/// DiagramKind of the evaluations.
+inline constexpr int kArrheniusLine = -3;
+inline constexpr int kEyringLine = -4;
+inline constexpr int kFirstOrderLine = -5;
+inline constexpr int kSecondOrderLine = -6;
+inline constexpr int kWilkinsonLine = -7;
+inline constexpr int kTwoSpeciesLine = -8;
+inline constexpr int kFitDiagram = -9;
+inline constexpr int kFirstOrderLambda = -10;
+inline constexpr int kSecondOrderLambda = -11;
+inline constexpr int kLineweaverBurk = -12;
+inline constexpr int kHanesWoolf = -13;
+inline constexpr int kEadieHofstee = -14;
+
+/// Above this a value counts as given. Single, as the initial concentrations are.
+inline constexpr float kGiven = 1E-8F;
+
+struct CommandCheck {
+    bool passed = false;
+    /// In the order in which they are to be shown; a passed check may have notes too.
+    std::vector<MessageBox> messages;
+    /// The last message asks whether to go to the data editor (or, for CheckAnyData, to start a new
+    /// table); the command ends with either answer.
+    bool asksForEditor = false;
+    int ModelId = 0;     ///< to be set when passed
+    int DiagramKind = 0; ///< the same
+};
+
+/// Opening the menu of the evaluations: there must be data.
+CommandCheck CheckAnyData(const ProjectState& ps);
+
+/// Lines through c-t data: 1 first order, 2 second order, 3 A + B, 4 Wilkinson. Writes FitMode and
+/// TwoSpeciesEqual.
+CommandCheck CheckCtEvaluation(ProjectState& ps, int index);
+/// Lines through r(P)-c(S) data: 0 Lineweaver/Burk, 1 Hanes/Woolf, 2 Eadie/Hofstee. Writes FitMode.
+CommandCheck CheckMichaelisEvaluation(ProjectState& ps, int index);
+/// Lines through lambda-t data: 1 first order, 2 second order 2A, 3 second order A + B; the
+/// statistics of the table are fresh. Writes FitMode, TwoSpeciesEqual and LambdaMode.
+CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index);
+/// Lines through k-T data: 1 Arrhenius, 2 Eyring. Writes FitMode.
+CommandCheck CheckKtEvaluation(ProjectState& ps, int index);
+
+/// Start of the fits: rate constants; order and k; k(T) of first (1) or second order (2); the
+/// statistics of the table are fresh. Each writes FitMode when it passes.
+CommandCheck CheckCtFitting(ProjectState& ps);
+CommandCheck CheckOrderFitting(ProjectState& ps);
+CommandCheck CheckNonIsothermalFitting(ProjectState& ps, int index);
+
+/// The different couples of k and T: rows with both above 0, less the rows with T above 0 whose k
+/// and T repeat an earlier row.
+int DistinctKtCouples(const ProjectState& ps);
+
+/// Axis ranges of the lambda evaluations from all rows, into RngT and RngLam1 or RngLam2. Rows whose
+/// logarithm or quotient does not exist are left out; without any row the ordinate goes from 0 to 1.
+void FuExtentsLambda1(ProjectState& ps);
+void FuExtentsLambda2(ProjectState& ps);
+
+/// What keeps a fitted curve from being drawn, one line for each fault, each ended by CR LF; empty:
+/// nothing.
+std::string CurveInputFaults(const ProjectState& ps);
+
+} // namespace zorvant

@@ -1,0 +1,350 @@
+#include "evaluation/kinetic_problem.h"
+
+#include "engine/akima_spline.h"
+#include "engine/arithmetic.h"
+#include "engine/closed_forms.h"
+#include "engine/numeric_models.h"
+#include "evaluation/model_value.h"
+#include "evaluation/temperature.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+#include <vector>
+
+namespace zorvant {
+
+namespace {
+
+std::size_t At(int i) {
+    return static_cast<std::size_t>(i);
+}
+
+/// Whether some of the residuals are no numbers.
+bool NotFinite(const double* res, int count) {
+    double spoilt = 0; // stays 0 while every difference of a number from itself is 0
+    for (int i = 0; i < count; ++i)
+        spoilt += res[i] - res[i];
+    return spoilt != 0;
+}
+
+/// The active rows of an isothermal fit.
+struct Measured {
+    std::vector<int> slots;     ///< species that count
+    std::vector<double> t;      ///< TU
+    std::vector<double> values; ///< mol/L, slots.size() of them for each row
+
+    Measured(const ProjectState& ps, int m) {
+        for (int slot = 1; slot <= kSpecies; ++slot) {
+            if (ps.FitSpecies[At(slot)])
+                slots.push_back(slot);
+        }
+        if (slots.empty())
+            return;
+        for (int i = 1; i <= m; ++i) {
+            const ExpPoint& row = ps.ExpData[At(i)];
+            if (row.exclude != 0 || !std::isfinite(row.t))
+                continue; // no model has a value at a time that is none
+            t.push_back(row.t);
+            for (const int slot : slots)
+                values.push_back(row.c(slot));
+        }
+    }
+    int Count() const { return static_cast<int>(t.size()); }
+    const double* Row(int i) const { return values.data() + At(i) * slots.size(); }
+
+    /// Residual of row i against the model's concentrations there.
+    double Deviation(int i, const SpeciesArray& c) const {
+        double res = 0;
+        for (std::size_t j = 0; j < slots.size(); ++j)
+            res += std::fabs(c[At(slots[j])] - Row(i)[j]);
+        return res;
+    }
+};
+
+ConstantArray ConstantsOf(const FitVector& b) {
+    return {0, b[1], b[2], b[3]};
+}
+
+/// Models with a closed form, prepared once for each vector.
+class ClosedFormProblem : public KineticProblem {
+public:
+    ClosedFormProblem(const ProjectState& ps, int m)
+        : model_(ps.ModelId), c0_(ps.c0), rows_(ps, m) {}
+
+    int Count() const override { return rows_.Count(); }
+
+    void CalcResiduals(const FitVector& b, double* res) override {
+        last_ = b;
+        bool err = false;
+        try {
+            const ClosedForm form(model_, ConstantsOf(b), c0_, err);
+            if (!err) {
+                form.Visit([&](const auto& at) { Fill(at, res); });
+                if (!NotFinite(res, Count()))
+                    return;
+            }
+        } catch (const ArithmeticError&) {
+        } catch (const NoSolution&) {
+        }
+        FillOneByOne(b, res);
+    }
+
+private:
+    template <class Form> void Fill(const Form& at, double* res) const {
+        const int count = rows_.Count();
+        if (rows_.slots.size() == 1) {
+            const std::size_t slot = At(rows_.slots[0]);
+            for (int i = 0; i < count; ++i) {
+                SpeciesArray c{};
+                at(rows_.t[At(i)], c);
+                res[i] = std::fabs(c[slot] - rows_.values[At(i)]);
+            }
+        } else {
+            for (int i = 0; i < count; ++i) {
+                SpeciesArray c{};
+                at(rows_.t[At(i)], c);
+                res[i] = rows_.Deviation(i, c);
+            }
+        }
+    }
+
+    /// When some row has no value: each by itself.
+    void FillOneByOne(const FitVector& b, double* res) const {
+        for (int i = 0; i < rows_.Count(); ++i) {
+            SpeciesArray c{};
+            bool err = false;
+            try {
+                const ClosedForm form(model_, ConstantsOf(b), c0_, err);
+                if (!err)
+                    form.At(rows_.t[At(i)], c, err);
+            } catch (const ArithmeticError&) {
+                err = true;
+            }
+            res[i] = err ? 0 : rows_.Deviation(i, c);
+        }
+    }
+
+    const int model_;
+    const SpeciesArray c0_;
+    const Measured rows_;
+};
+
+/// Integrated models: one course and one spline for each vector.
+class NumericProblem : public KineticProblem {
+public:
+    NumericProblem(const ProjectState& ps, int m)
+        : model_(ps.ModelId), fitsOrder_(ps.FitMode == kFitOrder),
+          order_(static_cast<double>(ps.OrderN)), c0_(ps.c0), tEnd_(ps.tMax),
+          step_(ps.tMax / kCurveIntervals), rows_(ps, m) {
+        if (!(step_ > 0) || !std::isfinite(tEnd_))
+            return;
+        std::vector<double> knots;
+        for (double t = 0; t <= tEnd_ + step_; t += step_)
+            knots.push_back(t);
+        knots_ = static_cast<int>(knots.size());
+        ReserveAkima(spline_, knots_);
+        std::ranges::copy(knots, spline_.SplineX.begin() + 1);
+        int interval = 1;
+        for (const double t : rows_.t) {
+            interval = AkimaInterval(spline_, t, knots_, interval);
+            pieces_.push_back(interval);
+            offsets_.push_back(t - spline_.SplineX[At(std::max(interval, 1))]);
+        }
+        curve_.resize(At(knots_ + 1));
+    }
+
+    int Count() const override { return rows_.Count(); }
+
+    void CalcResiduals(const FitVector& b, double* res) override {
+        last_ = b;
+        if (knots_ == 0)
+            ThrowArithmetic(kInvalidCall);
+        WithNumericModel(model_, ConstantsOf(b), fitsOrder_ ? b[2] : order_,
+                         [&](const auto& law) { Integrate(law); });
+        for (std::size_t j = 0; j < rows_.slots.size(); ++j) {
+            AkimaKoeffizienten(spline_, rows_.slots[j], knots_, 0);
+            AddDeviations(j, res);
+        }
+        if (NotFinite(res, Count()))
+            LeaveOutWithoutValue(res);
+    }
+
+private:
+    /// One piece of the spline: y = ((d h + c) h + b) h + a.
+    struct Piece {
+        double a, b, c, d;
+    };
+
+    /// Adds the deviations of the j-th selected species, whose coefficients are fresh.
+    void AddDeviations(std::size_t j, double* res) {
+        const std::size_t slot = At(rows_.slots[j]);
+        for (std::size_t i = 1; i < curve_.size(); ++i)
+            curve_[i] = {spline_.SplineA[i][slot], spline_.SplineB[i][slot],
+                         spline_.SplineC[i][slot], spline_.SplineD[i][slot]};
+        curve_[0] = {curve_[1].a, curve_[1].b, 0, 0}; // straight before the first knot
+        const std::size_t stride = rows_.slots.size();
+        const double* measured = rows_.values.data() + j;
+        for (int i = 0; i < rows_.Count(); ++i, measured += stride) {
+            const Piece& p = curve_[At(pieces_[At(i)])];
+            const double h = offsets_[At(i)];
+            const double deviation = std::fabs(((p.d * h + p.c) * h + p.b) * h + p.a - *measured);
+            res[i] = j == 0 ? deviation : res[i] + deviation;
+        }
+    }
+
+    /// A row far outside the course, where the straight continuation overflows, has residual 0.
+    void LeaveOutWithoutValue(double* res) const {
+        for (int i = 0; i < rows_.Count(); ++i) {
+            for (const int slot : rows_.slots) {
+                if (!std::isfinite(AkimaWertIn(spline_, AkimaMode::Value, slot, rows_.t[At(i)],
+                                               knots_, pieces_[At(i)])))
+                    res[i] = 0;
+            }
+        }
+    }
+
+    template <class Law> void Integrate(const Law& law) {
+        StateOf<Law> y;
+        for (std::size_t i = 0; i < y.size(); ++i)
+            y[i] = c0_[At(Law::kSlots[i])];
+        int subSteps = 1;
+        for (int j = 1; j <= knots_; ++j) {
+            for (std::size_t i = 0; i < y.size(); ++i)
+                spline_.SplineY[At(j)][At(Law::kSlots[i])] = y[i];
+            IntegrateInterval(law, y, step_, subSteps);
+            subSteps = std::max(subSteps / 4, 1);
+        }
+    }
+
+    const int model_;
+    const bool fitsOrder_;
+    const double order_;
+    const SpeciesArray c0_;
+    const double tEnd_;
+    const double step_; ///< of the grid, TU
+    const Measured rows_;
+    std::vector<int> pieces_;     ///< of the spline, by row
+    std::vector<double> offsets_; ///< t less the first knot of the piece, by row
+    std::vector<Piece> curve_;    ///< of one species, by piece
+    AkimaTables spline_;
+    int knots_ = 0;
+};
+
+/// A curve that does not depend on the constants, or no model at all.
+class ConstantProblem : public KineticProblem {
+public:
+    ConstantProblem(const ProjectState& ps, int m) : rows_(ps, m) {
+        for (int i = 0; i < rows_.Count(); ++i) {
+            SpeciesArray c{};
+            bool err = false;
+            FuModellWert(ps, ps.ModelId, rows_.t[At(i)], c, err);
+            residuals_.push_back(err ? 0 : rows_.Deviation(i, c));
+        }
+    }
+    int Count() const override { return rows_.Count(); }
+    void CalcResiduals(const FitVector& b, double* res) override {
+        last_ = b;
+        std::ranges::copy(residuals_, res);
+    }
+
+private:
+    const Measured rows_;
+    std::vector<double> residuals_;
+};
+
+/// Fits of k(T): c(t) of first or second order along the temperatures of the rows.
+class TemperatureProblem : public KineticProblem {
+public:
+    TemperatureProblem(const ProjectState& ps, int m)
+        : secondOrder_(ps.FitMode == kFitSecondOrderT), eyring_(ps.kTFunction == kEyring),
+          c0_(static_cast<double>(ps.c0Data[1])) {
+        for (int i = 1; i <= m; ++i) {
+            const ExpPoint& row = ps.ExpData[At(i)];
+            if (row.exclude != 0 || !(row.T > 0))
+                continue;
+            t_.push_back(row.t);
+            T_.push_back(row.T);
+            TR_.push_back(row.T * kGasConstant);
+            measured_.push_back(row.cA);
+        }
+        factor_.resize(t_.size());
+        left_.resize(t_.size());
+    }
+
+    int Count() const override { return static_cast<int>(t_.size()); }
+
+    void CalcResiduals(const FitVector& b, double* res) override {
+        last_ = b;
+        BoltzmannFactors(b[2]);
+        if (secondOrder_)
+            SecondOrder(b[1], res);
+        else
+            FirstOrder(b[1], res);
+    }
+
+    void CalcAbleitungen(int n, const FitVector& b, const double* res,
+                         const JacobianColumns& columns) override {
+        if (secondOrder_ || eyring_ || b != last_) {
+            LeastSquaresProblem::CalcAbleitungen(n, b, res, columns);
+            return;
+        }
+        // e and E stand from the residuals at b.
+        for (int i = 0; i < Count(); ++i) {
+            const double byFactor = -t_[At(i)] * factor_[At(i)] * left_[At(i)];
+            if (columns[1] != nullptr)
+                columns[1][i] = byFactor;
+            if (n > 1 && columns[2] != nullptr)
+                columns[2][i] = -b[1] * byFactor / TR_[At(i)];
+        }
+    }
+
+private:
+    /// e = exp(-energy/(R T)), once for rows of one temperature in a row.
+    void BoltzmannFactors(double energy) {
+        for (int i = 0; i < Count(); ++i) {
+            factor_[At(i)] = i > 0 && TR_[At(i)] == TR_[At(i - 1)]
+                                 ? factor_[At(i - 1)]
+                                 : CheckedExp(Divide(-energy, TR_[At(i)]));
+        }
+    }
+    void FirstOrder(double b1, double* res) {
+        for (int i = 0; i < Count(); ++i) {
+            const double exponent = eyring_ ? -b1 * t_[At(i)] * T_[At(i)] * factor_[At(i)]
+                                            : -b1 * t_[At(i)] * factor_[At(i)];
+            left_[At(i)] = CheckedExp(exponent);
+            res[i] = left_[At(i)] - measured_[At(i)];
+        }
+    }
+    void SecondOrder(double b1, double* res) const {
+        const double start = Count() > 0 ? Divide(1, c0_) : 0;
+        for (int i = 0; i < Count(); ++i) {
+            const double inverse = eyring_ ? 2 * t_[At(i)] * b1 * T_[At(i)] * factor_[At(i)] + start
+                                           : start + 2 * b1 * factor_[At(i)] * t_[At(i)];
+            res[i] = Divide(1, inverse) - measured_[At(i)];
+        }
+    }
+
+    const bool secondOrder_;
+    const bool eyring_;
+    const double c0_; ///< c(A,0), mol/L
+    std::vector<double> t_, T_, TR_, measured_;
+    std::vector<double> factor_; ///< e by row
+    std::vector<double> left_;   ///< E = exp(-k(T) t) by row
+};
+
+} // namespace
+
+std::unique_ptr<KineticProblem> MakeKineticProblem(const ProjectState& ps, int m) {
+    if (m < 0 || m > ps.ExpPointCount || At(m) >= ps.ExpData.size())
+        throw std::invalid_argument("a fit takes rows of the table of measured values");
+    if (ps.FitMode >= kFirstTemperatureMode)
+        return std::make_unique<TemperatureProblem>(ps, m);
+    if (HasClosedForm(ps.ModelId))
+        return std::make_unique<ClosedFormProblem>(ps, m);
+    if (ps.MMDiagram && ps.ModelId == 10)
+        return std::make_unique<ConstantProblem>(ps, m);
+    return std::make_unique<NumericProblem>(ps, m);
+}
+
+} // namespace zorvant

@@ -1,0 +1,404 @@
+// Source: J. C. Nash, Compact Numerical Methods for Computers, 2nd ed. (1990), algorithms 7, 8, 23.
+#include "evaluation/marquardt_nash.h"
+
+#include "engine/arithmetic.h"
+
+#include <cmath>
+#include <memory>
+#include <stdexcept>
+#include <vector>
+
+namespace zorvant {
+
+namespace {
+
+/// lambda grows by this after a rejected step; smaller: more rejections until the step is short.
+constexpr double kIncrease = 10;
+/// lambda shrinks to kDecrease / kIncrease of itself after an accepted step; larger: the last steps
+/// converge more slowly.
+constexpr double kDecrease = 4;
+/// First damping; larger: the first steps creep down the gradient.
+constexpr double kStartLambda = 0.0001;
+/// Share of lambda on the diagonal that does not scale with it: keeps a parameter without any
+/// influence from making the matrix singular.
+constexpr double kPhi = 1;
+/// A parameter has not moved when it is unchanged after this was added: steps below 2E-15 count as
+/// none. 0 would ask for the last bit of small parameters and not end.
+constexpr double kRelTest = 10;
+/// Rounding unit of the comparisons with bounds; larger: parameters are held short of the bound.
+constexpr double kMachineEps = 3E-16;
+/// Relative and least step of the forward difference: about the root of the rounding unit, so that
+/// rounding and curvature cost equally many digits of the derivative.
+constexpr double kDerivativeShift = 1.7E-7;
+
+constexpr double kFree = 1, kFixed = 0, kAtUpper = -1, kAtLower = -2;
+
+constexpr std::size_t At(int i) {
+    return static_cast<std::size_t>(i);
+}
+constexpr std::size_t At(int i, int j) {
+    return static_cast<std::size_t>(i * (i - 1) / 2 + j);
+}
+
+struct NormalSystem {
+    PackedMatrix a{}; ///< J'J
+    FitVector v{};    ///< J'res
+};
+
+/// Adds up both in the order of the points.
+template <int n>
+NormalSystem BuildNormalSystem(int count, const double* res, const JacobianColumns& columns) {
+    NormalSystem sums;
+    for (int i = 0; i < count; ++i) {
+        for (int j = 1; j <= n; ++j) {
+            const double derivative = columns[At(j)][i];
+            sums.v[At(j)] += res[i] * derivative;
+            for (int l = 1; l <= j; ++l)
+                sums.a[At(j, l)] += columns[At(l)][i] * derivative;
+        }
+    }
+    return sums;
+}
+
+/// One run: the state that its steps share.
+class Iteration {
+public:
+    Iteration(int n, int m, const FitLimits& limits, const FitFlags& fixed,
+              LeastSquaresProblem& problem, FitVector& param, FitVector& stdDev, FitRun& run)
+        : n_(n), m_(m), limits_(limits), problem_(problem), param_(param), stdDev_(stdDev),
+          run_(run), count_(problem.Count()), residuals_(static_cast<std::size_t>(count_)),
+          columns_(static_cast<std::size_t>(count_ * n)) {
+        for (int i = 1; i <= n_; ++i)
+            mask_[At(i)] = fixed[At(i)] != 0 ? kFixed : kFree;
+    }
+
+    void Run() {
+        MoveIntoBounds();
+        double f = 0;
+        if (!calcFQS_Marquardt(f))
+            return;
+        bool moving = true;
+        while (moving) {
+            lambda_ = lambda_ * kDecrease / kIncrease;
+            run_.sumSquares = f;
+            if (!BuildJacobian())
+                return;
+            // Steps from here, each shorter than the last, until one lowers F or none moves.
+            for (bool lowered = false; moving && !lowered;) {
+                if (Direction()) {
+                    moving = Move() != freeCount_;
+                    if (!moving)
+                        break;
+                    if (!calcFQS_Marquardt(f))
+                        return;
+                    lowered = f < run_.sumSquares;
+                }
+                if (!lowered)
+                    Damp();
+            }
+            if (moving)
+                HoldAtBounds();
+        }
+        StandardDeviations();
+        ProbeMinimum();
+    }
+
+private:
+    void MoveIntoBounds() {
+        int masked = n_;
+        for (int i = 1; i <= n_; ++i) {
+            double& p = param_[At(i)];
+            double& mask = mask_[At(i)];
+            if (mask != kFixed)
+                --masked;
+            // Written so that a NaN goes to the lower bound too.
+            if (!(p >= limits_.lower[At(i)])) {
+                p = limits_.lower[At(i)];
+                mask = kAtLower;
+            }
+            if (p > limits_.upper[At(i)]) {
+                if (mask <= kAtLower) { // the bounds exclude each other
+                    mask = kFixed;
+                    ++masked;
+                } else {
+                    p = limits_.upper[At(i)];
+                    mask = kAtUpper;
+                }
+            }
+        }
+        accepted_ = param_;
+        freeCount_ = n_ - masked;
+    }
+
+    /// F at the present parameters. Returned: false when the limit of evaluations is passed.
+    bool calcFQS_Marquardt(double& f) {
+        ++run_.ifn;
+        problem_.CalcResiduals(param_, residuals_.data());
+        f = 0;
+        for (const double res : residuals_)
+            f += res * res;
+        Finite(f);
+        return !Passed(run_.ifn, limits_.sums);
+    }
+
+    bool Passed(int used, int limit) {
+        run_.LimitReached = used > limit;
+        return run_.LimitReached;
+    }
+
+    /// The residuals at the present parameters stand from the sum of squares that led here.
+    bool BuildJacobian() {
+        JacobianColumns columns{};
+        for (int j = 1; j <= n_; ++j)
+            columns[At(j)] = columns_.data() + static_cast<std::ptrdiff_t>(j - 1) * count_;
+        // A fixed parameter has no part in the step: its column stays 0.
+        JacobianColumns wanted = columns;
+        for (int j = 1; j <= n_; ++j) {
+            if (mask_[At(j)] == kFixed)
+                wanted[At(j)] = nullptr;
+        }
+        problem_.CalcAbleitungen(n_, param_, residuals_.data(), wanted);
+        const NormalSystem sums = n_ == 1 ? BuildNormalSystem<1>(count_, residuals_.data(), columns)
+                                  : n_ == 2
+                                      ? BuildNormalSystem<2>(count_, residuals_.data(), columns)
+                                      : BuildNormalSystem<3>(count_, residuals_.data(), columns);
+        normal_ = sums.a;
+        gradient_ = sums.v;
+        for (int j = 1; j <= n_; ++j) {
+            Finite(gradient_[At(j)]);
+            for (int l = 1; l <= j; ++l)
+                Finite(normal_[At(j, l)]);
+        }
+        ++run_.ig;
+        if (Passed(run_.ig, limits_.jacobians))
+            return false;
+        accepted_ = param_;
+        for (int i = 1; i <= n_; ++i) {
+            double& mask = mask_[At(i)];
+            if (mask >= 0)
+                continue;
+            if ((mask + 1.5) * gradient_[At(i)] > 0)
+                mask = kFree; // the gradient points inward: released
+            else
+                gradient_[At(i)] = 0;
+        }
+        return true;
+    }
+
+    /// The damped step. Returned: false when the matrix is singular or the step leads uphill.
+    bool Direction() {
+        PackedMatrix a{};
+        for (int i = 1; i <= n_; ++i) {
+            for (int j = 1; j < i; ++j)
+                a[At(i, j)] = normal_[At(i, j)];
+            a[At(i, i)] = Finite((lambda_ + 1) * normal_[At(i, i)] + lambda_ * kPhi);
+            delta_[At(i)] = -gradient_[At(i)];
+        }
+        bool singular = false;
+        FuCholZerlegung(n_, a, mask_, singular);
+        if (singular)
+            return false;
+        FuCholLoesung(n_, a, mask_, delta_);
+        double slope = 0;
+        for (int i = 1; i <= n_; ++i) {
+            if (mask_[At(i)] != kFree)
+                delta_[At(i)] = 0;
+            slope += Finite(delta_[At(i)]) * gradient_[At(i)];
+        }
+        return !(Finite(slope) > 0);
+    }
+
+    /// Goes along the step as far as the bounds allow. Returned: how many parameters stayed.
+    int Move() {
+        double length = 1;
+        for (int i = 1; i <= n_; ++i) {
+            const double delta = delta_[At(i)];
+            if (delta == 0)
+                continue;
+            const double bound = delta > 0 ? limits_.upper[At(i)] : limits_.lower[At(i)];
+            const double toBound = (bound - accepted_[At(i)]) / delta;
+            if (toBound <= length)
+                length = toBound;
+        }
+        int unmoved = 0;
+        for (int i = 1; i <= n_; ++i) {
+            if (mask_[At(i)] == kFixed)
+                continue;
+            const double old = accepted_[At(i)];
+            param_[At(i)] = old + length * delta_[At(i)];
+            if (old + kRelTest == param_[At(i)] + kRelTest) {
+                param_[At(i)] = old;
+                ++unmoved;
+            }
+        }
+        return unmoved;
+    }
+
+    void Damp() {
+        lambda_ = Finite(lambda_ * kIncrease);
+        if (lambda_ <= 0)
+            lambda_ = kMachineEps;
+    }
+
+    void HoldAtBounds() {
+        const auto near = [](double gap, double bound) {
+            return gap <= (std::fabs(bound) + kMachineEps) * kMachineEps;
+        };
+        for (int i = 1; i <= n_; ++i) {
+            double& mask = mask_[At(i)];
+            if (!(mask > 0))
+                continue;
+            if (near(param_[At(i)] - limits_.lower[At(i)], limits_.lower[At(i)]))
+                mask = kAtLower;
+            if (near(limits_.upper[At(i)] - param_[At(i)], limits_.upper[At(i)]))
+                mask = kAtUpper;
+        }
+    }
+
+    /// Roots of the diagonal of the inverse, undamped normal matrix times the residual variance.
+    void StandardDeviations() {
+        FitVector result;
+        result.fill(kNoStdDev);
+        bool singular = false;
+        PackedMatrix a = normal_;
+        if (m_ > freeCount_)
+            FuCholZerlegung(n_, a, mask_, singular);
+        if (m_ > freeCount_ && !singular) {
+            const double variance = run_.sumSquares / (m_ - freeCount_);
+            for (int i = 1; i <= n_; ++i) {
+                FitVector unit{};
+                unit[At(i)] = 1;
+                FuCholLoesung(n_, a, mask_, unit);
+                result[At(i)] = CheckedSqrt(std::fabs(variance) * Finite(unit[At(i)]));
+            }
+        }
+        for (int i = 1; i <= n_; ++i)
+            stdDev_[At(i)] = result[At(i)];
+    }
+
+    /// Looks a little to both sides of the minimum and keeps what lies lower.
+    void ProbeMinimum() {
+        const double shift = kRelTest * std::sqrt(kMachineEps);
+        double f = 0;
+        const auto probe = [&](int i) {
+            if (!calcFQS_Marquardt(f))
+                return false;
+            if (f < run_.sumSquares) {
+                for (int j = 1; j <= i; ++j)
+                    accepted_[At(j)] = param_[At(j)];
+            }
+            return true;
+        };
+        for (int i = 1; i <= n_; ++i) {
+            if (mask_[At(i)] == kFixed)
+                continue;
+            const double step = (std::fabs(accepted_[At(i)]) + shift) * shift;
+            param_[At(i)] = accepted_[At(i)] - step;
+            if (!(param_[At(i)] < limits_.lower[At(i)]) && !probe(i))
+                return;
+            param_[At(i)] = step + accepted_[At(i)];
+            if (!(param_[At(i)] > limits_.upper[At(i)]) && !probe(i))
+                return;
+            param_[At(i)] = accepted_[At(i)];
+        }
+    }
+
+    const int n_;
+    const int m_;
+    const FitLimits& limits_;
+    LeastSquaresProblem& problem_;
+    FitVector& param_;
+    FitVector& stdDev_;
+    FitRun& run_;
+    const int count_;
+    std::vector<double> residuals_; ///< at param_
+    std::vector<double> columns_;   ///< the Jacobian, one parameter behind the other
+    FitVector mask_{};
+    FitVector accepted_{};
+    FitVector delta_{};
+    FitVector gradient_{};
+    PackedMatrix normal_{};
+    int freeCount_ = 0;
+    double lambda_ = kStartLambda;
+};
+
+} // namespace
+
+double DerivativeStep(double p) {
+    return (std::fabs(p) + kDerivativeShift) * kDerivativeShift;
+}
+
+void LeastSquaresProblem::CalcAbleitungen(int n, const FitVector& b, const double* res,
+                                          const JacobianColumns& columns) {
+    const int count = Count();
+    for (int j = 1; j <= n; ++j) {
+        double* column = columns[At(j)];
+        if (column == nullptr)
+            continue;
+        const double h = DerivativeStep(b[At(j)]);
+        FitVector shifted = b;
+        shifted[At(j)] += h;
+        CalcResiduals(shifted, column);
+        for (int i = 0; i < count; ++i)
+            column[i] = (column[i] - res[i]) / h;
+    }
+}
+
+void FuCholZerlegung(int n, PackedMatrix& a, const FitVector& mask, bool& singularFlag) {
+    for (int j = 1; j <= n; ++j) {
+        const std::size_t q = At(j, j);
+        for (int i = j; i <= n && j > 1; ++i) {
+            double s = a[At(i, j)];
+            for (int l = 1; l < j; ++l)
+                s -= a[At(i, j - l)] * a[q - At(l)];
+            a[At(i, j)] = s;
+        }
+        double scale = 0;
+        if (mask[At(j)] > 0) {
+            if (!(a[q] > 0)) {
+                singularFlag = true;
+                return;
+            }
+            scale = 1 / std::sqrt(a[q]);
+        } else {
+            a[q] = 0;
+        }
+        for (int i = j; i <= n; ++i)
+            a[At(i, j)] *= scale;
+    }
+}
+
+void FuCholLoesung(int n, const PackedMatrix& a, const FitVector& mask, FitVector& x) {
+    const auto reciprocal = [&](int i) { return mask[At(i)] > 0 ? 1 / a[At(i, i)] : 0.0; };
+    for (int i = 1; i <= n; ++i) {
+        for (int j = 1; j < i; ++j)
+            x[At(i)] -= a[At(i, j)] * x[At(j)];
+        x[At(i)] *= reciprocal(i);
+    }
+    for (int i = n; i >= 1; --i) {
+        x[At(i)] *= reciprocal(i);
+        for (int j = 1; j < i; ++j)
+            x[At(j)] -= a[At(i, j)] * x[At(i)];
+    }
+}
+
+FitRun MinimiseSquares(int n, int m, const FitLimits& limits, const FitFlags& fixed,
+                       LeastSquaresProblem& problem, FitVector& FitParam, FitVector& FitStdDev) {
+    if (n < 1 || n > kMaxFitParameters)
+        throw std::invalid_argument("a fit has one to three parameters");
+    FitRun run;
+    for (int i = 1; i <= n; ++i)
+        FitStdDev[At(i)] = kNoStdDev;
+    try {
+        Iteration(n, m, limits, fixed, problem, FitParam, FitStdDev, run).Run();
+    } catch (const ArithmeticError& error) {
+        run.error = error.what();
+    }
+    if (run.LimitReached || !run.error.empty()) {
+        for (int i = 1; i <= n; ++i)
+            FitStdDev[At(i)] = kNoStdDev;
+    }
+    return run;
+}
+
+} // namespace zorvant

@@ -1,0 +1,237 @@
+#include "evaluation/evaluation_checks.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+using namespace zorvant;
+
+namespace {
+
+/// A table that lets every evaluation run.
+ProjectState Complete() {
+    ProjectState ps;
+    ps.ExpPointCount = 5;
+    ps.ExpData.assign(6, {});
+    for (int i = 1; i <= 5; ++i) {
+        ExpPoint& row = ps.ExpData[static_cast<std::size_t>(i)];
+        row.t = i;
+        row.cA = 1.0 / i;
+        row.T = 290 + i;
+        row.k = i;
+        row.lambda = static_cast<float>(i);
+    }
+    ps.nCtPoints = ps.nRcSPoints = ps.nkTPoints = 5;
+    ps.nTemperatures = 5;
+    ps.HasCtTData = ps.HasLambdaData = true;
+    ps.SumLambda = 15;
+    ps.LambdaInf = 8;
+    ps.LambdaZero = 0.5;
+    ps.c0Data[1] = ps.c0Data[2] = 1;
+    ps.ModelId = 10;
+    ps.RcSMode = true;
+    return ps;
+}
+
+using Check = std::function<CommandCheck(ProjectState&)>;
+using Spoil = std::function<void(ProjectState&)>;
+
+Check Ct(int index) {
+    return [=](ProjectState& ps) { return CheckCtEvaluation(ps, index); };
+}
+Check Lambda(int index) {
+    return [=](ProjectState& ps) { return CheckLambdaEvaluation(ps, index); };
+}
+Check Michaelis(int index) {
+    return [=](ProjectState& ps) { return CheckMichaelisEvaluation(ps, index); };
+}
+Check Kt(int index) {
+    return [=](ProjectState& ps) { return CheckKtEvaluation(ps, index); };
+}
+Check NonIsothermal(int index) {
+    return [=](ProjectState& ps) { return CheckNonIsothermalFitting(ps, index); };
+}
+
+} // namespace
+
+TEST(EvaluationChecks, PassWithModelAndKindOnCompleteData) {
+    struct Case {
+        Check check;
+        int model, kind, fitMode;
+        Spoil change;
+    };
+    const Spoil same = [](ProjectState&) {};
+    const Case cases[] = {
+        {Ct(1),                                                  2,  -5,  0, same                                      },
+        {Ct(2),                                                  3,  -6,  0, same                                      },
+        {Ct(3),                                                  4,  -6,  0, same                                      },
+        {Ct(3),                                                  4,  -8,  0, [](ProjectState& ps) { ps.c0Data[2] = 2; }},
+        {Ct(4),                                                  10, -7,  0, same                                      },
+        {Lambda(1),                                              2,  -10, 0, same                                      },
+        {Lambda(2),                                              3,  -11, 0, same                                      },
+        {Lambda(3),                                              4,  -11, 0, same                                      },
+        {Michaelis(0),                                           10, -12, 0, same                                      },
+        {Michaelis(1),                                           10, -13, 0, same                                      },
+        {Michaelis(2),                                           10, -14, 0, same                                      },
+        {Kt(1),                                                  10, -3,  0, same                                      },
+        {Kt(2),                                                  10, -4,  0, same                                      },
+        {[](ProjectState& ps) { return CheckCtFitting(ps); },    10, -9,  1,
+         [](ProjectState& ps) { ps.RcSMode = false; }                                                                  },
+        {[](ProjectState& ps) { return CheckOrderFitting(ps); }, 20, -9,  2, same                                      },
+        {NonIsothermal(1),                                       2,  -9,  6, same                                      },
+        {NonIsothermal(2),                                       3,  -9,  7, same                                      },
+ // Three active and two deactivated rows: a line, but no Wilkinson evaluation (below).
+        {Ct(1),                                                  2,  -5,  0, [](ProjectState& ps) { ps.nExcluded = 2; }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::to_string(c.model) + " " + std::to_string(c.kind));
+        ProjectState ps = Complete();
+        ps.FitMode = 5;
+        c.change(ps);
+        const CommandCheck check = c.check(ps);
+        EXPECT_TRUE(check.passed);
+        EXPECT_TRUE(check.messages.empty());
+        EXPECT_EQ(check.ModelId, c.model);
+        EXPECT_EQ(check.DiagramKind, c.kind);
+        EXPECT_EQ(ps.FitMode, c.fitMode);
+    }
+}
+
+TEST(EvaluationChecks, SayWhatIsMissingAndWhetherTheEditorHelps) {
+    struct Case {
+        Check check;
+        Spoil spoil;
+        bool asks;
+        const char* start; ///< of the last message
+        const char* end;
+    };
+    const char* kToEditor = "\r\n\r\nNow to the data editor?";
+    const Case cases[] = {
+        {[](ProjectState& ps) { return CheckAnyData(ps); },
+         [](ProjectState& ps) { ps.ExpPointCount = 0; },                                                             true,
+         "no experimental data available\r\nEnter",                                                                                                                                                      "to Data entry NEW?"                                                         },
+        {Ct(4),                                                  [](ProjectState& ps) { ps.nExcluded = 2; },         true,
+         "There must be at least 4(active) experimental c-t data sets\r\nAdd the data in the Data "
+         "Editor\r\nor remove the deactivation of data points.\r\n",                                                                                                                                     kToEditor                                                                    },
+        {Ct(1),                                                  [](ProjectState& ps) { ps.nCtPoints = 1; },         true,
+         "There must be at least 2(active) experimental c-t data sets\r\nAdd",                                                                                                                           "Editor\r\n\r\n\r\nNow to the data editor?"                                  },
+        {Ct(2),                                                  [](ProjectState& ps) { ps.c0Data[1] = 0; },         false, "no initial",                                                                "c(A,0) found"                                                               },
+        {Ct(3),                                                  [](ProjectState& ps) { ps.c0Data[2] = 9E-9F; },     false,
+         "Both initial concentrations",                                                                                                                                                                  "are required."                                                              },
+        {Michaelis(0),                                           [](ProjectState& ps) { ps.RcSMode = false; },       false,
+         "This evaluation method",                                                                                                                                                                       "r(P)-c(S) data is loaded"                                                   },
+        {Michaelis(0),                                           [](ProjectState& ps) { ps.nExcluded = 4; },         true,
+         "At least two (active) r(P)-c(S) couples are required! \r\nComplete",                                                                                                                           "or remove the deactivation of data sets.\r\n\r\n\r\nNow to the data editor?"},
+        {Lambda(1),
+         [](ProjectState& ps) {
+             ps.HasLambdaData = false;
+             ps.SumLambda = 0;
+         },                                                                                                          true,  "no lambda data found!\r\nComplete",                                         kToEditor                                                                    },
+        {Lambda(2),                                              [](ProjectState& ps) { ps.HasLambdaData = false; }, true,
+         "not enough (active) experimental data!\r\n",                                                                                                                                                   kToEditor                                                                    },
+        {Lambda(2),                                              [](ProjectState& ps) { ps.ExpPointCount = 1; },     false,
+         "No (or not enough) experimental lambda-t data\r\nEntry data",                                                                                                                                  "NEW)"                                                                       },
+        {Lambda(2),                                              [](ProjectState& ps) { ps.c0Data[1] = 0; },         false,
+         "For a lambda evaluation according to 2nd",                                                                                                                                                     "[k] = 1/(kPa s)."                                                           },
+        {Lambda(3),                                              [](ProjectState& ps) { ps.c0Data[1] = 2; },         false, "At the moment only",
+         "c(A,0) = c(B,0) is supported."                                                                                                                                                                                                                                              },
+        {Lambda(1),                                              [](ProjectState& ps) { ps.LambdaInf = 9E-9; },      false,
+         "No value lambda(t = infin.)",                                                                                                                                                                  "was found."                                                                 },
+        {Kt(1),                                                  [](ProjectState& ps) { ps.nkTPoints = 1; },         true,  "At least two different",
+         kToEditor                                                                                                                                                                                                                                                                    },
+        {Kt(1),
+         [](ProjectState& ps) {
+             for (ExpPoint& row : ps.ExpData)
+                 row = ps.ExpData[1];
+         },                                                                                                          true,  "At least two different (active) couples of k - t are required!\r\n\r\nnow",
+         "to the Data Editor?"                                                                                                                                                                                                                                                        },
+        {[](ProjectState& ps) { return CheckCtFitting(ps); },    [](ProjectState&) {},                               false,
+         "This evaluation method is only useful if concentration-time",                                                                                                                                  "c-t data are loaded."                                                       },
+        {[](ProjectState& ps) { return CheckOrderFitting(ps); },
+         [](ProjectState& ps) { ps.c0Data[1] = 0; },                                                                 false, "no initial concentration",                                                  "found"                                                                      },
+        {NonIsothermal(1),                                       [](ProjectState& ps) { ps.HasCtTData = false; },    true,
+         "Not enough experimental T-t-c data!\r\nComplete",                                                                                                                                              kToEditor                                                                    },
+        {NonIsothermal(2),                                       [](ProjectState& ps) { ps.c0Data[1] = 0; },         false, "For this case",
+         "has to be given."                                                                                                                                                                                                                                                           },
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.start);
+        ProjectState ps = Complete();
+        c.spoil(ps);
+        const CommandCheck check = c.check(ps);
+        EXPECT_FALSE(check.passed);
+        EXPECT_EQ(check.asksForEditor, c.asks);
+        ASSERT_EQ(check.messages.size(), 1U);
+        const MessageBox& box = check.messages.back();
+        EXPECT_EQ(box.buttons, c.asks ? Buttons::YesNo : Buttons::Ok);
+        EXPECT_TRUE(box.text.starts_with(c.start)) << box.text;
+        EXPECT_TRUE(box.text.ends_with(c.end)) << box.text;
+    }
+}
+
+TEST(EvaluationChecks, GoOnAfterANote) {
+    ProjectState ps = Complete();
+    ps.LambdaZero = 0;
+    CommandCheck check = CheckLambdaEvaluation(ps, 1);
+    EXPECT_TRUE(check.passed);
+    EXPECT_TRUE(ps.LambdaMode);
+    ASSERT_EQ(check.messages.size(), 1U);
+    EXPECT_EQ(check.messages[0].icon, Icon::Warning);
+    EXPECT_EQ(check.messages[0].title, "Notes on the evaluation of lambda-data, 1st-order");
+    ps.nTemperatures = 1;
+    check = CheckNonIsothermalFitting(ps, 1);
+    EXPECT_TRUE(check.passed);
+    EXPECT_EQ(check.messages.size(), 1U);
+}
+
+TEST(EvaluationChecks, CountCouplesOfTemperatureAndConstantOnce) {
+    ProjectState ps = Complete();
+    EXPECT_EQ(DistinctKtCouples(ps), 5);
+    ps.ExpData[5] = ps.ExpData[4] = ps.ExpData[1];
+    EXPECT_EQ(DistinctKtCouples(ps), 3);
+    ps.ExpData[2].k = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(DistinctKtCouples(ps), 2);
+    ps.ExpPointCount = 0;
+    EXPECT_EQ(DistinctKtCouples(ps), 0);
+}
+
+TEST(LambdaExtents, FrameTheOrdinatesThatExist) {
+    ProjectState ps = Complete(); // lambda 1..5, lambda(inf) 8, lambda(0) 0.5, t up to 5
+    FuExtentsLambda1(ps);
+    EXPECT_FLOAT_EQ(ps.Memory.RngT.upper, 5.25F);
+    const double top = std::log(7 / 7.5), bottom = std::log(3 / 7.5), margin = (top - bottom) / 5;
+    EXPECT_NEAR(ps.Memory.RngLam1.upper, top + margin, 1E-6);
+    EXPECT_NEAR(ps.Memory.RngLam1.lower, bottom - 0.3 * margin, 1E-6);
+    ps.ExpData[5].lambda = 8; // as large as lambda(inf): no logarithm, no quotient
+    ps.LambdaZero = 0;
+    FuExtentsLambda2(ps);
+    EXPECT_NEAR(ps.Memory.RngLam2.upper, 2 + (2 - 8.0 / 7) / 5, 1E-6);
+    EXPECT_NEAR(ps.Memory.RngLam2.lower, 8.0 / 7 - 0.3 * (2 - 8.0 / 7) / 5, 1E-6);
+    for (const double inf : {std::numeric_limits<double>::quiet_NaN(),
+                             std::numeric_limits<double>::infinity(), -1.0}) {
+        ps.LambdaInf = inf;
+        FuExtentsLambda1(ps);
+        EXPECT_EQ(ps.Memory.RngLam1, (Range{0, 1})) << inf;
+        FuExtentsLambda2(ps);
+        EXPECT_TRUE(std::isfinite(ps.Memory.RngLam2.upper)) << inf;
+    }
+}
+
+TEST(CurveInput, NamesEveryFaultOnALineOfItsOwn) {
+    ProjectState ps;
+    ps.ModelId = ps.DiagramKind = 10;
+    ps.FitMode = 1;
+    ps.SpeciesMask = "11110";
+    ps.RateMask = "111";
+    ps.k = {0, 1, -1, 0};
+    EXPECT_EQ(CurveInputFaults(ps), "- not yet a valid input of an initial conc. c(S,0)\r\n"
+                                    "- the rate constant has to be k2 > 0\r\n"
+                                    "- the rate constant has to be k3 > 0\r\n");
+    ps.k = {0, 1, 1, 1};
+    ps.c0[2] = 1;
+    EXPECT_EQ(CurveInputFaults(ps), "");
+    ps.k[1] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(CurveInputFaults(ps), "- the rate constant has to be k1 > 0\r\n");
+}
