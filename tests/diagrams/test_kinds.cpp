@@ -227,6 +227,16 @@ TEST_F(DiagramKindTest, TakesDataRangesWithTheirMargins) {
     widened(m.RngWilk, 20 / 0.75, 40 / 0.5, "t = 0 has no effect");
 }
 
+TEST_F(DiagramKindTest, NeverReachesANegativeInverseTemperature) {
+    SetRows({
+        {.T = 10,   .k = 1},
+        {.T = 1000, .k = 2}
+    });
+    FuDatenBereiche(ps, -3);
+    EXPECT_EQ(ps.Memory.RngInvT.lower, 0.0F);
+    EXPECT_FLOAT_EQ(ps.Memory.RngInvT.upper, 0.1F + 0.099F / 20);
+}
+
 TEST_F(DiagramKindTest, OfEnzymeRatesReadsTheRateFromTheTimeColumn) {
     ps.ModelId = 10;
     SetRows({

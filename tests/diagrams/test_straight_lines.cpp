@@ -282,7 +282,8 @@ TEST_F(Evaluation, FindsTheConstantsThatMadeTheData) {
         // t/U = 1/(k c0^(n-1)) + (n/2) t, which is exact for n = 2
         wilkinson.push_back({.t = t, .cA = second});
     }
-    SetRows(mixed);
+    mixed.insert(mixed.begin(), {.cA = 9, .cB = 1, .exclude = -1});
+    SetRows(mixed); // the last row with t = 0 gives the start
     expectK(kKindMixedSecondOrder, 4);
 
     SetRows(lambda);
