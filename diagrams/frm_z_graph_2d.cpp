@@ -1,0 +1,123 @@
+#include "diagrams/frm_z_graph_2d.h"
+
+#include "diagrams/coordinates.h"
+#include "platform/host.h"
+
+namespace zorvant {
+namespace {
+
+constexpr int kHelpDiagram = 7003;
+constexpr const char* kNotYet = "not yet available";
+
+} // namespace
+
+frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
+    helpTopic = kHelpDiagram;
+    constexpr const char* kTexts[] = {"Header", "Additional text", "X axis", "Y axis"};
+    for (int i = 1; i <= 4; ++i)
+        mnuTextDesign(i).text = kTexts[i - 1];
+    constexpr const char* kOutputs[] = {
+        "... to the Clipboard", "... Save as Image File (BMP, WMF, EMF)", "... to the Printer"};
+    for (int i = 1; i <= 3; ++i)
+        mnuBild(i).text = kOutputs[i - 1];
+    for (MenuEntry* later :
+         {&mnuAddText, &mnuTextDesign(1), &mnuTextDesign(2), &mnuTextDesign(3), &mnuTextDesign(4),
+          &mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3), &mnuSaveOC2, &mnuLoadOC2,
+          &mnuHalbA, &mnuHalbB, &mnuDesignMore, &mnuDelMarkLabels}) {
+        later->available = false;
+        later->disabledTip = kNotYet;
+    }
+    cmdSingleCalc.available = false;
+    cmdSingleCalc.disabledTip = kNotYet;
+    mnuXLog.onClick = [this] { cmdXLog_Click(*this); };
+    mnuYLog.onClick = [this] { cmdYLog_Click(*this); };
+    mnuHaupt.onClick = [this] {
+        if (Form* main = FindForm(ps.desktop, "MDIZOR"))
+            ShowForm(ps.desktop, *main);
+    };
+    mnuManuXY.onClick = [this] {
+        if (Form* editor = FindForm(ps.desktop, "frmZXYEditor"))
+            ShowForm(ps.desktop, *editor);
+    };
+    cmdEscGraph.isCancel = true;
+    cmdEscGraph.onClick = [this] { Escape(); };
+    // mnuManuXY is on as soon as its editor exists.
+    onActivate = [this] {
+        Form_Activate(ps, *this);
+        mnuManuXY.available = FindForm(ps.desktop, "frmZXYEditor") != nullptr;
+        mnuManuXY.disabledTip = mnuManuXY.available ? "" : kNotYet;
+    };
+    BuildMenu();
+    Declare();
+}
+
+void frmZGraph2D::Escape() {
+    for (Frame* panel : {&fraTabs, &fraKurven, &fraPunkte, &fraSchrift, &fraCoordInput, &fraPrintIt,
+                         &fraResolution}) {
+        if (panel->visible) {
+            FuPanelsZu(*this);
+            return;
+        }
+    }
+    UnloadForm(ps.desktop, *this);
+}
+
+void frmZGraph2D::BuildMenu() {
+    const auto row = [this](int level, Control& entry, const char* caption = "") {
+        if (*caption != '\0')
+            entry.text = caption;
+        rows_.push_back({level, entry.name.c_str(), ""});
+    };
+    const auto line = [this](int level) {
+        names_.push_back("sepGraph" + std::to_string(names_.size()));
+        rows_.push_back({level, names_.back().c_str(), "-"});
+    };
+    row(1, mnuDesign, "&Design");
+    row(2, mnuKurvenDesign, "&Curves ...");
+    row(2, mnuPunktDesign, "&Experimental points ...");
+    for (int i = 1; i <= 4; ++i)
+        row(2, mnuTextDesign(i));
+    row(2, mnuDesignMore, "&More settings ...");
+    row(1, mnuAdd, "&Add");
+    row(2, mnuAddPunkte, "&Experimental points");
+    row(2, mnuAddLegend, "&Legend");
+    row(2, mnuAddLabels, "La&bels of the curves");
+    row(2, mnuAddText, "Additional &text ...");
+    line(2);
+    row(2, mnuHalbA);
+    row(2, mnuHalbB);
+    line(2);
+    row(2, mnuManuXY, "&X-Y editor ...");
+    row(1, mnuScale, "&Scale");
+    row(2, mnuCoord, "&Coordinates ...");
+    row(2, mnuXLog, "&X axis logarithmic");
+    row(2, mnuYLog, "&Y axis logarithmic");
+    line(2);
+    row(2, mnuZoom, "&Zoom");
+    row(2, mnuZoomReset, "Zoom &back");
+    row(1, mnuDelete, "D&elete");
+    row(2, mnuDelKurv, "&Curves");
+    for (int i = 0; i <= kCurveSlots; ++i)
+        row(3, mnuSubDelKurv(i));
+    row(2, mnuDelPoints, "&Experimental points");
+    for (int i = 0; i <= kPointSets; ++i)
+        row(3, mnuSubDelPoints(i));
+    line(2);
+    row(2, mnuDelLegend, "&Legend");
+    row(2, mnuDelLegendZeile, "A l&ine of the legend ...");
+    row(2, mnuDelLabels, "La&bels of the curves");
+    row(2, mnuDelHalbAB, "&Marks");
+    row(2, mnuDelMarkLabels, "Labels o&f the marks");
+    line(2);
+    row(2, mnuDelTotal, "E&verything");
+    row(1, mnuOutput, "&Picture");
+    for (int i = 1; i <= 3; ++i)
+        row(2, mnuBild(i));
+    line(2);
+    row(2, mnuSaveOC2, "&Save this diagram design ...");
+    row(2, mnuLoadOC2, "&Load a saved pattern ...");
+    row(1, mnuHaupt, "to Main Menu");
+    menu = rows_;
+}
+
+} // namespace zorvant

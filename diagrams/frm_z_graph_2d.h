@@ -1,0 +1,43 @@
+// The diagram window: the document with its menus, and the mouse of the chart.
+#pragma once
+
+#include "diagrams/diagram_document.h"
+#include "diagrams/diagram_mouse.h"
+
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace zorvant {
+
+struct frmZGraph2D : DiagramDocument {
+    explicit frmZGraph2D(ProjectState& state);
+
+    // --- menus beside those of the document
+    MenuEntry mnuAdd{*this, "mnuAdd", "Add"};
+    MenuEntry mnuAddText{*this, "mnuAddText", "Additional text"};
+    Array<MenuEntry, 4, 1> mnuTextDesign{*this, "mnuTextDesign"};
+    MenuEntry mnuScale{*this, "mnuScale", "Scale"};
+    MenuEntry mnuZoom{*this, "mnuZoom", "Zoom"};
+    MenuEntry mnuZoomReset{*this, "mnuZoomReset", "Zoom back"};
+    MenuEntry mnuXLog{*this, "mnuXLog", "X axis logarithmic"};
+    MenuEntry mnuYLog{*this, "mnuYLog", "Y axis logarithmic"};
+    MenuEntry mnuOutput{*this, "mnuOutput", "Picture"};
+    Array<MenuEntry, 3, 1> mnuBild{*this, "mnuBild"};
+    MenuEntry mnuSaveOC2{*this, "mnuSaveOC2", "Save this diagram design"};
+    MenuEntry mnuLoadOC2{*this, "mnuLoadOC2", "Load a saved pattern"};
+    MenuEntry mnuManuXY{*this, "mnuManuXY", "X-Y editor"};
+    MenuEntry mnuDelMarkLabels{*this, "mnuDelMarkLabels", "Labels of the marks"};
+    MenuEntry mnuHaupt{*this, "mnuHaupt", "to Main Menu"};
+    Button cmdEscGraph{*this, "cmdEscGraph", "Close <Esc>"};
+
+    /// Keys over the chart: Esc closes an open panel, then the window.
+    void Escape();
+
+private:
+    void BuildMenu();
+    std::vector<MenuRow> rows_;
+    std::deque<std::string> names_; ///< of the rows that are members of an array
+};
+
+} // namespace zorvant

@@ -1,0 +1,147 @@
+#include "shell/qt/graph_window.h"
+
+#include "shell/qt/binder.h"
+#include "ui_frmZGraph2D.h"
+
+#include <QtWidgets>
+
+namespace zorvant {
+namespace {
+
+/// Distance of a panel from the edge of the chart where it first opens, pixels.
+constexpr int kPanelMargin = 12;
+constexpr const char* kPlaced = "placedByUser";
+
+Qt::CursorShape CursorOf(ChartPointer pointer) {
+    switch (pointer) {
+    case ChartPointer::Curve:
+    case ChartPointer::Point:
+        return Qt::PointingHandCursor;
+    case ChartPointer::Move:
+        return Qt::SizeAllCursor;
+    case ChartPointer::CrossHair:
+        return Qt::CrossCursor;
+    case ChartPointer::Default:
+        break;
+    }
+    return Qt::ArrowCursor;
+}
+
+} // namespace
+
+GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
+    Ui::frmZGraph2D ui;
+    ui.setupUi(this);
+    chart_ = ui.chart;
+    auto* const layout = new QVBoxLayout(chart_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    view_ = new PlotView(chart_);
+    layout->addWidget(view_);
+    if (auto* const outer = qobject_cast<QVBoxLayout*>(this->layout()))
+        outer->setStretchFactor(chart_, 1);
+    chart_->setAccessibleName(QStringLiteral("Diagram"));
+    ui.lblMausPosNr->setAccessibleName(QStringLiteral("Curve or point set under the pointer"));
+    ui.lblMausPos->setAccessibleName(QStringLiteral("Coordinates under the pointer"));
+    for (QWidget* panel :
+         std::initializer_list<QWidget*>{ui.fraTabs, ui.fraKurven, ui.fraPunkte, ui.fraSchrift,
+                                         ui.fraCoordInput, ui.fraPrintIt, ui.fraResolution})
+        Float(*panel);
+    ConnectMouse();
+    document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
+}
+
+GraphWindow::~GraphWindow() {
+    document_.surface.onRepaint = nullptr;
+    view_->Forget();
+}
+
+void GraphWindow::ConnectMouse() {
+    view_->setMouseTracking(true);
+    view_->onMouseMove = [this](double px, double py) {
+        Binder::Run(nullptr, [&] { MouseMove(document_.ps, document_, px, py); });
+        ShowPointer();
+    };
+    view_->onMousePress = [this](PlotButton button, double px, double py) {
+        if (button == PlotButton::Other)
+            return;
+        const MouseButton pressed =
+            button == PlotButton::Left ? MouseButton::Left : MouseButton::Right;
+        Binder::Run(nullptr, [&] { MouseDown(document_.ps, document_, pressed, px, py); });
+    };
+    view_->onMouseLeave = [this] {
+        Binder::Run(nullptr,
+                    [&] { document_.lblMausPosNr.visible = document_.lblMausPos.visible = false; });
+    };
+}
+
+void GraphWindow::ShowPointer() {
+    view_->setCursor(CursorOf(document_.pointer));
+}
+
+/// A panel leaves the layout and floats over the chart, where it can be dragged.
+void GraphWindow::Float(QWidget& panel) {
+    panel.setParent(chart_);
+    panel.hide();
+    panel.setAutoFillBackground(true);
+    panel.installEventFilter(this);
+    panels_.push_back(&panel);
+}
+
+void GraphWindow::PlacePanel(QWidget& panel) {
+    panel.adjustSize();
+    panel.raise();
+    const QRect room = chart_->rect();
+    QPoint place = panel.pos();
+    if (!panel.property(kPlaced).toBool())
+        place = {room.width() - panel.width() - kPanelMargin, kPanelMargin};
+    place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - panel.width())));
+    place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - panel.height())));
+    panel.move(place);
+}
+
+void GraphWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    for (QWidget* panel : panels_)
+        if (panel->isVisible())
+            PlacePanel(*panel);
+}
+
+bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
+    auto* const panel = qobject_cast<QWidget*>(watched);
+    switch (event->type()) {
+    case QEvent::Show:
+        PlacePanel(*panel);
+        break;
+    case QEvent::LayoutRequest: // its contents were shown or hidden
+        if (panel->isVisible())
+            PlacePanel(*panel);
+        break;
+    case QEvent::MouseButtonPress: {
+        const auto* const mouse = static_cast<QMouseEvent*>(event);
+        if (mouse->button() == Qt::LeftButton) {
+            dragged_ = panel;
+            grab_ = mouse->pos();
+            panel->raise();
+            return true;
+        }
+        break;
+    }
+    case QEvent::MouseMove:
+        if (dragged_ == panel) {
+            const QPoint to = panel->mapToParent(static_cast<QMouseEvent*>(event)->pos()) - grab_;
+            panel->setProperty(kPlaced, true);
+            panel->move(std::clamp(to.x(), 0, std::max(0, chart_->width() - panel->width())),
+                        std::clamp(to.y(), 0, std::max(0, chart_->height() - panel->height())));
+            return true;
+        }
+        break;
+    case QEvent::MouseButtonRelease:
+        dragged_ = nullptr;
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+} // namespace zorvant

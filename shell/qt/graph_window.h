@@ -1,0 +1,40 @@
+// The widget of the diagram window: the picture, and over it the floating panels.
+#pragma once
+
+#include "diagrams/frm_z_graph_2d.h"
+#include "shell/qt/plot_view.h"
+
+#include <QFrame>
+#include <QPointer>
+#include <QWidget>
+
+#include <vector>
+
+namespace zorvant {
+
+class GraphWindow : public QWidget {
+public:
+    explicit GraphWindow(frmZGraph2D& document);
+    ~GraphWindow() override;
+
+    PlotView& view() { return *view_; }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void ConnectMouse();
+    void Float(QWidget& panel);
+    void PlacePanel(QWidget& panel);
+    void ShowPointer();
+
+    frmZGraph2D& document_;
+    PlotView* view_ = nullptr;
+    QWidget* chart_ = nullptr;
+    std::vector<QWidget*> panels_;
+    QWidget* dragged_ = nullptr; ///< the panel that the mouse has hold of
+    QPoint grab_;                ///< where, from the panel's corner
+};
+
+} // namespace zorvant
