@@ -48,6 +48,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
         Float(*panel);
     ConnectMouse();
     document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
+    view_->Show(document_.surface);
 }
 
 GraphWindow::~GraphWindow() {
