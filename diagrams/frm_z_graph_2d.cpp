@@ -63,9 +63,9 @@ void frmZGraph2D::Escape() {
 }
 
 void frmZGraph2D::BuildMenu() {
-    const auto row = [this](int level, Control& entry, const char* caption = "") {
-        if (*caption != '\0')
-            entry.text = caption;
+    const auto row = [this](int level, Control& entry, const char* text = "") {
+        if (*text != '\0')
+            entry.text = text;
         rows_.push_back({level, entry.name.c_str(), ""});
     };
     const auto line = [this](int level) {
