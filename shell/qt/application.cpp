@@ -3,12 +3,18 @@
 #include "data/frm_comment_input.h"
 #include "data/frm_z_cmn_dlg.h"
 #include "data/project_file.h"
+#include "diagrams/frm_z_graph_2d.h"
+#include "engine/frm_prepare_time_diagram.h"
+#include "engine/frm_sim_tabelle.h"
 #include "engine/frm_zor_model.h"
 #include "platform/host.h"
+#include "shell/qt/graph_window.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/qt_text.h"
 
 #include "ui_frmCommentInput.h"
+#include "ui_frmPrepareTimeDiagram.h"
+#include "ui_frmSimTabelle.h"
 #include "ui_frmZCmnDlg.h"
 #include "ui_frmZorModel.h"
 #include "ui_frmmatrix.h"
@@ -22,8 +28,9 @@ static void UseDrawings() {
 
 namespace zorvant {
 
-template <class Dialog, class Ui> Dialog& Application::Register(WindowPlacement placement) {
-    auto made = std::make_unique<Dialog>(ps_);
+template <class Dialog, class Ui, class... Further>
+Dialog& Application::Register(WindowPlacement placement, Further&... further) {
+    auto made = std::make_unique<Dialog>(ps_, further...);
     Dialog& dialog = *made;
     forms_.push_back(std::move(made));
     windows().Add(dialog, FromUi<Ui>(), placement);
@@ -34,6 +41,14 @@ template <class Dialog, class Ui> Dialog& Application::Register(WindowPlacement 
 void Application::RegisterForms() {
     Register<frmZorModel, Ui::frmZorModel>(WindowPlacement::BesideOthers);
     Register<frmmatrix, Ui::frmmatrix>(WindowPlacement::RightEdge);
+    auto madeGraph = std::make_unique<frmZGraph2D>(ps_);
+    frmZGraph2D& graph = *madeGraph;
+    forms_.push_back(std::move(madeGraph));
+    windows().Add(
+        graph, [&graph] { return new GraphWindow(graph); }, WindowPlacement::RightEdge);
+    DiagramDocument& document = graph;
+    Register<frmPrepareTimeDiagram, Ui::frmPrepareTimeDiagram>(WindowPlacement::Stored, document);
+    Register<frmSimTabelle, Ui::frmSimTabelle>();
     auto& files = Register<frmZCmnDlg, Ui::frmZCmnDlg>();
     auto& comment = Register<frmCommentInput, Ui::frmCommentInput>();
 

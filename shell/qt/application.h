@@ -30,8 +30,9 @@ public:
 private:
     void RegisterForms();
     /// Makes the record of a dialog and enters it with the layout of its .ui.
-    template <class Dialog, class Ui>
-    Dialog& Register(WindowPlacement placement = WindowPlacement::Stored);
+    /// Further: what its constructor takes beside the state.
+    template <class Dialog, class Ui, class... Further>
+    Dialog& Register(WindowPlacement placement = WindowPlacement::Stored, Further&... further);
 
     ProjectState ps_;
     MDIZOR record_{ps_};
