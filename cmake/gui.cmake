@@ -21,3 +21,8 @@ if(qtSources)
     target_link_libraries(zorvant PRIVATE zorvant_qt)
   endif()
 endif()
+
+if(TARGET zorvant_qt)
+  add_executable(zorvant_tour EXCLUDE_FROM_ALL tools/tour/tour.cpp)
+  target_link_libraries(zorvant_tour PRIVATE zorvant_qt)
+endif()

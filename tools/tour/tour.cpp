@@ -1,0 +1,138 @@
+// A walk through everything that the program shows, for people to look at: opens the windows, draws
+// each model in both modes, and saves a picture of each station.
+//
+//     zorvant_tour FOLDER
+#include "diagrams/diagram_document.h"
+#include "engine/calc_dialog.h"
+#include "engine/frm_zor_model.h"
+#include "platform/host.h"
+#include "shell/qt/application.h"
+#include "shell/qt/binder.h"
+
+#include <QtWidgets>
+
+#include <cstdio>
+
+namespace {
+
+using namespace zorvant;
+
+class Tour {
+public:
+    Tour(Application& program, QDir folder) : program_(program), folder_(std::move(folder)) {}
+
+    void Settle() {
+        Binder::PushAll();
+        for (int i = 0; i < 5; ++i)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    void Picture(const QString& name) {
+        Settle();
+        const QString path = folder_.filePath(name + QStringLiteral(".png"));
+        program_.window().grab().save(path);
+        std::printf("%s\n", qPrintable(path));
+    }
+    void Command(const std::string& entry) {
+        Press(program_.record().Entry(entry));
+        Settle();
+    }
+    void Click(const char* form, const char* control) {
+        Form* const dialog = FindForm(program_.state().desktop, form);
+        if (dialog == nullptr || !dialog->loaded)
+            return;
+        if (auto* const button = dynamic_cast<Button*>(dialog->Find(control)))
+            Press(*button);
+        else if (auto* const entry = dynamic_cast<MenuEntry*>(dialog->Find(control)))
+            Press(*entry);
+        Settle();
+    }
+    void Close(const char* form) {
+        if (Form* const dialog = FindForm(program_.state().desktop, form))
+            UnloadForm(program_.state().desktop, *dialog);
+        Settle();
+    }
+
+    void Models(const std::string& command, const QString& mode) {
+        for (int option = 0; option < 20; ++option) {
+            Command(command);
+            auto& model =
+                dynamic_cast<frmZorModel&>(*FindForm(program_.state().desktop, "frmZorModel"));
+            Press(model.optTyp, option);
+            Click("frmPrepareTimeDiagram", "cmdDrawctDiagram");
+            Picture(QStringLiteral("%1_%2").arg(mode).arg(program_.state().ModelId, 2, 10,
+                                                          QLatin1Char('0')));
+            Close("frmZGraph2D");
+        }
+    }
+
+    void Run() {
+        Picture(QStringLiteral("start"));
+        Click("frmZorModel", "cmdShowMatrix");
+        Picture(QStringLiteral("matrix"));
+        Close("frmmatrix");
+        Models("mnuctGraph", QStringLiteral("ct"));
+        Models("mnuvtGraph", QStringLiteral("rt"));
+        Command("mnuctGraph");
+        Click("frmPrepareTimeDiagram", "cmdListe");
+        Picture(QStringLiteral("table"));
+        Close("frmSimTabelle");
+        Click("frmPrepareTimeDiagram", "cmdDrawctDiagram");
+        for (const char* panel : {"mnuCoord", "mnuKurvenDesign", "mnuAddLegend"}) {
+            Click("frmZGraph2D", panel);
+            Picture(QStringLiteral("diagram_") + QString::fromLatin1(panel));
+        }
+        Close("frmZGraph2D");
+        MichaelisMenten();
+        EveryOtherCommand();
+    }
+
+    void MichaelisMenten() {
+        Command("mnuctGraph");
+        auto& model =
+            dynamic_cast<frmZorModel&>(*FindForm(program_.state().desktop, "frmZorModel"));
+        Press(model.optTyp, 10);
+        Click("frmPrepareTimeDiagram", "cmdMMdiagram");
+        Picture(QStringLiteral("michaelis_menten"));
+        Close("frmZGraph2D");
+        Close("frmPrepareTimeDiagram");
+    }
+
+    /// Each further dialog that a command of the menu opens.
+    void EveryOtherCommand() {
+        for (const char* command :
+             {"mnuBatchR", "mnuRohrR", "mnuKontRK", "mnuKaskade", "mnuVerweilzeitVisual",
+              "mnuVerweilzeitVerteilung", "mnuToolArrhenius", "mnuToolEyring", "mnuEditXY",
+              "mnuNeudat", "Blutalkohol"}) {
+            MenuEntry& entry = program_.record().Entry(command);
+            if (!entry.available || !entry.enabled)
+                continue;
+            Command(command);
+            Picture(QString::fromLatin1(command));
+        }
+    }
+
+private:
+    Application& program_;
+    QDir folder_;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (argc != 2) {
+        std::fputs("zorvant_tour FOLDER\n", stderr);
+        return 2;
+    }
+    QDir folder(QString::fromLocal8Bit(argv[1]));
+    folder.mkpath(QStringLiteral("."));
+    Application program;
+    // What a box says goes to standard output; the walk goes on.
+    host().messageBox = [](const MessageBox& box) {
+        std::printf("box: %s: %s\n", box.title.c_str(), box.text.c_str());
+        return Answer::Ok;
+    };
+    program.Start("");
+    Tour(program, folder).Run();
+    return 0;
+}
