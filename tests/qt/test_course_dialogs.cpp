@@ -35,8 +35,8 @@ protected:
     /// Replaces what an editor holds by typing.
     static void Retype(QWidget& editor, const char* keys) {
         editor.setFocus();
-        QTest::keyClick(&editor, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClicks(&editor, QString::fromLatin1(keys));
+        PressKey(editor, Qt::Key_A, {}, Qt::ControlModifier);
+        TypeText(editor, QString::fromLatin1(keys));
     }
 
     ScriptedHost restore_;
@@ -85,10 +85,10 @@ TEST_F(CourseDialogs, EnterGoesRoundTheFieldsAndEscCloses) {
     QWidget& dialog = Widget("frmPrepareTimeDiagram");
     auto& first = Child<QLineEdit>(dialog, "Inp_0");
     first.setFocus();
-    QTest::keyClick(&first, Qt::Key_Return);
+    PressKey(first, Qt::Key_Return, QStringLiteral("\r"));
     EXPECT_EQ(program.window().focusWidget(), &Child<QLineEdit>(dialog, "Inp_3"));
     EXPECT_FALSE(IsOpen("frmZGraph2D")); // Enter in a field is not the draw button
-    QTest::keyClick(&dialog, Qt::Key_Escape);
+    PressKey(dialog, Qt::Key_Escape);
     Settle();
     EXPECT_FALSE(IsOpen("frmPrepareTimeDiagram"));
 }
@@ -130,7 +130,7 @@ TEST_F(CourseDialogs, TheCoordinatePanelRefusesReversedLimitsAndTakesGoodOnes) {
     EXPECT_EQ(program.state().Frame.xMax, 40);
     Child<QAction>(graph, "mnuSubDelKurv_1").trigger();
     EXPECT_EQ(program.state().CurveCount, 1);
-    QTest::keyClick(&graph, Qt::Key_Escape);
+    PressKey(graph, Qt::Key_Escape);
     Settle();
     EXPECT_FALSE(IsOpen("frmZGraph2D"));
 }
