@@ -39,6 +39,13 @@ protected:
         TypeText(editor, QString::fromLatin1(keys));
     }
 
+    /// Shortcuts hear keys of the window system only.
+    static void PressEscape(QWidget& window) {
+        for (QShortcut* shortcut : window.findChildren<QShortcut*>())
+            if (shortcut->key() == QKeySequence(Qt::Key_Escape))
+                emit shortcut->activated();
+    }
+
     ScriptedHost restore_;
     QTemporaryDir folder_;
     std::vector<MessageBox> boxes;
@@ -88,7 +95,7 @@ TEST_F(CourseDialogs, EnterGoesRoundTheFieldsAndEscCloses) {
     PressKey(first, Qt::Key_Return, QStringLiteral("\r"));
     EXPECT_EQ(program.window().focusWidget(), &Child<QLineEdit>(dialog, "Inp_3"));
     EXPECT_FALSE(IsOpen("frmZGraph2D")); // Enter in a field is not the draw button
-    PressKey(dialog, Qt::Key_Escape);
+    PressEscape(dialog);
     Settle();
     EXPECT_FALSE(IsOpen("frmPrepareTimeDiagram"));
 }
@@ -130,7 +137,7 @@ TEST_F(CourseDialogs, TheCoordinatePanelRefusesReversedLimitsAndTakesGoodOnes) {
     EXPECT_EQ(program.state().Frame.xMax, 40);
     Child<QAction>(graph, "mnuSubDelKurv_1").trigger();
     EXPECT_EQ(program.state().CurveCount, 1);
-    PressKey(graph, Qt::Key_Escape);
+    PressEscape(graph);
     Settle();
     EXPECT_FALSE(IsOpen("frmZGraph2D"));
 }
