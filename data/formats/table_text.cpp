@@ -17,8 +17,6 @@ constexpr int kGuessLines = 1000;
 constexpr std::size_t kDigitsOfGroup = 3;
 /// Longer texts are no numbers that somebody wrote.
 constexpr std::size_t kLongestNumber = 100;
-/// Columns that are shown and whose decimal signs are told apart; no table has as many.
-constexpr std::size_t kMaxColumns = 256;
 /// Blanks as numbers are grouped with: no-break, narrow no-break and thin ones, in UTF-8; and a
 /// minus sign that is no hyphen.
 constexpr std::string_view kNoBreakSpace = "\xC2\xA0";
@@ -74,17 +72,25 @@ class TableScanner {
 public:
     TableScanner(std::string_view text, char separator) : rest_(text), separator_(separator) {}
 
-    /// Returned: false at the end. A row has one cell at least.
+    /// Returned: false at the end. A row has one cell at least, and at most kMaxColumns: further ones
+    /// are passed over.
     bool NextRow(std::vector<Cell>& cells) {
         cells.clear();
         if (rest_.empty())
             return false;
         do {
-            cells.push_back(NextCell());
+            const Cell cell = NextCell();
+            if (cells.size() < kMaxColumns)
+                cells.push_back(cell);
+            else
+                cut_ = true;
         } while (TakeSeparator());
         TakeLineEnd();
         return true;
     }
+
+    /// Whether cells were passed over so far.
+    bool Cut() const { return cut_; }
 
 private:
     bool AtCellEnd(std::size_t at) const {
@@ -149,6 +155,7 @@ private:
 
     std::string_view rest_;
     char separator_;
+    bool cut_ = false;
 };
 
 bool IsEmptyLine(const std::vector<Cell>& row) {
@@ -169,8 +176,8 @@ std::string CellText(const Cell& cell) {
 
 std::vector<std::string> TextsOf(const std::vector<Cell>& row) {
     std::vector<std::string> texts;
-    for (std::size_t i = 0; i < std::min(row.size(), kMaxColumns); ++i)
-        texts.push_back(CellText(row[i]));
+    for (const Cell& cell : row)
+        texts.push_back(CellText(cell));
     return texts;
 }
 
@@ -423,9 +430,8 @@ TableSurvey SurveyTable(std::string_view text, char separator, RowTest test) {
         if (heading)
             survey.skipLines = line;
         heading = false;
-        const std::size_t known = std::min(row.size(), kMaxColumns);
-        survey.columns.resize(std::max(survey.columns.size(), known));
-        for (std::size_t i = 0; i < known; ++i)
+        survey.columns.resize(std::max(survey.columns.size(), row.size()));
+        for (std::size_t i = 0; i < row.size(); ++i)
             survey.columns[i].Take(row[i].text);
         survey.mayBeOneColumn = survey.mayBeOneColumn && MayBeOneNumber(row);
     }
@@ -443,9 +449,12 @@ TableGuess GuessTableLayout(std::string_view text) {
     TableSurvey survey = SurveyTable(text, guess.layout.separator, test);
     // One comma a line, without a heading of two columns: rather numbers than couples of integers.
     if (guess.layout.separator == ',' && survey.mayBeOneColumn && survey.heads.size() != 2) {
-        guess.layout.separator = '\t';
-        survey = SurveyTable(text, '\t', test);
-        guess.doubts.push_back({.column = -1, .example = survey.columns.at(0).anyComma});
+        const TableSurvey single = SurveyTable(text, '\t', test);
+        if (single.columns.size() == 1 && !single.columns[0].anyComma.empty()) {
+            guess.layout.separator = '\t';
+            survey = single;
+            guess.doubts.push_back({.column = -1, .example = single.columns[0].anyComma});
+        }
     }
     guess.layout.skipLines = survey.skipLines;
     guess.heads = survey.heads;
@@ -486,6 +495,7 @@ TableNumbers ReadTable(std::string_view text, const TableLayout& layout) {
         }
         table.rowStart.push_back(static_cast<std::uint32_t>(table.values.size()));
     }
+    table.columnsCut = scanner.Cut();
     return table;
 }
 

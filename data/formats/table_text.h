@@ -17,13 +17,15 @@ namespace zorvant {
 /// Text from the bytes of a file: UTF-16 with its mark, else as platform/files.h has it.
 std::string DecodeTableText(std::string_view bytes);
 
+/// Further columns are passed over: no table of measurements has as many.
+inline constexpr std::size_t kMaxColumns = 256;
+
 enum class DecimalSign : char { Point = '.', Comma = ',' };
 
 struct TableLayout {
-    char separator = '\t'; ///< tab, ';', ',' or ' ' (any number of blanks)
-    int skipLines = 0;     ///< heading lines
-    std::vector<DecimalSign>
-        decimals; ///< by column from 0, at most 256; columns behind them: point
+    char separator = '\t';             ///< tab, ';', ',' or ' ' (any number of blanks)
+    int skipLines = 0;                 ///< heading lines
+    std::vector<DecimalSign> decimals; ///< by column from 0; columns behind them: point
 };
 
 /// What can be read in two ways.
@@ -42,8 +44,7 @@ struct TableGuess {
 /// Finds out how a text is to be read.
 TableGuess GuessTableLayout(std::string_view text);
 
-/// The first rows as texts, for a preview; heading lines and empty ones included, columns behind the
-/// 256th not.
+/// The first rows as texts, for a preview; heading lines and empty ones included.
 std::vector<std::vector<std::string>> SplitTable(std::string_view text, char separator,
                                                  std::size_t rows);
 
@@ -60,8 +61,9 @@ struct TableNumbers {
     }
     std::vector<double> values;
     std::vector<std::uint32_t> rowStart{0};
-    int badCells = 0;     ///< texts that are no numbers; they count as 0
-    int firstBadLine = 0; ///< row of the text, from 1; 0: none
+    int badCells = 0;        ///< texts that are no numbers; they count as 0
+    int firstBadLine = 0;    ///< row of the text, from 1; 0: none
+    bool columnsCut = false; ///< a row had more than kMaxColumns
     bool operator==(const TableNumbers&) const = default;
 };
 
