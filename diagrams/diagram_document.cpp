@@ -250,7 +250,7 @@ void WireCoordinates(ProjectState& ps, DiagramDocument& doc) {
         {&doc.txtYZiffValue, SpacingBox::YNumber},
     };
     for (const auto& [box, which] : spacings)
-        box->onChange = [&doc, which] { SpacingBox_Change(doc, which); };
+        box->onChange = [&doc, which = which] { SpacingBox_Change(doc, which); };
 }
 
 void WireMenus(ProjectState& ps, DiagramDocument& doc) {
