@@ -2,6 +2,8 @@
 // for; where that is taken by another label it looks for the free place with the least under it.
 #include "shell/qt/plot_layout.h"
 
+#include <QLineF>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -13,10 +15,13 @@ namespace {
 constexpr double kPaddingX = 2, kPaddingY = 0.5; ///< points, between text and edge of the box
 constexpr double kInset = 1.5; ///< points, least distance from the frame of the plot area
 // What it costs a label to stand somewhere: nothing outweighs another label.
-constexpr double kCostOfLabel = 1e6, kCostOfSymbol = 40, kCostOfCurvePoint = 6;
+constexpr double kCostOfLabel = 1e6, kCostOfSymbol = 40;
+constexpr double kCostOfLine = 1.5; ///< per pixel of a line under the box
+/// Nearer to another curve than to its own, a label misleads.
+constexpr double kCostOfOtherCurve = 35;
 /// A label leaves the side that it asks for, or the neighbourhood, only for a much better place.
-constexpr double kCostOfOtherSide = 12, kCostOfRing = 30;
-constexpr int kRings = 5; ///< how many heights of its box a label may move away
+constexpr double kCostOfOtherSide = 8, kCostOfRing = 12;
+constexpr int kRings = 10; ///< how many half heights of its box a label may move away
 
 constexpr std::array<LabelAnchor, 8> kSides{
     LabelAnchor::NorthEast, LabelAnchor::NorthWest, LabelAnchor::SouthEast, LabelAnchor::SouthWest,
@@ -69,31 +74,52 @@ QRectF Inside(QRectF rect, const QRectF& area) {
     return rect;
 }
 
-struct Pixels {
-    std::vector<QPointF> points;
-    double reach = 0; ///< half the size of what is drawn at a point
-    double cost = kCostOfCurvePoint;
+/// What a label had better not cover, in pixels.
+struct Obstacle {
+    int group, series;
+    double reach = 0;             ///< half the size of its symbols
+    std::vector<QPointF> symbols; ///< those that are painted
+    std::vector<QLineF> line;     ///< its parts near the plot area
 };
 
-/// What a label had better not cover.
-std::vector<Pixels> Obstacles(const PlotSurface& surface, const PictureLayout& layout) {
-    std::vector<Pixels> obstacles;
+std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& layout) {
+    std::vector<QLineF> parts;
+    const AxisScale &x = layout.x.scale, &y = layout.y.scale;
+    std::optional<QPointF> before;
+    for (std::size_t i = 0; i < series.x.size(); ++i) {
+        const bool none = IsHole(series, static_cast<int>(i) + 1) ||
+                          (x.range.log && series.x[i] <= 0) || (y.range.log && series.y[i] <= 0);
+        if (none) {
+            before.reset();
+            continue;
+        }
+        const QPointF at(x.Pixel(series.x[i]), y.Pixel(series.y[i]));
+        if (before && (layout.plotArea.contains(at) || layout.plotArea.contains(*before)))
+            parts.emplace_back(*before, at);
+        before = at;
+    }
+    return parts;
+}
+
+std::vector<Obstacle> Obstacles(const PlotSurface& surface, const PictureLayout& layout) {
+    std::vector<Obstacle> obstacles;
     for (const int group : {kLines, kPoints}) {
         for (int number = 1; number <= GetSeriesCount(surface, group); ++number) {
             const PlotSeries& series = GetSeries(surface, group, number);
             if (series.display != SeriesDisplay::Shown || series.x.empty())
                 continue;
-            Pixels pixels;
+            Obstacle obstacle{.group = group, .series = number, .symbols = {}, .line = {}};
+            if (series.line.pattern != LinePattern::None)
+                obstacle.line = LineParts(series, layout);
             if (series.symbol.shape != SymbolShape::Hidden) {
-                pixels.reach = series.symbol.size / 2.0;
-                pixels.cost = kCostOfSymbol;
+                obstacle.reach = series.symbol.size / 2.0;
+                for (std::size_t i = 0; i < series.x.size(); ++i)
+                    if (!IsHole(series, static_cast<int>(i) + 1) &&
+                        layout.x.scale.Shows(series.x[i]) && layout.y.scale.Shows(series.y[i]))
+                        obstacle.symbols.emplace_back(layout.x.scale.Pixel(series.x[i]),
+                                                      layout.y.scale.Pixel(series.y[i]));
             }
-            for (std::size_t i = 0; i < series.x.size(); ++i)
-                if (!IsHole(series, static_cast<int>(i) + 1) && layout.x.scale.Shows(series.x[i]) &&
-                    layout.y.scale.Shows(series.y[i]))
-                    pixels.points.emplace_back(layout.x.scale.Pixel(series.x[i]),
-                                               layout.y.scale.Pixel(series.y[i]));
-            obstacles.push_back(std::move(pixels));
+            obstacles.push_back(std::move(obstacle));
         }
     }
     return obstacles;
@@ -104,33 +130,71 @@ double Overlap(const QRectF& one, const QRectF& other) {
     return common.width() * common.height();
 }
 
-double Cost(const QRectF& rect, const std::vector<TextBox>& placed,
-            const std::optional<LegendLayout>& legend, const std::vector<Pixels>& obstacles) {
+/// Roughly how long a line runs under a box.
+double LengthInside(const QLineF& line, const QRectF& rect) {
+    constexpr int kSteps = 8;
+    const QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1);
+    if (!bounds.intersects(rect))
+        return 0;
+    int inside = 0;
+    for (int i = 0; i < kSteps; ++i)
+        inside += rect.contains(line.pointAt((i + 0.5) / kSteps)) ? 1 : 0;
+    return line.length() * inside / kSteps;
+}
+
+double Distance(const QLineF& line, QPointF point) {
+    const QPointF along = line.p2() - line.p1();
+    const double length = QPointF::dotProduct(along, along);
+    const double share =
+        length > 0 ? std::clamp(QPointF::dotProduct(point - line.p1(), along) / length, 0.0, 1.0)
+                   : 0;
+    const QPointF apart = point - line.pointAt(share);
+    return std::hypot(apart.x(), apart.y());
+}
+
+double Cost(const QRectF& rect, const PlotLabel& label, const std::vector<TextBox>& placed,
+            const std::optional<LegendLayout>& legend, const std::vector<Obstacle>& obstacles) {
     double cost = 0;
     for (const TextBox& other : placed)
         if (rect.intersects(other.rect))
             cost += kCostOfLabel + Overlap(rect, other.rect);
     if (legend && rect.intersects(legend->rect))
         cost += kCostOfLabel;
-    for (const Pixels& pixels : obstacles) {
-        const QRectF near = rect.adjusted(-pixels.reach, -pixels.reach, pixels.reach, pixels.reach);
-        for (const QPointF& point : pixels.points)
-            if (near.contains(point))
-                cost += pixels.cost;
+    // Lines farther away than this can neither be covered nor mislead.
+    const QRectF around =
+        rect.adjusted(-rect.height(), -rect.height(), rect.height(), rect.height());
+    double toOwn = std::numeric_limits<double>::max(), toOther = toOwn;
+    for (const Obstacle& obstacle : obstacles) {
+        const bool own = label.attachment == Attachment::Point && label.group == obstacle.group &&
+                         label.series == obstacle.series;
+        double& nearest = own ? toOwn : toOther;
+        for (const QLineF& line : obstacle.line) {
+            if (!around.contains(line.p1()) && !around.contains(line.p2()))
+                continue;
+            cost += kCostOfLine * LengthInside(line, rect);
+            nearest = std::min(nearest, Distance(line, rect.center()));
+        }
+        const QRectF near =
+            rect.adjusted(-obstacle.reach, -obstacle.reach, obstacle.reach, obstacle.reach);
+        for (const QPointF& symbol : obstacle.symbols)
+            if (near.contains(symbol))
+                cost += kCostOfSymbol;
     }
+    if (label.attachment == Attachment::Point && toOther < toOwn)
+        cost += kCostOfOtherCurve;
     return cost;
 }
 
 QRectF BestPlace(QPointF point, QSizeF size, const PlotLabel& label, const QRectF& area,
                  const std::vector<TextBox>& placed, const std::optional<LegendLayout>& legend,
-                 const std::vector<Pixels>& obstacles) {
+                 const std::vector<Obstacle>& obstacles) {
     QRectF best = Inside(Beside(point, size, label.anchor, label.offset), area);
-    double least = Cost(best, placed, legend, obstacles);
+    double least = Cost(best, label, placed, legend, obstacles);
     for (int ring = 0; ring <= kRings && least > kCostOfRing * ring; ++ring) {
         for (const LabelAnchor side : kSides) {
             const QRectF place =
-                Inside(Beside(point, size, side, label.offset + ring * size.height()), area);
-            const double cost = Cost(place, placed, legend, obstacles) + kCostOfRing * ring +
+                Inside(Beside(point, size, side, label.offset + ring * size.height() / 2), area);
+            const double cost = Cost(place, label, placed, legend, obstacles) + kCostOfRing * ring +
                                 (side == label.anchor ? 0 : kCostOfOtherSide);
             if (cost < least) {
                 least = cost;
@@ -184,7 +248,7 @@ std::optional<QPointF> Anchorage(const PlotSurface& surface, int number,
 std::vector<TextBox> PlaceLabels(const PlotSurface& surface, const PictureLayout& layout,
                                  double pixelsPerPoint) {
     std::vector<TextBox> placed;
-    std::vector<Pixels> obstacles;
+    std::vector<Obstacle> obstacles;
     const double inset = kInset * pixelsPerPoint;
     const QRectF area = layout.plotArea.adjusted(inset, inset, -inset, -inset);
     const double padX = kPaddingX * pixelsPerPoint, padY = kPaddingY * pixelsPerPoint;

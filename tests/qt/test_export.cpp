@@ -1,0 +1,324 @@
+// The program itself, without a display, on the examples and on files that are broken. What it
+// tabulates is held against published answers, closed forms and balances.
+#include "data/formats/zi3.h"
+#include "platform/files.h"
+#include "platform/number_text.h"
+#include "tests/temp_folder.h"
+
+#include <QImage>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace zorvant {
+namespace {
+
+using testing::HasSubstr;
+
+struct Outcome {
+    int status = -1; ///< -1: it crashed
+    std::string out, err;
+};
+
+Outcome StartProgram(const std::vector<std::string>& arguments) {
+    QStringList list;
+    for (const std::string& argument : arguments)
+        list.append(QString::fromStdString(argument));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
+        environment.remove(QString::fromLatin1(name));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(ZORVANT_PROGRAM), list);
+    if (!process.waitForFinished(60000))
+        process.kill();
+    return {.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            .out = process.readAllStandardOutput().toStdString(),
+            .err = process.readAllStandardError().toStdString()};
+}
+
+std::string Example(const std::string& name) {
+    return SOURCE_DIR "/examples/" + name;
+}
+
+/// The numbers of the exported table; the time in column 0, blank columns left out. Numbers have
+/// seven digits.
+std::vector<std::vector<double>> Tabulate(const std::string& name,
+                                          const std::vector<std::string>& options = {}) {
+    const TempFolder folder;
+    const std::string table = folder / "course.TXT", picture = folder / "course.png";
+    std::vector<std::string> arguments{"--export", picture, "--table", table, Example(name)};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    const Outcome outcome = StartProgram(arguments);
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.err, "");
+    EXPECT_EQ(QImage(QString::fromStdString(picture)).size(), QSize(900, 600));
+    std::vector<std::vector<double>> rows;
+    const QString text = QString::fromStdString(ReadFile(table));
+    const QStringList lines = text.split(QStringLiteral("\r\n"));
+    for (qsizetype i = 2; i + 1 < lines.size(); ++i) {
+        rows.emplace_back();
+        for (const QString& cell : lines[i].split(QLatin1Char('\t')))
+            if (!cell.trimmed().isEmpty())
+                rows.back().push_back(Val(cell.toStdString()));
+    }
+    EXPECT_EQ(rows.size(), 201U) << name;
+    // Times have two decimals; the grid is even, and its end is exact.
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const double time = rows.back()[0] * static_cast<double>(i) / 200;
+        EXPECT_NEAR(rows[i][0], time, 0.0051) << name;
+        rows[i][0] = time;
+    }
+    return rows;
+}
+
+std::vector<ExpPoint> Measured(const std::string& name) {
+    return ParseZi3(ReadFile(Example(name))).rows;
+}
+
+/// Slope of the least-squares line through y(x).
+template <class X, class Y> double Slope(const std::vector<ExpPoint>& points, X x, Y y) {
+    double sx = 0, sy = 0, sxx = 0, sxy = 0;
+    const auto n = static_cast<double>(points.size());
+    for (const ExpPoint& point : points) {
+        sx += x(point);
+        sy += y(point);
+        sxx += x(point) * x(point);
+        sxy += x(point) * y(point);
+    }
+    return (n * sxy - sx * sy) / (n * sxx - sx * sx);
+}
+
+double Time(const ExpPoint& point) {
+    return point.t;
+}
+
+} // namespace
+
+TEST(Export, DrawsN2O5AsPublished) {
+    // S. S. Zumdahl, Chemistry: k = 6.93E-3 1/s
+    const auto measured = Measured("n2o5.ZI3");
+    EXPECT_NEAR(-Slope(measured, Time, [](const ExpPoint& p) { return std::log(p.cA); }), 6.93e-3,
+                0.02e-3);
+    for (const auto& row : Tabulate("n2o5.ZC3")) {
+        EXPECT_NEAR(row[1], 0.1 * std::exp(-6.93e-3 * row[0]), 1e-8);
+        EXPECT_NEAR(row[1] + row[2], 0.1, 1e-7);
+    }
+    for (const ExpPoint& point : measured)
+        EXPECT_NEAR(point.cA, 0.1 * std::exp(-6.93e-3 * point.t), 0.0001);
+    // the rates are the slopes of the course
+    for (const auto& row : Tabulate("n2o5.ZC3", {"--rates"}))
+        EXPECT_NEAR(row[1], -6.93e-3 * 0.1 * std::exp(-6.93e-3 * row[0]), 1e-9);
+}
+
+TEST(Export, DrawsSecondOrderReactionsAsPublished) {
+    struct Row {
+        std::string name;
+        double slope, scatter; ///< of 1/c against t, L/(mol s)
+    };
+    // T. L. Brown, H. E. LeMay, Chemistry; S. S. Zumdahl, Chemistry
+    for (const Row& row : {
+             Row{"no2",       0.543,  0.002 },
+             Row{"butadiene", 0.0614, 0.0005}
+    }) {
+        const auto measured = Measured(row.name + ".ZI3");
+        EXPECT_NEAR(Slope(measured, Time, [](const ExpPoint& p) { return 1 / p.cA; }), row.slope,
+                    row.scatter)
+            << row.name;
+        for (const auto& line : Tabulate(row.name + ".ZC3")) {
+            EXPECT_NEAR(line[1], 1 / (100 + row.slope * line[0]), 1e-8) << row.name;
+            EXPECT_NEAR(line[1] + 2 * line[2], 0.01, 1e-8) << row.name;
+        }
+        for (const ExpPoint& point : measured)
+            EXPECT_NEAR(point.cA, 1 / (100 + row.slope * point.t), 0.0001) << row.name;
+    }
+}
+
+TEST(Export, KnowsATitrationThroughItsEnd) {
+    // F. Daniels, R. A. Alberty, Physical Chemistry: k = 1.26E-4 1/s, 39.81 mL at the end
+    const auto remaining = [](const ExpPoint& p) {
+        return std::log(39.81 - static_cast<double>(p.lambda));
+    };
+    // least squares weigh the four readings otherwise than the book did
+    EXPECT_NEAR(-Slope(Measured("methyl_acetate.ZI3"), Time, remaining), 1.26e-4, 0.04e-4);
+    // there are no concentrations to draw, and nothing is said about it
+    for (const auto& row : Tabulate("methyl_acetate.ZC3"))
+        EXPECT_NEAR(row[1], std::exp(-1.26e-4 * row[0]), 1e-7);
+}
+
+TEST(Export, HasRateConstantsWhoseTemperatureCourseIsPublished) {
+    const auto activationEnergy = [](const std::string& name) {
+        const double slope = Slope(
+            Measured(name), [](const ExpPoint& p) { return 1 / p.T; },
+            [](const ExpPoint& p) { return std::log(p.k); });
+        return -slope * 8.3145e-3; // kJ/mol
+    };
+    // F. Daniels, E. H. Johnston, J. Am. Chem. Soc. 43 (1921) 53; M. Bodenstein, Z. phys. Chem. 29
+    // (1899) 295
+    EXPECT_NEAR(activationEnergy("n2o5_k_of_t.ZI3"), 103, 1);
+    EXPECT_NEAR(activationEnergy("hi_k_of_t.ZI3"), 184, 2);
+}
+
+TEST(Export, DrawsFirstOrderNetworksByTheirClosedForms) {
+    double highest = 0;
+    for (const auto& row : Tabulate("consecutive.ZC3")) {
+        const double t = row[0];
+        EXPECT_NEAR(row[1], std::exp(-0.15 * t), 1e-7);
+        EXPECT_NEAR(row[2], 1.5 * (std::exp(-0.05 * t) - std::exp(-0.15 * t)), 1e-7);
+        EXPECT_NEAR(row[1] + row[2] + row[3], 1, 2e-7);
+        highest = std::max(highest, row[2]);
+    }
+    EXPECT_NEAR(highest, 1 / std::sqrt(3.0), 1e-4); // (k1/k2)^(-k2/(k1 - k2))
+    for (const auto& row : Tabulate("competing.ZC3")) {
+        EXPECT_NEAR(row[1], std::exp(-0.2 * row[0]), 1e-7);
+        EXPECT_NEAR(row[2], 3 * row[3], 5e-7);
+    }
+    for (const auto& row : Tabulate("reversible.ZC3")) {
+        EXPECT_NEAR(row[2], 0.375 * (1 - std::exp(-0.4 * row[0])), 1e-7);
+        EXPECT_NEAR(row[1] + row[2], 0.5, 3e-7);
+    }
+}
+
+TEST(Export, DrawsTheOtherModelsByTheirLaws) {
+    // autocatalysis: c(P)/c(A) grows by exp((c(A,0) + c(P,0)) k t)
+    for (const auto& row : Tabulate("autocatalysis.ZC3"))
+        EXPECT_NEAR(std::log(row[2] / row[1]), std::log(0.002) + 1.002 * 0.15 * row[0],
+                    row[1] > 1e-4 ? 1e-5 : 1e-2);
+    // A + B => C, A + C => P: c(C) follows from c(B) alone, whatever the time
+    for (const auto& row : Tabulate("competing_consecutive.ZC3")) {
+        const double b = row[2];
+        EXPECT_NEAR(row[3], (std::pow(b, 0.25) - b) / 0.75, 1e-5);
+        EXPECT_NEAR(row[2] + row[3] + row[4], 1, 1e-6);     // B goes into C and P
+        EXPECT_NEAR(row[1] + row[3] + 2 * row[4], 2, 1e-6); // so does A
+    }
+    // esterification with K = 4: ln((2 - x)/(2/3 - x)) = ln 3 + 0.08 t
+    const auto ester = Tabulate("esterification.ZC3");
+    for (const auto& row : ester) {
+        const double x = row[3];
+        EXPECT_NEAR(std::log((2 - x) / (2.0 / 3 - x)), std::log(3.0) + 0.08 * row[0], 1e-4);
+        EXPECT_NEAR(row[1], 1 - x, 3e-7);
+    }
+    EXPECT_NEAR(ester.back()[3], 2.0 / 3, 0.01);
+    // order 1.5 from 1 mol/L
+    for (const auto& row : Tabulate("order_n.ZC3"))
+        EXPECT_NEAR(row[1], std::pow(1 + 0.075 * row[0], -2), 1e-6);
+}
+
+TEST(Export, KeepsTheBalancesOfTheEnzyme) {
+    const auto rows = Tabulate("enzyme.ZC3");
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const auto& row = rows[i]; // t, E, S, ES, P
+        EXPECT_NEAR(row[1] + row[3], 0.5, 1e-6);
+        EXPECT_NEAR(row[2] + row[3] + row[4], 2, 1e-6);
+        // r(P) = k3 c(ES), from the differences of the table beyond the first moments
+        if (i > 20 && i + 1 < rows.size()) {
+            EXPECT_NEAR((rows[i + 1][4] - rows[i - 1][4]) / 0.6, 0.15 * row[3], 2e-4) << row[0];
+        }
+    }
+    for (const auto& row : Tabulate("enzyme.ZC3", {"--michaelis"}))
+        EXPECT_NEAR(row[1], row[0] / (1 + row[0]), 1e-7);
+}
+
+TEST(Export, AnswersWithoutAProject) {
+    EXPECT_THAT(StartProgram({"--help"}).out, HasSubstr("--export FILE"));
+    EXPECT_EQ(StartProgram({"--version"}).out, "ZORVANT 4.0.0\n");
+    const Outcome wrong = StartProgram({"--exprot", "a.png"});
+    EXPECT_EQ(wrong.status, 2);
+    EXPECT_EQ(wrong.out, "");
+    EXPECT_THAT(wrong.err, HasSubstr("--exprot"));
+}
+
+TEST(Export, WritesTheSamePictureEachTime) {
+    const TempFolder folder;
+    for (const std::string ending : {".png", ".svg", ".pdf"}) {
+        const std::string one = folder / ("one" + ending), two = folder / ("two" + ending);
+        for (const std::string& path : {one, two})
+            EXPECT_EQ(
+                StartProgram({"--export", path, "--size", "400x300", Example("n2o5.ZC3")}).status,
+                0);
+        EXPECT_EQ(ReadFile(one), ReadFile(two)) << ending;
+    }
+}
+
+TEST(Export, DrawsThePointsOfTheProject) {
+    const TempFolder folder;
+    const std::string with = folder / "with.png", without = folder / "without.png";
+    EXPECT_EQ(StartProgram({"--export", with, Example("n2o5.ZC3")}).status, 0);
+    std::string project = ReadFile(Example("n2o5.ZC3"));
+    project.replace(project.find("n2o5.ZI3"), 8, "");
+    WriteFileAtomically(folder / "plain.ZC3", project);
+    EXPECT_EQ(StartProgram({"--export", without, folder / "plain.ZC3"}).status, 0);
+    EXPECT_NE(ReadFile(with), ReadFile(without));
+}
+
+TEST(Export, TellsWhatIsWrongWithAProjectAndWritesNothing) {
+    const std::string good = ReadFile(Example("n2o5.ZC3"));
+    const auto with = [&](const std::string& from, const std::string& to) {
+        std::string changed = good;
+        const std::size_t at = changed.find(from);
+        EXPECT_NE(at, std::string::npos) << from;
+        return changed.replace(at, from.size(), to);
+    };
+    struct Row {
+        const char* name;
+        std::string project;
+        const char* says;
+    };
+    std::string binary;
+    for (int i = 0; i < 4096; ++i)
+        binary += static_cast<char>(i * 37 % 256);
+    for (const Row& row : {
+             Row{"empty",           "",                       "Execution not possible"},
+             Row{                         "cut off",    good.substr(0,         good.size() / 2), "Execution not possible"},
+             Row{                         "binary",           binary, "Execution not possible"                        },
+             Row{            "a word for k",          with("0.00693",          "fast"),                         "Execution not possible"},
+             Row{               "NaN for k",           with("0.00693",           "nan"),                         "Execution not possible"},
+             Row{         "infinite t(max)",         with("450",         "1e999"),                         "Execution not possible"},
+             Row{       "a count that lies", with("\r\n5\r\n", "\r\n99999\r\n"),                         "Execution not possible"},
+             Row{                "model 77",          with(" 2 ",          " 77 "),                         "Execution not possible"},
+             Row{             "no reaction",             with("0.00693",                             "0"),                         "k1 > 0"},
+             Row{                 "no time",            with("450",             "-1"),                         "specification of time"},
+             Row{ "data that are not there",   with("n2o5.ZI3",              "nowhere.ZI3"),                         "nowhere.ZI3"},
+    }) {
+        const TempFolder folder;
+        WriteFileAtomically(folder / "bad.ZC3", row.project);
+        WriteFileAtomically(folder / "n2o5.ZI3", ReadFile(Example("n2o5.ZI3")));
+        WriteFileAtomically(folder / "old.png", "as it was");
+        const Outcome outcome = StartProgram(
+            {"--export", folder / "old.png", "--table", folder / "t.TXT", folder / "bad.ZC3"});
+        EXPECT_EQ(outcome.status, 2) << row.name;
+        EXPECT_EQ(outcome.out, "") << row.name;
+        EXPECT_THAT(outcome.err, HasSubstr(row.says)) << row.name;
+        EXPECT_EQ(ReadFile(folder / "old.png"), "as it was") << row.name;
+        EXPECT_FALSE(FileExists(folder / "t.TXT")) << row.name;
+    }
+}
+
+TEST(Export, GoesOnWhereNothingIsLost) {
+    const TempFolder folder;
+    std::string project = ReadFile(Example("n2o5.ZC3"));
+    project.replace(project.find("n2o5.ZI3"), 8, "data.CSV"); // a type that can't be loaded
+    project.replace(project.find("Decomposition"), 3, "\xff\xfe\x01"); // any bytes in a comment
+    WriteFileAtomically(folder / "project.ZC3", project);
+    const Outcome outcome = StartProgram({"--export", folder / "a.svg", folder / "project.ZC3"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.err, HasSubstr("data file is not of the type *.ZI3 and cannot be loaded"));
+    EXPECT_TRUE(FileExists(folder / "a.svg"));
+    // places that can't be read or written
+    for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+             {"--export", folder / "no/a.png", Example("n2o5.ZC3")},
+             {"--table",  folder.Path(),       Example("n2o5.ZC3")},
+             {"--export", folder / "a.png",    folder.Path()      },
+             {"--export", folder / "a.png",    folder / "none.ZC3"}
+    }) {
+        const Outcome refused = StartProgram(arguments);
+        EXPECT_EQ(refused.status, 2) << arguments[1];
+        EXPECT_NE(refused.err, "") << arguments[1];
+    }
+    EXPECT_FALSE(FileExists(folder / "a.png"));
+}
+
+} // namespace zorvant
