@@ -158,7 +158,7 @@ void MainWindow::BuildWindowList() {
     menu->addAction(tr("&Cascade"), area_, &QMdiArea::cascadeSubWindows);
     menu->addAction(tr("&Tile"), area_, &QMdiArea::tileSubWindows);
     auto* const close = menu->addAction(tr("C&lose"), area_, &QMdiArea::closeActiveSubWindow);
-    close->setShortcuts(QKeySequence::Close);
+    close->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_W), QKeySequence(Qt::CTRL | Qt::Key_F4)});
     auto* const next = menu->addAction(tr("&Next"), area_, &QMdiArea::activateNextSubWindow);
     next->setShortcuts(QKeySequence::NextChild);
     auto* const list = new QActionGroup(menu); // the windows themselves, renewed at each opening

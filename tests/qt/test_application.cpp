@@ -74,6 +74,28 @@ TEST_F(ApplicationTest, ChoosingAModelInTheWindowReachesStateMenusAndStatus) {
     EXPECT_TRUE(Child<QLabel>(program.window(), "lblStatus").text().contains(QStringLiteral("ES")));
 }
 
+TEST_F(ApplicationTest, AKeyInADialogIsShownWithinFiveMilliseconds) {
+    Application program;
+    RecordBoxes();
+    program.Start("");
+    Settle();
+    QWidget& dialog =
+        *program.windows().WidgetOf(*FindForm(program.state().desktop, "frmZorModel"));
+    Child<QRadioButton>(dialog, "optTyp_0").click();
+    auto& order = Child<QLineEdit>(dialog, "txtOrdnung");
+    order.clear();
+    constexpr int kKeys = 100;
+    QElapsedTimer taken;
+    taken.start();
+    for (int i = 0; i < kKeys; ++i) {
+        PressKey(order, Qt::Key_1, QStringLiteral("1"));
+        order.repaint();
+    }
+    const double each = static_cast<double>(taken.nsecsElapsed()) / 1e6 / kKeys;
+    RecordProperty("milliseconds", std::to_string(each));
+    EXPECT_LT(each, 5.0);
+}
+
 TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
     const std::string session = folder_.path().toStdString() + "/ZorLastSession.ZC3";
     {
