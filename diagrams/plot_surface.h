@@ -196,7 +196,7 @@ struct PlotAxis {
     int lineWidth = 1;                     ///< pixels
     Placement annotation = Placement::Min; ///< where the numbers stand on the other axis
     TextRotation annotationRotation = TextRotation::Horizontal;
-    Placement origin = Placement::Min; ///< where this axis crosses the other one
+    Placement origin = Placement::Min; ///< where on this axis the other one crosses it
     Spacing grid, tick, number;
     LinePattern gridPattern = LinePattern::None;
     Colour gridColour = 0xC0C0C0;
