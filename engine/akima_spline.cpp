@@ -96,40 +96,6 @@ void AkimaKoeffizienten(AkimaTables& tables, int s, int n, float smoothing) {
     rows.Finish();
 }
 
-int AkimaInterval(const AkimaTables& tables, double x, int n, int hint) {
-    const auto& X = tables.SplineX;
-    if (x >= X[At(n)])
-        return n;
-    if (x < X[1])
-        return 0;
-    if (hint >= 1 && hint < n && X[At(hint)] <= x) {
-        while (x >= X[At(hint + 1)])
-            ++hint;
-        return hint;
-    }
-    const auto first = X.begin() + 1;
-    return static_cast<int>(std::upper_bound(first, first + n, x) - first);
-}
-
-double AkimaWertIn(const AkimaTables& tables, AkimaMode mode, int s, double x, int n,
-                   int interval) {
-    const auto slot = At(s);
-    if (interval <= 0 || interval >= n) {
-        const std::size_t end = At(interval <= 0 ? 1 : n);
-        const double slope = tables.SplineB[end][slot];
-        if (mode == AkimaMode::Slope)
-            return slope;
-        return (x - tables.SplineX[end]) * slope + tables.SplineA[end][slot];
-    }
-    const std::size_t i = At(interval);
-    const double h = x - tables.SplineX[i];
-    const double a = tables.SplineA[i][slot], b = tables.SplineB[i][slot];
-    const double c = tables.SplineC[i][slot], d = tables.SplineD[i][slot];
-    if (mode == AkimaMode::Slope)
-        return (3 * h * d + 2 * c) * h + b;
-    return ((d * h + c) * h + b) * h + a;
-}
-
 double AkimaWert(const AkimaTables& tables, AkimaMode mode, int s, double x, int n) {
     return AkimaWertIn(tables, mode, s, x, n, AkimaInterval(tables, x, n, 0));
 }

@@ -259,10 +259,11 @@ float Interpolate(double x, double ya, double xa, double yb, double xb) {
 void CourseExtents(ProjectState& ps, double tEnd) {
     ps.Memory.RngT = {0, ToSingle(tEnd)};
     const auto nodes = static_cast<std::size_t>(ps.NPoints) + 1;
-    const int first = ps.ScaleOneSpecies ? ps.ScaleSpecies : 1;
-    const int last = ps.ScaleOneSpecies ? ps.ScaleSpecies : kSpecies;
+    const int one = std::clamp(ps.ScaleSpecies, 1, kSpecies);
+    const int first = ps.ScaleOneSpecies ? one : 1;
+    const int last = ps.ScaleOneSpecies ? one : kSpecies;
     Extent concentrations{10000, -10000}, rates{10000, -10000};
-    for (int slot = std::max(first, 1); slot <= std::min(last, kSpecies); ++slot) {
+    for (int slot = first; slot <= last; ++slot) {
         Widen<Pair>(concentrations, cSim(ps, slot), nodes);
         Widen<Quad>(rates, rSim(ps, slot), nodes);
     }

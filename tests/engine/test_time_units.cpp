@@ -1,0 +1,224 @@
+#include "engine/calc_dialog.h"
+#include "tests/engine/selected_state.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+using namespace zorvant;
+
+namespace {
+
+/// A calculation dialog with what the change of the unit writes to.
+struct TestDialog : CalcDialog {
+    TestDialog(const char* formName, CalcDialogId dialogId) : CalcDialog(formName, "", dialogId) {
+        Declare();
+    }
+    Label unit4{*this, "unit4"};
+    Label lblVPunktInput{*this, "lblVPunktInput"};
+};
+
+} // namespace
+
+TEST(TimeUnits, ConvertEveryTimeAndConstant) {
+    auto ps = Selected(6);
+    ps->k = {0, 0.15, 0.3, 0.6};
+    ps->tMax = 100;
+    ps->tVerweil = 30;
+    ps->ExpData.resize(3);
+    ps->ExpPointCount = 1;
+    ps->ExpData[1].t = 120;
+    ps->ExpData[2].t = 7; // behind the last row
+    ChangeTimeUnit(*ps, 1, 0);
+    EXPECT_EQ(ps->TimeUnitText, "min");
+    EXPECT_EQ(ps->TimeUnitIdx, 1);
+    EXPECT_DOUBLE_EQ(ps->k[1], 9);
+    EXPECT_DOUBLE_EQ(ps->k[2], 18);
+    EXPECT_DOUBLE_EQ(ps->k[3], 36);
+    EXPECT_DOUBLE_EQ(ps->tMax, 100.0 / 60);
+    EXPECT_DOUBLE_EQ(ps->tVerweil, 0.5);
+    EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 2);
+    EXPECT_EQ(ps->ExpData[2].t, 7);
+    for (const int unit : {4, 2, 3, 0})
+        ChangeTimeUnit(*ps, unit, ps->TimeUnitIdx); // round and back
+    EXPECT_NEAR(ps->k[1], 0.15, 1e-15);
+    EXPECT_NEAR(ps->tMax, 100, 1e-12);
+    EXPECT_NEAR(ps->ExpData[1].t, 120, 1e-12);
+    const double before = ps->tMax;
+    ChangeTimeUnit(*ps, 0, 0);
+    EXPECT_EQ(ps->tMax, before);
+}
+
+TEST(TimeUnits, ConvertRatesAsRatesAndNoOrder) {
+    auto ps = Selected(10); // r(P)-c(S) data: the time column holds mol/(L TU)
+    ps->ExpData.resize(2);
+    ps->ExpPointCount = 1;
+    ps->ExpData[1].t = 0.5;
+    ChangeTimeUnit(*ps, 1, 0);
+    EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 30);
+    ps->RcSMode = false;
+    ChangeTimeUnit(*ps, 0, 1);
+    EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 1800);
+
+    auto order = Selected(20);
+    order->FitMode = 2;
+    order->k[2] = 1.5; // the order that the fit varies
+    ChangeTimeUnit(*order, 2, 0);
+    EXPECT_EQ(order->k[2], 1.5);
+    EXPECT_DOUBLE_EQ(order->k[1], 0.15 * 3600);
+}
+
+TEST(TimeUnits, HaveExactFactors) {
+    auto ps = Selected(2);
+    EXPECT_EQ(ps->TimeFactor[3][4], 1.0 / 365);
+    EXPECT_EQ(ps->TimeFactor[4][3], 365);
+    EXPECT_EQ(ps->TimeFactor[0][4], 1.0 / 31536000);
+    for (std::size_t i = 0; i < 5; ++i)
+        for (std::size_t j = 0; j < 5; ++j)
+            EXPECT_NEAR(ps->TimeFactor[i][j] * ps->TimeFactor[j][i], 1, 1e-15);
+    EXPECT_EQ(TimeUnitIndex("d"), 3);
+    EXPECT_EQ(TimeUnitIndex("D"), 0);
+    ChangeTimeUnit(*ps, 99, 0);
+    EXPECT_EQ(ps->TimeUnitText, "a");
+}
+
+TEST(TimeUnits, DefaultConstantsFollowTheUnit) {
+    struct Case {
+        int model;
+        ConstantArray k; ///< 0: left as it is
+    };
+    const Case cases[] = {
+        {2,  {0, 0.15, 0, 0}      },
+        {5,  {0, 0.15, 0.2, 0}    },
+        {7,  {0, 0.15, 0.05, 0}   },
+        {8,  {0, 0.5, 0.1, 0}     },
+        {10, {0, 1.5, 0.01, 0.005}},
+        {11, {0, 0.15, 0.05, 0}   },
+        {15, {0, 0.15, 0.2, 0.15} },
+        {18, {0, 0.15, 0.1, 0.005}},
+        {19, {0, 0.15, 0.01, 0}   },
+        {20, {0, 0.15, 0, 0}      },
+    };
+    for (const Case& c : cases) {
+        auto ps = Selected(c.model);
+        ChangeTimeUnit(*ps, 2, 0);
+        ps->k = {0, 7, 8, 9};
+        SetDefaultK(*ps);
+        for (std::size_t i = 1; i <= 3; ++i) {
+            const double kept = 6 + static_cast<double>(i);
+            EXPECT_DOUBLE_EQ(ps->k[i], c.k[i] == 0 ? kept : c.k[i] * 3600) << c.model << " k" << i;
+        }
+    }
+    auto enzyme = std::make_unique<ProjectState>();
+    InitProjectState(*enzyme);
+    enzyme->ModelId = 10;
+    SetDefaultK(*enzyme);
+    EXPECT_EQ(enzyme->c0[1], 0.5);
+    EXPECT_EQ(enzyme->c0[2], 5.0);
+}
+
+TEST(TimeUnits, SelectingAModelFillsOnlyWhatIsZero) {
+    ProjectState ps;
+    InitProjectState(ps);
+    ps.ModelId = 18;
+    ps.c0[2] = 0.25;
+    ps.k = {0, 0.7, 0, 0.9};
+    SelectionDefaultTimes(ps);
+    SelectionDefaultConcentrations(ps);
+    SelectionDefaultConstants(ps);
+    EXPECT_EQ(ps.c0, (SpeciesArray{0, 1, 0.25, 0, 0, 0}));
+    EXPECT_EQ(ps.k, (ConstantArray{0, 0.7, 0.1, 0.9}));
+    EXPECT_EQ(ps.tMax, 100);
+    EXPECT_EQ(ps.tVerweil, 60);
+
+    ps.RateDiagram = true;
+    ps.tMax = 0;
+    ps.FitMode = 1;
+    SelectionDefaultTimes(ps);
+    EXPECT_EQ(ps.tMax, 0);
+    ps.FitMode = 0;
+    SelectionDefaultTimes(ps);
+    EXPECT_EQ(ps.tMax, 60);
+
+    ps.c0 = {0, 0, 0, 0, 0.1, 0}; // an equilibrium may start from its product
+    ps.ModelId = 17;
+    SelectionDefaultConcentrations(ps);
+    EXPECT_EQ(ps.c0, (SpeciesArray{0, 0, 0, 0, 0.1, 0}));
+    ps.c0 = {};
+    SelectionDefaultConcentrations(ps);
+    EXPECT_EQ(ps.c0, (SpeciesArray{0, 0.5, 0.5, 0, 0, 0}));
+    ps.c0 = {};
+    ps.ModelId = 16;
+    SelectionDefaultConcentrations(ps);
+    EXPECT_EQ(ps.c0, (SpeciesArray{0, 1, 0, 0, 0.002, 0}));
+}
+
+TEST(TimeUnits, AreShownBehindEveryConstant) {
+    // captions by model: z mol/(TU l), 1 1/TU, 2 L/(TU mol), - none
+    const char* units[] = {"",    "z11", "111", "211", "211", "111", "111",
+                           "221", "111", "211", "211", "111", "221", "211",
+                           "111", "111", "111", "211", "211", "221", "-11"};
+    auto ps = Selected(1);
+    ps->TimeUnitText = "min ";
+    for (int model = 1; model <= kModels; ++model) {
+        ps->ModelId = model;
+        for (int i = 1; i <= 3; ++i) {
+            const char unit = units[model][i - 1];
+            EXPECT_EQ(ConstantUnitText(*ps, i), unit == 'z'   ? "/(mol/(min*l))"
+                                                : unit == '1' ? "/(1/min)"
+                                                : unit == '2' ? "/(L/(min*mol))"
+                                                              : "")
+                << "model " << model << " k" << i;
+        }
+    }
+}
+
+TEST(TimeUnits, ReachTheOpenDialogs) {
+    auto ps = Selected(9);
+    TestDialog diagram("frmPrepareTimeDiagram", CalcDialogId::TimeDiagram);
+    TestDialog tank("frmRKconti", CalcDialogId::Cstr),
+        tube("frmRohrreaktor", CalcDialogId::Tubular);
+    Form editor("frmDatedit"), model("frmZorModel");
+    std::vector<std::string> told;
+    diagram.onShowParameters = [&] { told.push_back("parameters"); };
+    for (Form* form : {static_cast<Form*>(&diagram), static_cast<Form*>(&tank),
+                       static_cast<Form*>(&tube), &editor, &model}) {
+        ps->desktop.forms.push_back(form);
+        form->onTimeUnitChanged = [&told, form] { told.push_back(form->name); };
+    }
+    ps->vRohr = 2;
+    ps->VPunkt = 3;
+    ChangeTimeUnit(*ps, 1, 0); // nothing is open
+    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(ps->vRohr, 2);
+    EXPECT_EQ(ps->VPunkt, 3);
+
+    tube.loaded = tank.loaded = editor.loaded = model.loaded = true;
+    EXPECT_EQ(WhichCalcDialog(*ps), &tank);
+    ChangeTimeUnit(*ps, 0, 1);
+    EXPECT_EQ(told, (std::vector<std::string>{"frmDatedit", "frmRohrreaktor", "frmRKconti",
+                                              "frmZorModel"}));
+    EXPECT_DOUBLE_EQ(ps->vRohr, 2.0 / 60);
+    EXPECT_DOUBLE_EQ(ps->VPunkt, 3.0 / 60);
+    EXPECT_EQ(tank.Inp(10).text, " 0.15");
+    EXPECT_EQ(tank.Inp(11).text, " 0.1");
+    EXPECT_EQ(tank.unit1.text, "/(L/(s*mol))");
+    EXPECT_EQ(tank.lblVPunktInput.text, "V* /(m^3/s)");
+    EXPECT_EQ(tank.lblZeitEinheit.text, "s");
+    EXPECT_EQ(tube.unit1.text, ""); // not the dialog at work
+
+    told.clear();
+    diagram.loaded = true;
+    EXPECT_EQ(WhichCalcDialog(*ps), &diagram);
+    ps->tMax = 5;
+    SetDefaultK(*ps);
+    EXPECT_EQ(ps->tMax, 100);
+    EXPECT_EQ(told, std::vector<std::string>{"parameters"});
+    UpdateUnitLabels(*ps);
+    EXPECT_EQ(diagram.unit4.text, "s");
+    diagram.loaded = tank.loaded = tube.loaded = false;
+    EXPECT_EQ(WhichCalcDialog(*ps), nullptr);
+    SetDefaultK(*ps);
+    EXPECT_EQ(ps->tMax, 100);
+}
