@@ -45,7 +45,8 @@ void Application::RegisterForms() {
     frmZGraph2D& graph = *madeGraph;
     forms_.push_back(std::move(madeGraph));
     windows().Add(
-        graph, [&graph] { return new GraphWindow(graph); }, WindowPlacement::RightEdge);
+        graph, [&graph] { return new GraphWindow(graph); }, WindowPlacement::RightEdge,
+        WindowLife::Kept);
     DiagramDocument& document = graph;
     Register<frmPrepareTimeDiagram, Ui::frmPrepareTimeDiagram>(WindowPlacement::Stored, document);
     Register<frmSimTabelle, Ui::frmSimTabelle>();

@@ -41,8 +41,14 @@ protected:
 class SubWindow : public QMdiSubWindow {
 public:
     std::function<void()> onCloseRequest;
+    std::function<void()> onMoved;
 
 protected:
+    void moveEvent(QMoveEvent* event) override {
+        QMdiSubWindow::moveEvent(event);
+        if (onMoved)
+            onMoved();
+    }
     void closeEvent(QCloseEvent* event) override {
         event->ignore();
         if (onCloseRequest)
@@ -127,11 +133,13 @@ FormWindows::~FormWindows() {
     host().closeForm = [](Form&) {};
 }
 
-void FormWindows::Add(Form& form, WidgetFactory factory, WindowPlacement placement) {
+void FormWindows::Add(Form& form, WidgetFactory factory, WindowPlacement placement,
+                      WindowLife life) {
     auto entry = std::make_unique<Entry>();
     entry->form = &form;
     entry->factory = std::move(factory);
     entry->placement = placement;
+    entry->life = life;
     entries_.push_back(std::move(entry));
     if (std::ranges::find(desktop_.forms, &form) == desktop_.forms.end())
         desktop_.forms.push_back(&form);
@@ -177,6 +185,8 @@ void FormWindows::Show(Form& form) {
         const Flag arranging(arranging_);
         if (!entry->frame)
             OpenWindow(*entry);
+        else if (std::exchange(entry->waiting, false))
+            PlaceWindow(*entry);
         if (!form.modal) {
             auto* const window = static_cast<QMdiSubWindow*>(entry->frame.data());
             window->show();
@@ -212,12 +222,17 @@ void FormWindows::Close(Form& form) {
         form.top = frame->y() * kTwipsPerPixel;
         entry->placement = WindowPlacement::Stored; // the user has chosen
     }
+    if (active_ == &form)
+        active_ = nullptr;
+    if (entry->life == WindowLife::Kept) {
+        frame->hide();
+        entry->waiting = true;
+        return;
+    }
     entry->binder->Detach();
     entry->binder = nullptr;
     entry->frame.clear();
     entry->root.clear();
-    if (active_ == &form)
-        active_ = nullptr;
     if (auto* const window = qobject_cast<QMdiSubWindow*>(frame)) {
         window->hide();
         area_.removeSubWindow(window);
@@ -266,27 +281,42 @@ void FormWindows::OpenWindow(Entry& entry) {
         entry.asked = {0, 0};
 
         MeasureAnew(*root);
-        const QSize room = area_.viewport()->size();
         const QSize border = window->sizeHint() - scroll->sizeHint();
-        const QSize needed = scroll->NeededSize() + border;
         const auto keepWhole = [this, window, scroll, border] {
             const QSize most = area_.viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
             window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
         };
         keepWhole();
         scroll->onNeededSize = keepWhole;
-        QSize size = (scroll->sizeHint() + border).expandedTo(needed);
-        if (form.width > 0)
-            size.setWidth(std::max(form.width / kTwipsPerPixel, window->minimumWidth()));
-        if (form.height > 0)
-            size.setHeight(std::max(form.height / kTwipsPerPixel, window->minimumHeight()));
-        entry.asked = {form.width, form.height};
-        size = size.boundedTo(room);
-        window->resize(size);
-        window->move(PlaceFor(entry, size));
-        entry.opened = window->pos();
+        window->onMoved = [this, &entry] {
+            // Where the user puts it the form knows at once: its unload event may ask.
+            if (arranging_ || !entry.frame || !entry.frame->isVisible() ||
+                entry.frame->isMaximized() || entry.frame->isMinimized())
+                return;
+            entry.form->left = entry.frame->x() * kTwipsPerPixel;
+            entry.form->top = entry.frame->y() * kTwipsPerPixel;
+            entry.placement = WindowPlacement::Stored;
+        };
+        PlaceWindow(entry);
     }
     entry.binder->onPushed = [this, &entry] { FollowSize(entry); };
+}
+
+void FormWindows::PlaceWindow(Entry& entry) {
+    const Form& form = *entry.form;
+    auto* const window = static_cast<QMdiSubWindow*>(entry.frame.data());
+    auto* const scroll = static_cast<FormScroll*>(window->widget());
+    const QSize border = window->sizeHint() - scroll->sizeHint();
+    QSize size = (scroll->sizeHint() + border).expandedTo(scroll->NeededSize() + border);
+    if (form.width > 0)
+        size.setWidth(std::max(form.width / kTwipsPerPixel, window->minimumWidth()));
+    if (form.height > 0)
+        size.setHeight(std::max(form.height / kTwipsPerPixel, window->minimumHeight()));
+    entry.asked = {form.width, form.height};
+    size = size.boundedTo(area_.viewport()->size());
+    window->resize(size);
+    window->move(PlaceFor(entry, size));
+    entry.opened = window->pos();
 }
 
 QPoint FormWindows::PlaceFor(const Entry& entry, const QSize& size) const {

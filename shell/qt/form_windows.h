@@ -33,6 +33,12 @@ enum class WindowPlacement {
     RightEdge
 };
 
+/// What becomes of the widgets of a window that is closed.
+enum class WindowLife {
+    Closed, ///< they go with it
+    Kept    ///< they wait, hidden, for the next opening: for windows that come and go often
+};
+
 /// Shows forms as sub-windows of a work area, or as dialogs of their own when they are modal, and
 /// closes them. Sets the host's showForm, hideForm and closeForm as long as it lives.
 ///
@@ -48,8 +54,8 @@ public:
     FormWindows& operator=(const FormWindows&) = delete;
 
     /// Enters a form into the table and into the desktop's list of the dialogs that exist.
-    void Add(Form& form, WidgetFactory factory,
-             WindowPlacement placement = WindowPlacement::Stored);
+    void Add(Form& form, WidgetFactory factory, WindowPlacement placement = WindowPlacement::Stored,
+             WindowLife life = WindowLife::Closed);
 
     /// Holds each form's record against its widgets, both ways. Returned: one text for each form that
     /// does not fit.
@@ -65,6 +71,8 @@ private:
         Form* form = nullptr;
         WidgetFactory factory;
         WindowPlacement placement = WindowPlacement::Stored;
+        WindowLife life = WindowLife::Closed;
+        bool waiting = false;    ///< closed, its widgets kept
         QPointer<QWidget> frame; ///< the sub-window or the dialog
         QPointer<QWidget> root;  ///< the widget that the factory made
         Binder* binder = nullptr;
@@ -78,6 +86,7 @@ private:
     void Hide(Form& form);
     void Close(Form& form);
     void OpenWindow(Entry& entry);
+    void PlaceWindow(Entry& entry);
     void RunModal(Entry& entry);
     QPoint PlaceFor(const Entry& entry, const QSize& size) const;
     void FollowSize(Entry& entry);
