@@ -32,6 +32,7 @@ Qt::CursorShape CursorOf(ChartPointer pointer) {
 GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     Ui::frmZGraph2D ui;
     ui.setupUi(this);
+    setProperty("maximizes", true);
     chart_ = ui.chart;
     auto* const layout = new QVBoxLayout(chart_);
     layout->setContentsMargins(0, 0, 0, 0);
