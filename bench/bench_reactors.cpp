@@ -44,8 +44,15 @@ int main() {
             const auto fast = [&] { err |= SearchBatchTime(*ps).err; };
             const auto plain = [&] { reference::SearchBatchTime(*ps, err); };
             plain();
+            const double t = ps->tVerweil;
             if (err) // no result by secants: nothing to compare
                 continue;
+            fast();
+            if (ps->tVerweil != t) {
+                std::printf("  model %d, U = %.1f: t = %.17g, plain %.17g  DIFFERS\n", model, U,
+                            ps->tVerweil, t);
+                kept = false;
+            }
             const std::string name =
                 "  model " + std::to_string(model) + ", U = " + std::to_string(U).substr(0, 3);
             kept &= bench::Report(name.c_str(), bench::CompareTimes(fast, plain), kSearchBound);

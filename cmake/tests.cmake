@@ -25,6 +25,12 @@ if(TARGET test_engine) # the course is held against its plain form
 endif()
 zorvant_tests(data zorvant_data)
 zorvant_tests(reactors zorvant_reactors)
+if(TARGET test_reactors) # searches and curves likewise
+  target_sources(test_reactors PRIVATE
+    ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
+    ${CMAKE_SOURCE_DIR}/bench/reference/reactors_reference.cpp
+    ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+endif()
 zorvant_tests(residence zorvant_residence)
 zorvant_tests(evaluation zorvant_evaluation)
 if(TARGET test_evaluation)

@@ -2,26 +2,19 @@
 
 #include "engine/arithmetic.h"
 #include "engine/closed_forms.h"
-#include "engine/numeric_models.h"
 #include "engine/reaction_catalogue.h"
+#include "reactors/batch_march.h"
 #include "reactors/batch_search.h"
 #include "reactors/half_life.h"
 #include "reactors/reactor_input.h"
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 
 namespace zorvant {
 namespace {
 
-// Integration over the reaction time.
-constexpr double kIntervals = 150;     ///< in t: the result lies up to one interval beyond t
-constexpr double kLongestInterval = 1; ///< TU; longer ones become
-constexpr double kSetInterval = 0.4;   ///< TU
-constexpr double kMostIntervals = 1e5; ///< beyond, intervals grow: a press must come to its end
-// Step doubling within an interval, beside what the engine says of it.
-constexpr int kMostDoublings = 32767; ///< sub-steps; a doubling beyond is the overflow
-constexpr int kFirstRunsPart = 5;     ///< the first run covers a fifth of the interval
 /// Sub-steps of one call, about a minute. More would look like a program that hangs.
 constexpr long long kMostWork = 2'000'000'000;
 
@@ -31,68 +24,36 @@ constexpr double kSecantPart = 1000; ///< the secant's width: the first time thr
 constexpr int kSecantPasses = 1000;
 constexpr double kConverged = 1e-11; ///< of t
 
-/// One interval with step doubling. The first of the first two runs covers a fifth of the interval
-/// only, so the first comparison is strict. `work` loses the sub-steps.
-template <class Law>
-StateOf<Law> Interval(const Law& law, const StateOf<Law>& start, double length, int& m,
-                      long long& work) {
-    const auto doubled = [&] {
-        m = 2 * m;
-        if (m > kMostDoublings)
-            ThrowArithmetic(kOverflow);
-        work -= m;
-        return length / m;
-    };
-    const int first = m;
-    const double hFirst = length / m / kFirstRunsPart;
-    const double hSecond = doubled();
-    auto [coarse, fine] = RunTwoRK4(law, start, first, hFirst, hSecond);
-    while (!RunsAgree(coarse, fine)) {
-        coarse = fine;
-        const double h = doubled();
-        fine = RunRK4(law, start, m, h);
-    }
-    return fine;
+template <class Law> StateOf<Law> Packed(const SpeciesArray& c) {
+    StateOf<Law> y;
+    for (std::size_t i = 0; i < y.size(); ++i)
+        y[i] = c[static_cast<std::size_t>(Law::kSlots[i])];
+    return y;
+}
+template <class Law> void Unpack(const StateOf<Law>& y, SpeciesArray& c) {
+    for (std::size_t i = 0; i < y.size(); ++i)
+        c[static_cast<std::size_t>(Law::kSlots[i])] = y[i];
 }
 
-/// The state at the last node not beyond one interval after t.
-template <class Law>
-StateOf<Law> Integrate(const Law& law, StateOf<Law> y, double t, long long& work) {
-    double interval = t / kIntervals;
-    if (interval > kLongestInterval)
-        interval = std::fmax(kSetInterval, t / kMostIntervals);
-    if (interval == 0)
-        return y;
-    const double end = t + interval;
-    StateOf<Law> now = y;
-    int m = 1;
-    for (double tau = 0; interval > 0 ? tau <= end : tau >= end; tau += interval) {
-        now = y;
-        const int mBefore = m;
-        y = Interval(law, now, interval, m, work);
-        if (work < 0)
-            ThrowArithmetic(kOverflow);
-        m = std::max(m / 4, 1);
-        if (y == now && m == mBefore) // every further interval would be the same
-            break;
-    }
-    return now;
-}
-
-/// State at t. Errors: ArithmeticError; err.
-void BatchState(const ProjectState& ps, int model, double t, SpeciesArray& c, bool& err,
-                long long& work) {
+/// States at one or two times. Errors: ArithmeticError; err.
+void BatchStates(const ProjectState& ps, int model, std::span<const double> times,
+                 std::span<SpeciesArray> states, bool& err, long long& work) {
+    using namespace batch_march;
     if (HasClosedForm(model)) {
-        ClosedForm(model, ps.k, ps.c0, err).At(t, c, err);
+        const ClosedForm form(model, ps.k, ps.c0, err);
+        for (std::size_t i = 0; i < times.size() && !err; ++i)
+            form.At(times[i], states[i], err);
         return;
     }
     WithNumericModel(model, ps.k, static_cast<double>(ps.OrderN), [&]<class Law>(const Law& law) {
-        StateOf<Law> y;
-        for (std::size_t i = 0; i < y.size(); ++i)
-            y[i] = ps.c0[static_cast<std::size_t>(Law::kSlots[i])];
-        y = Integrate(law, y, t, work);
-        for (std::size_t i = 0; i < y.size(); ++i)
-            c[static_cast<std::size_t>(Law::kSlots[i])] = y[i];
+        const StateOf<Law> start = Packed<Law>(ps.c0);
+        if (times.size() == 1) {
+            Unpack<Law>(Integrate(law, start, times[0], work), states[0]);
+        } else {
+            const auto both = IntegrateBoth(law, start, times[0], times[1], work);
+            Unpack<Law>(both.first, states[0]);
+            Unpack<Law>(both.second, states[1]);
+        }
     });
 }
 
@@ -105,23 +66,22 @@ MessageBox ArithmeticBox(const ArithmeticError& error) {
 
 } // namespace
 
-void CalcBatchKesselWithin(const ProjectState& ps, int model, double t, SpeciesArray& cOut,
-                           bool& err, std::vector<MessageBox>& messages, long long& work) {
-    err = false;
-    if (!IsSoundInput(ps, model, ps.c0) || !std::isfinite(t)) {
-        err = true;
+void CalcBatchStates(const ProjectState& ps, int model, std::span<const double> times,
+                     std::span<SpeciesArray> states, bool& err, std::vector<MessageBox>& messages,
+                     long long& work) {
+    err = !IsSoundInput(ps, model, ps.c0) ||
+          !std::all_of(times.begin(), times.end(), [](double t) { return std::isfinite(t); });
+    if (err)
         return;
-    }
     try {
-        SpeciesArray c = cOut;
-        BatchState(ps, model, t, c, err, work);
-        for (std::size_t slot = 1; slot <= kSpecies; ++slot)
-            if (Model(model).speciesMask[slot - 1] == '1')
-                Finite(c[slot]);
-        if (model == 8 && ps.c0[1] + ps.c0[4] < c[1])
-            err = true;
-        if (!err)
-            cOut = c;
+        BatchStates(ps, model, times, states, err, work);
+        for (const SpeciesArray& c : states) {
+            for (std::size_t slot = 1; slot <= kSpecies; ++slot)
+                if (Model(model).speciesMask[slot - 1] == '1')
+                    Finite(c[slot]);
+            if (model == 8 && ps.c0[1] + ps.c0[4] < c[1])
+                err = true;
+        }
     } catch (const ArithmeticError& error) {
         err = true;
         messages.push_back(ArithmeticBox(error));
@@ -131,7 +91,10 @@ void CalcBatchKesselWithin(const ProjectState& ps, int model, double t, SpeciesA
 void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& cOut, bool& err,
                      std::vector<MessageBox>& messages) {
     long long work = kMostWork;
-    CalcBatchKesselWithin(ps, model, t, cOut, err, messages, work);
+    SpeciesArray c = cOut;
+    CalcBatchStates(ps, model, {&t, 1}, {&c, 1}, err, messages, work);
+    if (!err)
+        cOut = c;
 }
 
 double ConversionOfA(const ProjectState& ps) {
@@ -150,11 +113,10 @@ TimeSearch SearchBatchTime(ProjectState& ps) {
     }
     const double dt = t / kSecantPart;
     for (int pass = 1; pass <= kSecantPasses; ++pass) {
-        const auto f1 = search.Missing(t);
-        const auto f2 = f1 ? search.Missing(t + dt) : std::nullopt;
-        if (!f2 || *f2 - *f1 == 0)
+        const auto f = search.MissingAtBoth(t, t + dt);
+        if (!f || f->second - f->first == 0)
             break;
-        const double delta = -*f1 * dt / (*f2 - *f1);
+        const double delta = -f->first * dt / (f->second - f->first);
         t += delta;
         if (t < 0)
             t = -t + dt;

@@ -5,6 +5,8 @@
 #include "reactors/reactor_input.h"
 #include "reactors/root_search.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -30,16 +32,40 @@ ConversionSearch::ConversionSearch(ProjectState& ps) : ps_(ps), work_(kSecantWor
     latest_ = HasClosedForm(ps.ModelId) ? kLatestTime : kFarAway * TimeAtFirstRate();
 }
 
-std::optional<double> ConversionSearch::Missing(double t) {
-    ps_.tVerweil = t;
-    if (std::abs(t) > latest_)
-        return std::nullopt;
+bool ConversionSearch::CalcStates(std::span<const double> times, std::span<SpeciesArray> states) {
+    for (const double t : times)
+        if (std::abs(t) > latest_)
+            return false;
     bool err = false;
-    CalcBatchKesselWithin(ps_, ps_.ModelId, t, ps_.cEnd, err, messages_, work_);
+    std::fill(states.begin(), states.end(), ps_.cEnd);
+    CalcBatchStates(ps_, ps_.ModelId, times, states, err, messages_, work_);
     if (err)
+        return false;
+    ps_.tVerweil = times.back();
+    ps_.cEnd = states.back();
+    return true;
+}
+
+double ConversionSearch::MissingIn(const SpeciesArray& c) const {
+    return ps_.UA - (ps_.c0[1] - c[1]) / ps_.c0[1];
+}
+
+std::optional<double> ConversionSearch::Missing(double t) {
+    SpeciesArray c;
+    if (!CalcStates({&t, 1}, {&c, 1}) || !std::isfinite(MissingIn(c)))
         return std::nullopt;
-    const double missing = ps_.UA - (ps_.c0[1] - ps_.cEnd[1]) / ps_.c0[1];
-    return std::isfinite(missing) ? std::optional(missing) : std::nullopt;
+    return MissingIn(c);
+}
+
+std::optional<std::pair<double, double>> ConversionSearch::MissingAtBoth(double t1, double t2) {
+    const std::array<double, 2> times{t1, t2};
+    std::array<SpeciesArray, 2> states;
+    if (!CalcStates(times, states))
+        return std::nullopt;
+    const std::pair missing(MissingIn(states[0]), MissingIn(states[1]));
+    if (!std::isfinite(missing.first) || !std::isfinite(missing.second))
+        return std::nullopt;
+    return missing;
 }
 
 TimeSearch ConversionSearch::Found(double t) {

@@ -54,6 +54,7 @@ bool TakeExtent(const Tank& tank, double p, double q, double aPerExtent, TankRes
         return Stop(result);
     const double cA = roots->smaller >= 0 ? roots->smaller : roots->larger;
     result.x1 = (tank.in[1] - cA) / aPerExtent;
+    result.restA = cA;
     return true;
 }
 
@@ -167,6 +168,7 @@ bool SearchOrder(const Tank& tank, TankResult& result) {
     const OrderTank balance{tank.in[1], tank.t, tank.k1, static_cast<double>(tank.ps.OrderN)};
     const OrderSearch search = SearchOrderTank(balance, tank.passLimit);
     result.x1 = search.x;
+    result.restA = search.left;
     result.bNoSolution = search.bNoSolution; // the state is stored whatever the flag says
     return true;
 }
@@ -338,6 +340,8 @@ void FillOutlet(const TankModel& row, const SpeciesArray& in, TankResult& result
         if (yield.perX1 != 0 || yield.perX2 != 0)
             result.c[slot] = in[slot] + yield.perX1 * result.x1 + yield.perX2 * result.x2;
     }
+    if (result.restA >= 0) // the difference would lose a small rest
+        result.c[1] = result.restA;
 }
 
 bool AreFinite(const SpeciesArray& c) {

@@ -11,6 +11,7 @@ namespace zorvant {
 struct TankResult {
     SpeciesArray c{};         ///< mol/L, outlet by slot; slots that the model lacks stay as given
     double x1 = 0, x2 = 0;    ///< mol/L, extents of reaction 1 and 2
+    double restA = -1;        ///< mol/L, c(A) where the balance gave it directly; else below 0
     double t = 0;             ///< TU, mean residence time
     double U = 0;             ///< conversion of slot 1, as a fraction
     bool bBTooLow = false;    ///< the feed of B does not suffice

@@ -70,46 +70,39 @@ struct OrderBalance {
 };
 
 /// Where the sign of the balance is known without a logarithm: below 0 up to `below`, above 0 from
-/// `above` on. The balance rises with x, so two points beside its zero tell, if the values there
-/// are larger than what rounding can do to any value beyond them.
+/// `above` on.
 struct SignZones {
     double below = 0;
     double above = 0;
 };
 
-/// Amount of the balance that no rounding reaches: 2^-52 of four logarithms below 745, eightfold.
-double LargestRounding(double n) {
-    return 1e-11 * (3 + n);
-}
-
-/// Without zones (both outside 0..c(A,0)) every sign is computed.
+/// The zone around the zero outside which no rounding can turn the sign of the balance. With
+/// s = ln(x/(c(A,0) - x)) the balance reads C + s + (n - 1) ln(1 + e^s); its slope is between 1 and n
+/// and its curvature at most |n - 1|/4, so that Newton's method converges from anywhere and its last
+/// step bounds its error.
+/// Returned: the whole range, in which every sign is computed, where that fails
 SignZones FindSignZones(const OrderTank& tank, const OrderBalance& balance) {
-    constexpr int kMaxPasses = 40;
-    constexpr double kConverged = 1e-6; ///< quadratic convergence makes 1e-12 of it
-    constexpr double kWidth = 1e-9;     ///< of the zones' distance, relative
-    const SignZones none{0, tank.cA};
-    const double firstOrder = tank.k1 * tank.t * std::pow(tank.cA, tank.n - 1);
-    double lower = 0;
-    double upper = tank.cA;
-    double x = tank.cA * (firstOrder / (1 + firstOrder)); // exact for n = 1
+    constexpr int kMaxPasses = 30;
+    constexpr double kNarrow = 1e-10; // of s: only the last steps of the search fall into the zone
+    const double n = tank.n;
+    const double leastSlope = std::fmin(1, n);
+    // 2^-52 of four logarithms, each below 745, with room to spare
+    const double rounding = 1e-11 * (3 + n) / leastSlope;
+    const double C = (1 - n) * std::log(tank.cA) - balance.lnT - balance.lnK1;
+    double s = -C < 0 ? -C : -C / n; // where the logarithm is 0 or s
     for (int pass = 0; pass < kMaxPasses; ++pass) {
-        if (!(x > lower && x < upper))
-            x = (lower + upper) / 2;
-        const double value = balance(x);
-        (value < 0 ? lower : upper) = x;
-        const double rest = tank.cA - x;
-        const double step = -value / (1 / x + tank.n / rest);
-        const double scale = std::fmin(x, rest);
-        x += step;
-        if (std::abs(step) <= kConverged * scale) {
-            const SignZones zones{x - kWidth * scale, x + kWidth * scale};
-            const double rounding = LargestRounding(tank.n);
-            const bool sure = zones.below > 0 && zones.above < tank.cA &&
-                              balance(zones.below) < -rounding && balance(zones.above) > rounding;
-            return sure ? zones : none;
+        const double w = std::exp(s);
+        const double step = -(C + s + (n - 1) * std::log(1 + w)) / (1 + (n - 1) * (w / (1 + w)));
+        s += step;
+        const double error = std::abs(n - 1) / (8 * leastSlope) * step * step;
+        if (error < kNarrow) {
+            const double share = std::exp(s);
+            const double x = tank.cA * (share / (1 + share));
+            const double width = 2 * (error + 2 * rounding) * (x / (1 + share));
+            return {x - width, x + width};
         }
     }
-    return none;
+    return {0, tank.cA};
 }
 
 /// The balance solved for what is left of A, y + k1 t y^n = c(A,0), which rises with y.
@@ -120,8 +113,8 @@ OrderSearch BracketOrder(const OrderTank& tank) {
     const auto left =
         FindRootBetween(balance, 0, -tank.cA, tank.cA, balance(tank.cA), kBracketTolerance);
     if (!left)
-        return {0, true};
-    return {tank.cA - *left, false};
+        return {0, tank.cA, true};
+    return {tank.cA - *left, *left, false};
 }
 
 } // namespace
@@ -187,16 +180,25 @@ ConcurrentSearch SearchConcurrentTank(const ConcurrentTank& tank, double t) {
 
 OrderSearch SearchOrderTank(const OrderTank& tank, int passLimit) {
     if (!(tank.cA > 0) || !(tank.k1 * tank.t > 0))
-        return {0, true};
+        return {0, tank.cA, true};
     const OrderBalance balance(tank);
     const SignZones zones = FindSignZones(tank, balance);
     double step = tank.cA / kExtentSteps;
     double x = -step + kFirstExtent;
     bool previousNegative = true;
     bool passed = false; ///< a change of sign was seen
-    bool outside = false;
     int passes = 0;
     do {
+        // steps towards the zero that stay before its zone
+        if (std::abs(step) < kSmallestStep) {
+            // the first one is the only one
+        } else if (step > 0 && previousNegative) {
+            for (; x + step <= zones.below && x + step > 0 && passes < passLimit; ++passes)
+                x += step;
+        } else if (step < 0 && !previousNegative) {
+            for (; x + step >= zones.above && passes < passLimit; ++passes)
+                x += step;
+        }
         x += step;
         ++passes;
         if (x > tank.cA && step > 0) {
@@ -204,17 +206,13 @@ OrderSearch SearchOrderTank(const OrderTank& tank, int passLimit) {
             step /= 2;
             x += step;
         }
-        if (tank.cA - x <= 0 || x <= 0) {
-            outside = true;
-            break;
-        }
+        if (x >= tank.cA || x <= 0)
+            return BracketOrder(tank);
         bool negative = x <= zones.below;
         if (!negative && x < zones.above) {
             const double value = balance(x);
-            if (value == 0) { // met exactly
-                passed = true;
-                break;
-            }
+            if (value == 0) // met exactly
+                return {x, tank.cA - x, false};
             negative = value < 0;
         }
         if (negative != previousNegative) {
@@ -223,9 +221,9 @@ OrderSearch SearchOrderTank(const OrderTank& tank, int passLimit) {
         }
         previousNegative = negative;
     } while (!(std::abs(step) < kSmallestStep) && passes <= passLimit);
-    if (outside || passes > passLimit || !passed)
+    if (passes > passLimit || !passed)
         return BracketOrder(tank);
-    return {x, false};
+    return {x, tank.cA - x, false};
 }
 
 } // namespace zorvant

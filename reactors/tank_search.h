@@ -40,7 +40,8 @@ struct OrderTank {
     double n;
 };
 struct OrderSearch {
-    double x = 0; ///< extent, mol/L
+    double x = 0;    ///< extent, mol/L
+    double left = 0; ///< c(A) at the outlet, mol/L; its own digits where x is nearly all
     bool bNoSolution = false;
 };
 /// The extent x with x = k1 t (c(A,0) - x)^n: x is stepped until the logarithm of this balance

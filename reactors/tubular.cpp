@@ -23,11 +23,10 @@ TimeSearch SearchTubeTime(ProjectState& ps) {
     double t = kFirstTime;
     double h = kFirstTime / kSecantPart;
     for (int pass = 1; pass < kSecantPasses; ++pass) {
-        const auto g0 = search.Missing(t);
-        const auto g1 = g0 ? search.Missing(t + h) : std::nullopt;
-        if (!g1 || *g1 - *g0 == 0)
+        const auto g = search.MissingAtBoth(t, t + h);
+        if (!g || g->second - g->first == 0)
             break;
-        const double d = -*g0 * h / (*g1 - *g0);
+        const double d = -g->first * h / (g->second - g->first);
         h = d;
         t += d;
         if (std::abs(d / t) < kConverged)

@@ -30,11 +30,14 @@ void OrderTankState(const ProjectState& ps, double A0, double P0, double t, int 
                     double& cA, double& cP) {
     bool noSolution = false;
     const double n = static_cast<double>(ps.OrderN);
-    double x = SearchOrderTank(A0, t, ps.k[1], n, passLimit, noSolution);
-    if (noSolution) // what follows the steps is the same in both forms
-        x = zorvant::SearchOrderTank({A0, t, ps.k[1], n}, passLimit).x;
+    const double x = SearchOrderTank(A0, t, ps.k[1], n, passLimit, noSolution);
     cA = A0 - x;
     cP = P0 + x;
+    if (noSolution) { // what follows the steps is the same in both forms
+        const auto bracketed = zorvant::SearchOrderTank({A0, t, ps.k[1], n}, passLimit);
+        cA = bracketed.left;
+        cP = P0 + bracketed.x;
+    }
 }
 
 } // namespace
