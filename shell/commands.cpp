@@ -89,6 +89,10 @@ void OpenXYEditor(MDIZOR& form) {
     Unload(form, "frmBlutalkohol");
     Show(form, "frmZXYEditor");
 }
+void ImportText(MDIZOR& form) {
+    Unload(form, "frmBlutalkohol");
+    Show(form, "frmImportText");
+}
 void ShowStatus(MDIZOR& form) {
     Unload(form, "frmBlutalkohol");
     ShowProjectStatus(form.ps, form.ps.DataFilePath);
@@ -103,6 +107,7 @@ constexpr Command kCommands[] = {
     {"mnuStatus",          nullptr,               ShowStatus,               ""           },
     {"mnuNeudat",          "frmDatedit",          mnuNeudat_Click,          ""           },
     {"mnuEditDat",         "frmDatedit",          mnuEditDat_Click,         kNeedsData   },
+    {"mnuImportText",      "frmImportText",       ImportText,               ""           },
     {"mnuEditXY",          "frmZXYEditor",        OpenXYEditor,             ""           },
     {"mnuExit",            nullptr,               mnuExit_Click,            ""           },
     {"mnuModel",           "frmZorModel",         OpenModelDialog,          ""           },
@@ -254,6 +259,8 @@ MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
 
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
+    tmrRecovery.interval = kRecoveryInterval;
+    tmrRecovery.onTick = [this] { recovery.Keep(); };
     onRefresh = [this] { lblStatus.text = StatusLine(ps); };
     Declare();
 }
@@ -340,13 +347,16 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
     TakeLoadedProject(form, path, dataFile, "");
 }
 
-bool CanOpenDropped(const std::string& path) {
-    return EndsWith(UpperCase(path), ".ZC3");
+void OfferLostData(MDIZOR& form) {
+    if (!OfferRecovery(form.ps, form.recovery))
+        return;
+    Enable(form, {"mnuEditDat"});
+    EnableTools(form, {16});
+    Unload(form, "frmDatedit");
+    Show(form, "frmDatedit");
 }
 
-void OpenDropped(MDIZOR& form, const std::string& path) {
-    if (!CanOpenDropped(path))
-        return;
+void OpenProject(MDIZOR& form, const std::string& path) {
     Unload(form, "frmBlutalkohol");
     std::string dataFile;
     bool ok = false;
@@ -454,11 +464,16 @@ void mnuExit_Click(MDIZOR& form) {
         return;
     form.exiting = true;
     ProjectState& ps = form.ps;
+    bool cancelled = false;
     if (ps.ExpDataChanged && ps.ExpPointCount > 0) {
         std::string file;
-        bool cancelled = false;
         AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
     }
+    form.tmrRecovery.interval = 0;
+    if (cancelled) // nothing is lost: the next start offers the data
+        form.recovery.Leave();
+    else
+        form.recovery.Remove();
     FuSaveProjectFile(ps, ps.LastSessionFile);
     const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
                                      ? JoinPath(ps.ProgramDir, ps.ProtocolFile)

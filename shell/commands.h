@@ -2,6 +2,7 @@
 // opens. Start-up and exit stand here because they are the first and the last command.
 #pragma once
 
+#include "data/recovery.h"
 #include "engine/project_state.h"
 #include "shell/menu_table.h"
 
@@ -24,6 +25,8 @@ struct MDIZOR : Form {
     Button cmdErstnutzer{*this, "cmdErstnutzer", "Erste Schritte  (german)"};
     Label lblStatus{*this, "lblStatus"}; ///< model, time unit, data
     Timer Timer1{*this, "Timer1"};
+    Timer tmrRecovery{*this, "tmrRecovery"}; ///< keeps unsaved data for the case of a crash
+    RecoveryKeeper recovery{ps};
 
     /// Errors: std::out_of_range when the table has no such entry.
     MenuEntry& Entry(const std::string& control);
@@ -38,9 +41,10 @@ void MDIZOR_Load(MDIZOR& form);
 /// The second half of start-up, when the window stands: the project named on the command line.
 /// Given: commandLine   a path, double quotes in it are dropped; empty: none
 void OpenCommandLine(MDIZOR& form, const std::string& commandLine);
-/// A file dropped on the window. Returned: whether it is of a kind that can be opened so.
-bool CanOpenDropped(const std::string& path);
-void OpenDropped(MDIZOR& form, const std::string& path);
+/// The last step of start-up: data that a crash has left are offered and shown in their editor.
+void OfferLostData(MDIZOR& form);
+/// Loads a project as the command does, without the question for its name.
+void OpenProject(MDIZOR& form, const std::string& path);
 
 /// Commands whose dialog is not in the table of forms, or that nothing carries out, can't be used
 /// and say so. Runs at start-up; to be run again when a form or a command has been added.

@@ -1,7 +1,10 @@
 #include "shell/qt/application.h"
 
 #include "data/frm_comment_input.h"
+#include "data/frm_datedit.h"
+#include "data/frm_import_text.h"
 #include "data/frm_z_cmn_dlg.h"
+#include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
 #include "diagrams/frm_z_graph_2d.h"
 #include "engine/frm_prepare_time_diagram.h"
@@ -13,9 +16,12 @@
 #include "shell/qt/qt_text.h"
 
 #include "ui_frmCommentInput.h"
+#include "ui_frmDatedit.h"
+#include "ui_frmImportText.h"
 #include "ui_frmPrepareTimeDiagram.h"
 #include "ui_frmSimTabelle.h"
 #include "ui_frmZCmnDlg.h"
+#include "ui_frmZXYEditor.h"
 #include "ui_frmZorModel.h"
 #include "ui_frmmatrix.h"
 
@@ -50,6 +56,9 @@ void Application::RegisterForms() {
     DiagramDocument& document = graph;
     Register<frmPrepareTimeDiagram, Ui::frmPrepareTimeDiagram>(WindowPlacement::Stored, document);
     Register<frmSimTabelle, Ui::frmSimTabelle>();
+    auto& data = Register<frmDatedit, Ui::frmDatedit>(WindowPlacement::BesideOthers, document);
+    Register<frmZXYEditor, Ui::frmZXYEditor>(WindowPlacement::BesideOthers, document);
+    Register<frmImportText, Ui::frmImportText>(WindowPlacement::Stored, data);
     auto& files = Register<frmZCmnDlg, Ui::frmZCmnDlg>();
     auto& comment = Register<frmCommentInput, Ui::frmCommentInput>();
 
@@ -72,11 +81,12 @@ void Application::Start(const std::string& commandLine) {
     window_->Open();
     ShowForm(ps_.desktop, record_);
     Binder::PushAll();
-    if (commandLine.empty())
-        return;
     // Boxes that loading may show need the window behind them.
     QTimer::singleShot(0, window_.get(), [this, commandLine] {
-        Binder::Run(nullptr, [&] { OpenCommandLine(record_, commandLine); });
+        Binder::Run(nullptr, [&] {
+            OpenCommandLine(record_, commandLine);
+            OfferLostData(record_);
+        });
     });
 }
 

@@ -357,6 +357,11 @@ void Binder::BindButton(Button& button) {
     auto* const push = qobject_cast<QPushButton*>(widget);
     if (push != nullptr)
         push->setAutoDefault(true); // Enter presses the button that has the focus
+    if (!button.shortcut.empty()) {
+        auto* const key = new QShortcut(QKeySequence(ToQt(button.shortcut)), &root_);
+        key->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(key, &QShortcut::activated, widget, &QAbstractButton::click);
+    }
     pushes_.emplace_back([&button, widget, push] {
         if (const QString text = WithMnemonic(button.text); widget->text() != text)
             widget->setText(text);

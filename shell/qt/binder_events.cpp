@@ -90,6 +90,8 @@ void Binder::BindGrid(Grid& grid) {
                 grid.onHeadClick(column);
         });
     });
+    connect(view, &QAbstractItemView::doubleClicked, this,
+            [&grid] { Run(&grid, grid.onDoubleClick); });
     connect(view, &QWidget::customContextMenuRequested, this,
             [&grid] { Run(&grid, grid.onContextMenu); });
 
@@ -161,6 +163,17 @@ bool Binder::eventFilter(QObject* watched, QEvent* event) {
         return button != nullptr;
     }
     switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        // A field with nothing to take back leaves the keys of undo to its dialog.
+        if (const auto* const line = qobject_cast<const QLineEdit*>(watched)) {
+            const auto& key = static_cast<const QKeyEvent&>(*event);
+            if ((key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
+                (key.matches(QKeySequence::Redo) && !line->isRedoAvailable())) {
+                event->ignore();
+                return true;
+            }
+        }
+        return false;
     case QEvent::FocusIn:
     case QEvent::FocusOut: {
         // A box or a menu that comes between is no leaving and coming back.

@@ -34,6 +34,20 @@ bool GridModel::Refresh() {
             emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
         return true;
     }
+    if (columns == columns_ && rows_ > 0 && rows > 0) { // scroll position and cursor stay
+        if (rows > rows_) {
+            beginInsertRows({}, rows_, rows - 1);
+            rows_ = rows;
+            endInsertRows();
+        } else {
+            beginRemoveRows({}, rows, rows_ - 1);
+            rows_ = rows;
+            endRemoveRows();
+        }
+        emit dataChanged(index(0, 0), index(rows - 1, columns - 1));
+        emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
+        return true;
+    }
     beginResetModel();
     rows_ = rows;
     columns_ = columns;

@@ -4,6 +4,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "shell/commands.h"
+#include "shell/dropped_files.h"
 #include "shell/project_status.h"
 #include "shell/protocol_name.h"
 

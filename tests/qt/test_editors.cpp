@@ -1,0 +1,155 @@
+// The editors of data with real widgets: the grid takes keys, pastes and undo as a user gives them.
+#include "data/frm_datedit.h"
+#include "data/frm_import_text.h"
+#include "data/frm_zxy_editor.h"
+#include "platform/host.h"
+#include "shell/qt/binder.h"
+#include "shell/qt/form_windows.h"
+#include "tests/qt/qt_user.h"
+
+#include "ui_frmDatedit.h"
+#include "ui_frmImportText.h"
+#include "ui_frmZXYEditor.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+namespace zorvant {
+namespace {
+
+class EditorsInWindows : public testing::Test {
+protected:
+    EditorsInWindows() {
+        InitProjectState(ps);
+        area.resize(1270, 760);
+        windows.Add(data, FromUi<Ui::frmDatedit>());
+        windows.Add(points, FromUi<Ui::frmZXYEditor>());
+        windows.Add(import, FromUi<Ui::frmImportText>());
+    }
+    void Open(Form& form) {
+        area.show();
+        area.activateWindow();
+        ShowForm(ps.desktop, form);
+        Binder::PushAll();
+        Settle();
+    }
+    QTableView& Table(Form& form) { return Child<QTableView>(*windows.WidgetOf(form), "Grid"); }
+    static QString Shown(const QTableView& table, int row, int column) {
+        return table.model()->index(row, column).data().toString();
+    }
+
+    ScriptedHost desk;
+    ProjectState ps;
+    DiagramDocument diagram{ps};
+    frmDatedit data{ps, diagram};
+    frmZXYEditor points{ps, diagram};
+    frmImportText import{ps, data};
+    QMdiArea area;
+    FormWindows windows{ps.desktop, area};
+};
+
+TEST_F(EditorsInWindows, TheirLayoutsHoldEveryControlAndFitTheScreen) {
+    EXPECT_THAT(windows.Mismatches(), testing::IsEmpty());
+    for (Form* form : std::initializer_list<Form*>{&data, &points}) {
+        Open(*form);
+        const QSize size = windows.WidgetOf(*form)->minimumSizeHint();
+        EXPECT_LE(size.width(), 1250) << form->name;
+        EXPECT_LE(size.height(), 660) << form->name;
+    }
+}
+
+TEST_F(EditorsInWindows, KeysInACellGoThroughTheFilterIntoTheTable) {
+    ps.ExpData = {
+        {       },
+        {  .t = 1, .cA = 2},
+        { .t = 3, .cA = 4}
+    };
+    ps.ExpPointCount = 2;
+    Open(data);
+    QTableView& table = Table(data);
+    EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("4"));
+    table.setFocus();
+    table.setCurrentIndex(table.model()->index(1, 3));
+    TypeText(table, QStringLiteral("7")); // begins the editing
+    auto* const editor = qobject_cast<QLineEdit*>(table.indexWidget(table.currentIndex()) != nullptr
+                                                      ? table.indexWidget(table.currentIndex())
+                                                      : QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    TypeText(*editor, QStringLiteral(",x5"));
+    PressKey(*editor, Qt::Key_Return);
+    Settle();
+    EXPECT_EQ(ps.ExpData[2].cA, 7.5);
+    EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("7.5"));
+    EXPECT_EQ(Child<QPushButton>(*windows.WidgetOf(data), "cmdUndo").text(),
+              QStringLiteral("Undo entry in line 2"));
+    Child<QPushButton>(*windows.WidgetOf(data), "cmdUndo").click();
+    EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("4"));
+
+    table.model()->setData(table.model()->index(0, 1), Qt::Checked, Qt::CheckStateRole);
+    EXPECT_EQ(ps.ExpData[1].exclude, -1);
+}
+
+TEST_F(EditorsInWindows, PastedRowsAreShownAndTheCursorStays) {
+    Open(data);
+    QTableView& table = Table(data);
+    EXPECT_EQ(table.model()->rowCount(), 1); // "empty list"
+    std::string text;
+    for (int i = 0; i < 10000; ++i)
+        text += std::to_string(i) + "\t" + std::to_string(i) + ",5\r\n";
+    desk.clipboard = text;
+    table.setFocus();
+    const auto start = std::chrono::steady_clock::now();
+    PressKey(table, Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);
+    Settle(); // painted
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    RecordProperty("paste_ms", std::to_string(passed.count() * 1e3));
+    EXPECT_EQ(ps.ExpPointCount, 10000);
+    EXPECT_EQ(table.model()->rowCount(), 10000);
+    EXPECT_EQ(Shown(table, 9999, 3), QStringLiteral("9999.5"));
+    EXPECT_LT(passed.count(), 2.0); // measured: far less; the machine may be busy
+
+    table.setCurrentIndex(table.model()->index(5000, 2));
+    Settle();
+    const int scrolled = table.verticalScrollBar()->value();
+    EXPECT_GT(scrolled, 0);
+    desk.answers = {Answer::Yes};
+    data.Grid.selection = {9990, 0, 9999, 0};
+    Binder::Run(nullptr, [&] { Press(data.cmdErase); });
+    EXPECT_EQ(table.model()->rowCount(), 9990);
+    Binder::Run(nullptr, [&] { Press(data.cmdUndo); });
+    EXPECT_EQ(table.model()->rowCount(), 10000);
+    EXPECT_GT(table.verticalScrollBar()->value(), 0);
+}
+
+TEST_F(EditorsInWindows, TheLastChangeIsTakenBackByItsKeysUnlessAFieldHasSomethingToTakeBack) {
+    Open(points);
+    QWidget& window = *windows.WidgetOf(points);
+    auto& x = Child<QLineEdit>(window, "y_0");
+    x.setFocus();
+    TypeText(x, QStringLiteral("4"));
+    PressKey(x, Qt::Key_Return);
+    PressKey(Child<QLineEdit>(window, "y_1"), Qt::Key_Return);
+    Settle();
+    ASSERT_EQ(ps.XYCount, 1);
+    const auto offers = [&](Qt::KeyboardModifiers modifiers) {
+        QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_Z, modifiers);
+        override.ignore();
+        QCoreApplication::sendEvent(&x, &override);
+        return !override.isAccepted(); // the dialog's keys come into play
+    };
+    EXPECT_TRUE(offers(Qt::ControlModifier));
+    TypeText(x, QStringLiteral("5"));
+    EXPECT_FALSE(offers(Qt::ControlModifier));
+    EXPECT_TRUE(offers(Qt::ControlModifier | Qt::ShiftModifier));
+    const auto keys = window.findChildren<QShortcut*>();
+    const auto undo = std::ranges::find_if(
+        keys, [](const QShortcut* key) { return key->key() == QKeySequence(QKeySequence::Undo); });
+    ASSERT_NE(undo, keys.end());
+    emit(*undo)->activated();
+    EXPECT_EQ(ps.XYCount, 0);
+}
+
+} // namespace
+} // namespace zorvant

@@ -1,0 +1,140 @@
+// The data group of the main window with its real dialogs: dropped files, and unsaved data from the
+// question at the exit, or a crash, to the next start.
+#include "data/frm_datedit.h"
+#include "data/frm_import_text.h"
+#include "data/frm_zxy_editor.h"
+#include "engine/frm_zor_model.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "shell/dropped_files.h"
+#include "tests/temp_folder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+namespace zorvant {
+namespace {
+
+using testing::HasSubstr;
+
+/// One run of the program.
+struct Program {
+    explicit Program(const std::string& folder) {
+        host().programDirectory = folder;
+        for (Form* each : std::initializer_list<Form*>{&window, &model, &data, &points, &import})
+            ps.desktop.forms.push_back(each);
+        ShowForm(ps.desktop, window);
+        OfferLostData(window);
+    }
+    ProjectState ps;
+    DiagramDocument diagram{ps};
+    MDIZOR window{ps};
+    frmZorModel model{ps};
+    frmDatedit data{ps, diagram};
+    frmZXYEditor points{ps, diagram};
+    frmImportText import{ps, data};
+};
+
+class LostData : public testing::Test {
+protected:
+    static void TypeALine(Program& program) {
+        Press(program.window.Entry("mnuNeudat"));
+        Type(program.data.y(0), "3");
+        Type(program.data.y(1), "0.5");
+        Press(program.data.OKinput);
+        program.window.tmrRecovery.onTick();
+    }
+    std::string Put(const std::string& name, const std::string& bytes) {
+        WriteFileAtomically(folder / name, bytes);
+        return folder / name;
+    }
+
+    TempFolder folder;
+    ScriptedHost script;
+};
+
+TEST_F(LostData, SurviveAKilledProgramAndAreShownInTheirEditor) {
+    const pid_t child = fork();
+    if (child == 0) {
+        Program program(folder.Path());
+        TypeALine(program);
+        kill(getpid(), SIGKILL);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFSIGNALED(status));
+
+    script.answers = {Answer::Yes};
+    Program next(folder.Path());
+    ASSERT_EQ(script.boxes.size(), 1U);
+    EXPECT_THAT(script.boxes[0].text, HasSubstr("1 measuring points"));
+    EXPECT_EQ(next.ps.ExpData[1].cA, 0.5);
+    EXPECT_TRUE(next.data.loaded);
+    EXPECT_EQ(next.data.Grid.cells[0][3], "0.5");
+    EXPECT_TRUE(next.window.Entry("mnuEditDat").enabled);
+    EXPECT_LE(next.window.tmrRecovery.interval, 5000);
+    EXPECT_GT(next.window.tmrRecovery.interval, 0);
+}
+
+TEST_F(LostData, CancelAtTheExitKeepsThemTheOtherAnswersDoNot) {
+    for (const Answer answer : {Answer::Cancel, Answer::No}) {
+        script.answers.clear();
+        script.boxes.clear();
+        std::filesystem::remove_all(folder.Path());
+        std::filesystem::create_directory(folder.Path());
+        {
+            Program program(folder.Path());
+            TypeALine(program);
+            EXPECT_TRUE(FileExists(program.window.recovery.Path()));
+            script.answers = {answer};
+            Press(program.window.Entry("mnuExit"));
+            EXPECT_TRUE(script.quitted);
+        }
+        script.answers = {Answer::Yes};
+        Program next(folder.Path());
+        EXPECT_EQ(next.ps.ExpPointCount, answer == Answer::Cancel ? 1 : 0);
+    }
+}
+
+TEST_F(LostData, ACleanExitLeavesNothing) {
+    Program program(folder.Path());
+    TypeALine(program);
+    script.files = {FileChoice{folder / "saved.ZI3"}};
+    Press(program.data.cmdSave);
+    Press(program.window.Entry("mnuExit"));
+    EXPECT_THAT(folder.Names(), testing::UnorderedElementsAre("saved.ZI3", "ZorLastSession.ZC3"));
+}
+
+TEST_F(LostData, DroppedFilesOpenInTheDialogOfTheirKind) {
+    Program program(folder.Path());
+    OpenDropped(program.window, Put("a.zi3", "run\r\nmin\r\nh\r\n1\r\n"
+                                             "5,.5,0,0,0,0,0,0,0,0,0,0,0\r\n"));
+    EXPECT_EQ(program.ps.ExpPointCount, 1);
+    EXPECT_EQ(program.ps.TimeUnitText, "min");
+    EXPECT_EQ(program.data.caption, "Editing öf Experimental Data  (a.zi3)");
+    EXPECT_FALSE(program.ps.ExpDataChanged);
+
+    OpenDropped(program.window, Put("b.XY", "c\r\n1;2\r\n"));
+    EXPECT_EQ(program.ps.XYCount, 1);
+    EXPECT_EQ(program.points.caption, "Loaded: b.XY");
+
+    OpenDropped(program.window, Put("c.csv", "t;c(A)\n1;2,5\n"));
+    EXPECT_TRUE(program.import.loaded);
+    Press(program.import.cmdOK);
+    EXPECT_EQ(program.ps.ExpData[1].cA, 2.5);
+    Press(program.data.cmdUndo); // what the drop replaced is not lost
+    EXPECT_EQ(program.ps.ExpData[1].t, 5);
+    EXPECT_EQ(program.ps.DataFileTitle, "a.zi3");
+
+    EXPECT_FALSE(CanOpenDropped(Put("d.png", "")));
+    OpenDropped(program.window, folder / "d.png");
+    EXPECT_TRUE(script.boxes.empty());
+}
+
+} // namespace
+} // namespace zorvant
