@@ -18,7 +18,8 @@ constexpr const char* kEmptyList = "empty list";
 constexpr int kEnzymeModel = 10;
 /// Columns of the list: number, mark, then the values.
 constexpr int kMarkColumn = 1, kFirstValue = 2, kGridColumns = kFirstValue + kExpColumns;
-constexpr int kNumberWidth = 5, kMarkWidth = 4, kValueWidth = 14;
+/// Widths in characters; all columns have room beside each other, and the user can widen them.
+constexpr int kNumberWidth = 4, kMarkWidth = 4, kTimeWidth = 11, kValueWidth = 9;
 constexpr std::string_view kExclude = "-1";
 
 using Heads = std::array<std::string, 6>;
@@ -146,17 +147,29 @@ void ShowHistory(frmDatedit& form) {
 }
 
 /// Changes that came from elsewhere (another project, new data) can't be taken back here.
-void ForgetForeignChanges(frmDatedit& form, const TableSnapshot& now) {
+/// Returned: whether there were any.
+bool ForgetForeignChanges(frmDatedit& form, const TableSnapshot& now) {
     if (now == form.known)
-        return;
+        return false;
     form.history.Clear();
     form.known = now;
     if (!form.ps.ExpDataChanged)
         form.saved = form.known;
     ShowHistory(form);
+    return true;
 }
-void ForgetForeignChanges(frmDatedit& form) {
-    ForgetForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows).table);
+
+/// Shows the table when it was changed elsewhere.
+void TakeForeignChanges(frmDatedit& form) {
+    if (form.changing ||
+        !ForgetForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows).table))
+        return;
+    form.txtComment.text = form.ps.ExpComment;
+    form.lambda_infin.text = GeneralText(form.ps.LambdaInf);
+    FillGrid(form);
+    SetEditMode(form, form.ps.ExpPointCount > 0);
+    SetHeading(form,
+               form.EditMode ? "Editing öf Experimental Data  " : "Input of Experimental Points  ");
 }
 
 void Form_Load(frmDatedit& form) {
@@ -169,7 +182,7 @@ void Form_Load(frmDatedit& form) {
     form.Lbl6.visible = false;
     form.CurrentRow = 1;
     form.NoteDue = true;
-    ForgetForeignChanges(form);
+    ForgetForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows).table);
     if (!ps.ExpDataChanged) {
         form.saved = form.known;
         form.textsChanged = false;
@@ -242,6 +255,7 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
     Grid.columnWidths.assign(kGridColumns, kValueWidth);
     Grid.columnWidths[0] = kNumberWidth;
     Grid.columnWidths[kMarkColumn] = kMarkWidth;
+    Grid.columnWidths[kFirstValue] = kTimeWidth;
     Grid.checkColumns = {false, true};
     Grid.editableColumns.assign(kGridColumns, true);
     Grid.editableColumns[0] = Grid.editableColumns[kMarkColumn] = false;
@@ -260,16 +274,15 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
 
     onLoad = [this] { Form_Load(*this); };
     onUnload = [this] { Form_Unload(*this); };
-    onActivate = [this] { ForgetForeignChanges(*this); };
-    onModelChanged = [this] { FuGridHeads(*this); };
+    onActivate = [this] { TakeForeignChanges(*this); };
+    onModelChanged = [this] {
+        TakeForeignChanges(*this);
+        FuGridHeads(*this);
+    };
     onTimeUnitChanged = [this] {
-        if (changing)
-            return;
-        ForgetForeignChanges(*this);
+        TakeForeignChanges(*this);
         optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
         FuGridHeads(*this);
-        FillGrid(*this);
-        ShowInputLine(*this);
     };
     for (int box = 0; box < kExpColumns; ++box) {
         y(box).onKeyPress = [this, box](int& key) { y_KeyPress(*this, box, key); };
@@ -437,7 +450,7 @@ void MakeChange(frmDatedit& form, const std::string& name, ExpTableState::Extent
 }
 
 void cmdUndo_Click(frmDatedit& form) {
-    ForgetForeignChanges(form);
+    TakeForeignChanges(form);
     const auto* const step = form.history.ToUndo();
     if (step == nullptr) {
         host().beep();
@@ -449,7 +462,7 @@ void cmdUndo_Click(frmDatedit& form) {
 }
 
 void cmdRedo_Click(frmDatedit& form) {
-    ForgetForeignChanges(form);
+    TakeForeignChanges(form);
     const auto* const step = form.history.ToRedo();
     if (step == nullptr) {
         host().beep();

@@ -119,8 +119,11 @@ void MakeChange(frmDatedit& form, const std::string& name, ExpTableState::Extent
 bool PutNumbers(frmDatedit& form, const TableNumbers& numbers, const std::vector<int>& columns,
                 int firstRow, const std::string& name);
 /// The same for a table that is emptied before, as one step.
+/// Given: timeUnit: word of the unit that the times are in; empty: the present one. As when a file is
+///        loaded nothing is converted
 bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
-                      const std::vector<int>& columns, const std::string& name);
+                      const std::vector<int>& columns, const std::string& name,
+                      const std::string& timeUnit);
 /// Loads a data file into the editor as "NEW data" does, without the question for its name.
 void LoadIntoEditor(frmDatedit& form, const std::string& path);
 

@@ -284,7 +284,8 @@ bool PutNumbers(frmDatedit& form, const TableNumbers& numbers, const std::vector
 }
 
 bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
-                      const std::vector<int>& columns, const std::string& name) {
+                      const std::vector<int>& columns, const std::string& name,
+                      const std::string& timeUnit) {
     if (!HaveRoom(numbers.Rows()))
         return false;
     ProjectState& ps = form.ps;
@@ -292,9 +293,14 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.DataFileTitle.clear();
+        if (!timeUnit.empty()) {
+            ps.TimeUnitText = timeUnit;
+            ps.TimeUnitOldIdx = TimeUnitIndex(timeUnit);
+        }
         WriteNumbers(ps, numbers, columns, 1);
     });
     form.saved = {};
+    form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
     form.EditMode = true;
     form.CurrentRow = 1;
     form.Grid.row = 0;

@@ -1,6 +1,7 @@
 #include "data/frm_import_text.h"
 
 #include "data/pasted_table.h"
+#include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -68,6 +69,21 @@ int FieldOfHead(const std::string& head) {
                 return row.field;
         }
     return -1;
+}
+
+/// The time unit that the head of the column of times names: "Time/min", "t [h]"; empty: none.
+std::string UnitOfTimes(const frmImportText& form) {
+    const int column = form.cmbField(kExpTime).index - 1;
+    if (column < 0 || Index(column) >= form.guess.heads.size())
+        return {};
+    const std::string& head = form.guess.heads[Index(column)];
+    const std::size_t at = head.find_first_of("/[(");
+    if (at == std::string::npos)
+        return {};
+    std::string word = Trim(head.substr(at + 1));
+    while (word.ends_with(']') || word.ends_with(')'))
+        word.pop_back();
+    return std::ranges::find(kTimeUnits, word) == kTimeUnits.end() ? std::string() : word;
 }
 
 std::size_t ColumnsOf(const TableNumbers& numbers) {
@@ -162,6 +178,8 @@ void ShowNumbers(frmImportText& form) {
     }
     ++grid.revision;
     std::string count = std::to_string(form.numbers.Rows()) + " rows";
+    if (const std::string unit = UnitOfTimes(form); !unit.empty())
+        count += "; times in " + unit;
     if (form.numbers.badCells > 0)
         count += "; " + std::to_string(form.numbers.badCells) +
                  " cells are no numbers and count as 0, first in line " +
@@ -312,7 +330,7 @@ void cmdOK_Click(frmImportText& form) {
         ShowForm(form.ps.desktop, editor);
     const bool done =
         append ? PutNumbers(editor, numbers, columns, form.ps.ExpPointCount + 1, "importing")
-               : ReplaceByNumbers(editor, numbers, columns, "importing");
+               : ReplaceByNumbers(editor, numbers, columns, "importing", UnitOfTimes(form));
     if (!done)
         return;
     UnloadForm(form.ps.desktop, form);

@@ -1,6 +1,7 @@
 #include "shell/qt/main_window.h"
 
 #include "platform/host.h"
+#include "shell/dropped_files.h"
 #include "shell/qt/help_viewer.h"
 #include "shell/qt/menus.h"
 #include "shell/qt/qt_text.h"

@@ -387,10 +387,16 @@ TEST_F(DataEditor, AFailedLoadCanBeTakenBackAndForeignChangesEndTheHistory) {
     EXPECT_EQ(ps.ExpPointCount, 1);
     EXPECT_EQ(ps.ExpData[1].cA, 2);
 
-    FuClearExpData(ps); // another project was loaded
-    Press(editor.cmdUndo);
-    EXPECT_EQ(ps.ExpPointCount, 0);
+    ps.ExpData = {{}, {.t = 8}, {.t = 9}}; // another project was loaded
+    ps.ExpPointCount = 2;
+    ps.ExpDataChanged = false;
+    FuCheckExpData(ps);
+    EXPECT_EQ(Cell(1, 2), "9"); // and is shown
     EXPECT_FALSE(editor.cmdUndo.enabled);
+    Edit(1, 2, "7");
+    Press(editor.cmdUndo);
+    EXPECT_THAT(Times(), ElementsAre(8, 9));
+    EXPECT_FALSE(ps.ExpDataChanged);
 }
 
 TEST_F(DataEditor, DrawsOnlyWhatIsThereAndActive) {

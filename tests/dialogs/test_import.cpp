@@ -70,6 +70,7 @@ TEST_F(ImportText, FindsHowAFileIsToBeReadAndWhereItsColumnsBelong) {
         EXPECT_TRUE(editor.loaded);
         EXPECT_EQ(editor.cmdUndo.text, "Undo importing");
     }
+    EXPECT_EQ(ps.TimeUnitText, "min"); // the first heading said so, the others say nothing
     EXPECT_TRUE(bench.host.boxes.empty());
     EXPECT_TRUE(ps.ExpDataChanged);
 }

@@ -1,11 +1,12 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER
+//     zorvant_tour FOLDER [editors]    with "editors" those of data alone
 #include "diagrams/diagram_document.h"
 #include "engine/calc_dialog.h"
 #include "engine/frm_zor_model.h"
 #include "platform/host.h"
+#include "shell/dropped_files.h"
 #include "shell/qt/application.h"
 #include "shell/qt/binder.h"
 
@@ -84,6 +85,44 @@ public:
         Close("frmZGraph2D");
         MichaelisMenten();
         EveryOtherCommand();
+        Editors();
+    }
+
+    /// The editors of data and the import, with measured values in them.
+    void Editors() {
+        Close("frmZorModel");
+        QTemporaryDir files;
+        QFile text(files.filePath(QStringLiteral("run.csv")));
+        if (text.open(QIODevice::WriteOnly)) {
+            text.write("Hydrolysis, 25 degrees\nTime/min;c(A)/(mol/L);lambda\n");
+            for (int i = 0; i < 40; ++i)
+                text.write(qPrintable(
+                    QStringLiteral("%1;0,%2;%3,5\n").arg(i * 5).arg(9000 - i * 211).arg(100 + i)));
+            text.close();
+        }
+        const std::string path = text.fileName().toStdString();
+        QTimer::singleShot(800, &program_.window(), [this] { // the dialog is modal
+            if (QWidget* const dialog = QApplication::activeModalWidget()) {
+                dialog->grab().save(folder_.filePath(QStringLiteral("import.png")));
+                Click("frmImportText", "cmdOK");
+            }
+        });
+        Binder::Run(nullptr, [&] { OpenDropped(program_.record(), path); });
+        Picture(QStringLiteral("data_editor"));
+        Click("frmDatedit", "TSort");
+        Click("frmDatedit", "cmdAus");
+        Click("frmDatedit", "cmdDraw_ct");
+        Picture(QStringLiteral("data_editor_with_points"));
+        Close("frmZGraph2D");
+        Close("frmDatedit");
+        Command("mnuEditXY");
+        Picture(QStringLiteral("xy_editor_empty"));
+        host().clipboardText = [] { return std::string("1\t2.5\n2\t4.1\n3\t5.2\n4\t5.9\n"); };
+        Click("frmZXYEditor", "cmdClipEinfuegen");
+        Click("frmZXYEditor", "cmdManip");
+        Picture(QStringLiteral("xy_editor"));
+        Click("frmZXYEditor", "cmdDrawManu");
+        Picture(QStringLiteral("xy_editor_with_curve"));
     }
 
     void MichaelisMenten() {
@@ -120,8 +159,8 @@ private:
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    if (argc != 2) {
-        std::fputs("zorvant_tour FOLDER\n", stderr);
+    if (argc < 2) {
+        std::fputs("zorvant_tour FOLDER [editors]\n", stderr);
         return 2;
     }
     QDir folder(QString::fromLocal8Bit(argv[1]));
@@ -133,6 +172,10 @@ int main(int argc, char** argv) {
         return Answer::Ok;
     };
     program.Start("");
-    Tour(program, folder).Run();
+    Tour tour(program, folder);
+    if (argc > 2 && std::string_view(argv[2]) == "editors")
+        tour.Editors();
+    else
+        tour.Run();
     return 0;
 }
