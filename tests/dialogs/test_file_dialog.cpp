@@ -4,6 +4,7 @@
 #include "data/project_file.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "tests/temp_folder.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -17,7 +18,6 @@ namespace fs = std::filesystem;
 struct FileDialogTest : testing::Test {
     FileDialogTest() {
         InitProjectState(ps);
-        fs::remove_all(folder);
         fs::create_directories(folder / "older");
         WriteFileAtomically((folder / "run.ZI3").string(),
                             "run 12\r\nmin\r\nhead\r\n1\r\n0,1,0,0,0,0,0,0,0,0,0,0,0\r\n");
@@ -45,7 +45,8 @@ struct FileDialogTest : testing::Test {
     ProjectState ps;
     frmZCmnDlg dialog{ps};
     FileQuestion question;
-    const fs::path folder = fs::path(testing::TempDir()) / "zorvant_files";
+    const TempFolder temp; // tests run side by side
+    const fs::path folder = fs::path(temp.Path()).parent_path();
 };
 
 TEST_F(FileDialogTest, ShowsWhatAFileHoldsAndLeavesTheProjectAsItIs) {
