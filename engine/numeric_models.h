@@ -279,7 +279,8 @@ template <int N, class F> [[gnu::always_inline]] inline void ForEach(F&& f) {
     (std::make_integer_sequence<int, N>{});
 }
 
-/// One step of the classical scheme of fourth order.
+/// One step of the classical scheme of fourth order. Half of K = h f is formed as (h/2) f: the same
+/// number, as long as h f is not below 1e-307, without waiting for K.
 template <class Law, class Real>
 [[gnu::always_inline]] inline void StepRK4(const Law& law, Real* y, Real h) {
     constexpr int n = kSizeOf<Law>;
@@ -350,7 +351,7 @@ template <class Law>
 template <class Law> struct TwoRuns { StateOf<Law> coarse, fine; };
 
 /// Both runs at once: nSteps of hCoarse and 2 nSteps of hFine. When the coarse one leaves the range
-/// of numbers both end early, not finite: whoever compares them must refine anyway.
+/// of numbers both end early, not finite: whoever compares them has to refine anyway.
 template <class Law>
 [[gnu::always_inline]] inline TwoRuns<Law> RunTwoRK4(const Law& law, const StateOf<Law>& start,
                                                      int nSteps, double hCoarse, double hFine) {

@@ -112,16 +112,17 @@ public:
         : rows_(tables, {Slot(0), Slot(1)}), more_(tables, {Slot(2), Slot(3)}) {}
     [[gnu::always_inline]] void Add(double x, const StateOf<Law>& y) {
         rows_.Add(x, Pair{y[0], y[1]});
-        if constexpr (kSizeOf < Law >> 2)
+        if constexpr (kTwoPairs)
             more_.Add(x, Pair{y[2], y.back()});
     }
     void Finish() {
         rows_.Finish();
-        if constexpr (kSizeOf < Law >> 2)
+        if constexpr (kTwoPairs)
             more_.Finish();
     }
 
 private:
+    static constexpr bool kTwoPairs = Law::kSlots.size() > 2;
     static constexpr std::size_t Slot(std::size_t i) {
         return static_cast<std::size_t>(Law::kSlots[std::min(i, Law::kSlots.size() - 1)]);
     }
