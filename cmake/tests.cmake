@@ -33,8 +33,12 @@ if(TARGET test_reactors) # searches and curves likewise
 endif()
 zorvant_tests(residence zorvant_residence)
 zorvant_tests(evaluation zorvant_evaluation)
-if(TARGET test_evaluation)
-  target_sources(test_evaluation PRIVATE ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+if(TARGET test_evaluation) # the fits likewise
+  target_sources(test_evaluation PRIVATE
+    ${CMAKE_SOURCE_DIR}/bench/reference/course_reference.cpp
+    ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
+    ${CMAKE_SOURCE_DIR}/bench/reference/fit_reference.cpp
+    ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
 endif()
 # The table of agreeing digits in docs/numerics.md.
 add_executable(certify_fits EXCLUDE_FROM_ALL ${CMAKE_SOURCE_DIR}/tools/certify_fits.cpp)

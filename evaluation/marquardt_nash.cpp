@@ -3,8 +3,8 @@
 
 #include "engine/arithmetic.h"
 
+#include <algorithm>
 #include <cmath>
-#include <memory>
 #include <stdexcept>
 #include <vector>
 
@@ -38,6 +38,23 @@ constexpr std::size_t At(int i) {
 }
 constexpr std::size_t At(int i, int j) {
     return static_cast<std::size_t>(i * (i - 1) / 2 + j);
+}
+
+/// Room for the vectors that are announced: probes on both sides of every parameter.
+using Announced = std::array<FitVector, 2 * kMaxFitParameters>;
+
+/// The vectors of the forward differences at b, one for each wanted parameter.
+/// Returned: how many
+template <class Wanted>
+std::size_t ShiftVectors(int n, const FitVector& b, Wanted wanted, Announced& shifted) {
+    std::size_t count = 0;
+    for (int j = 1; j <= n; ++j) {
+        if (!wanted(j))
+            continue;
+        shifted[count] = b;
+        shifted[count++][At(j)] += DerivativeStep(b[At(j)]);
+    }
+    return count;
 }
 
 struct NormalSystem {
@@ -75,6 +92,7 @@ public:
     void Run() {
         MoveIntoBounds();
         double f = 0;
+        AnnounceJacobian();
         if (!calcFQS_Marquardt(f))
             return;
         bool moving = true;
@@ -84,17 +102,24 @@ public:
             if (!BuildJacobian())
                 return;
             // Steps from here, each shorter than the last, until one lowers F or none moves.
+            int steps = 0;
             for (bool lowered = false; moving && !lowered;) {
-                if (Direction()) {
-                    moving = Move() != freeCount_;
+                const Trial trial = TrialAt(lambda_);
+                if (trial.usable) {
+                    param_ = trial.param;
+                    moving = trial.unmoved != freeCount_;
                     if (!moving)
                         break;
+                    if (steps++ == 0)
+                        AnnounceJacobian();
+                    else
+                        AnnounceShorterSteps();
                     if (!calcFQS_Marquardt(f))
                         return;
                     lowered = f < run_.sumSquares;
                 }
                 if (!lowered)
-                    Damp();
+                    lambda_ = Damped(lambda_);
             }
             if (moving)
                 HoldAtBounds();
@@ -185,59 +210,135 @@ private:
         return true;
     }
 
-    /// The damped step. Returned: false when the matrix is singular or the step leads uphill.
-    bool Direction() {
-        PackedMatrix a{};
-        for (int i = 1; i <= n_; ++i) {
-            for (int j = 1; j < i; ++j)
-                a[At(i, j)] = normal_[At(i, j)];
-            a[At(i, i)] = Finite((lambda_ + 1) * normal_[At(i, i)] + lambda_ * kPhi);
-            delta_[At(i)] = -gradient_[At(i)];
-        }
-        bool singular = false;
-        FuCholZerlegung(n_, a, mask_, singular);
-        if (singular)
-            return false;
-        FuCholLoesung(n_, a, mask_, delta_);
+    /// A damped step from the accepted point.
+    struct Trial {
+        bool usable = false; ///< not where the matrix is singular or the step leads uphill
+        int unmoved = 0;     ///< parameters that stay
+        FitVector param{};
+    };
+    Trial TrialAt(double lambda) const {
+        PackedMatrix damped = normal_;
+        for (int i = 1; i <= n_; ++i)
+            damped[At(i, i)] = Finite((lambda + 1) * normal_[At(i, i)] + lambda * kPhi);
+        Trial trial;
+        FitVector delta{};
+        FitVector mask = mask_;
+        do { // a parameter that would leave its bound at once is held, and the others solved for
+            PackedMatrix a = damped;
+            bool singular = false;
+            FuCholZerlegung(n_, a, mask, singular);
+            if (singular)
+                return trial;
+            for (int i = 1; i <= n_; ++i)
+                delta[At(i)] = -gradient_[At(i)];
+            FuCholLoesung(n_, a, mask, delta);
+            for (int i = 1; i <= n_; ++i) {
+                if (mask[At(i)] != kFree)
+                    delta[At(i)] = 0;
+                Finite(delta[At(i)]);
+            }
+        } while (HoldOutward(delta, mask));
         double slope = 0;
-        for (int i = 1; i <= n_; ++i) {
-            if (mask_[At(i)] != kFree)
-                delta_[At(i)] = 0;
-            slope += Finite(delta_[At(i)]) * gradient_[At(i)];
-        }
-        return !(Finite(slope) > 0);
+        for (int i = 1; i <= n_; ++i)
+            slope += delta[At(i)] * gradient_[At(i)];
+        trial.usable = !(Finite(slope) > 0);
+        Move(delta, trial);
+        return trial;
     }
 
-    /// Goes along the step as far as the bounds allow. Returned: how many parameters stayed.
-    int Move() {
+    /// Masks the parameters that stand on a bound and would step over it. Returned: whether any did.
+    bool HoldOutward(const FitVector& delta, FitVector& mask) const {
+        bool any = false;
+        for (int i = 1; i <= n_; ++i) {
+            const double p = accepted_[At(i)];
+            const bool below = delta[At(i)] < 0 && p == limits_.lower[At(i)];
+            const bool above = delta[At(i)] > 0 && p == limits_.upper[At(i)];
+            if (below || above) {
+                mask[At(i)] = below ? kAtLower : kAtUpper;
+                any = true;
+            }
+        }
+        return any;
+    }
+
+    /// Goes along the step as far as the bounds allow. Who limits it ends on its bound, not a rounding
+    /// beside it, where it would stop every further step.
+    void Move(const FitVector& delta, Trial& trial) const {
+        FitVector bound{}, toBound{};
         double length = 1;
         for (int i = 1; i <= n_; ++i) {
-            const double delta = delta_[At(i)];
-            if (delta == 0)
+            if (delta[At(i)] == 0)
                 continue;
-            const double bound = delta > 0 ? limits_.upper[At(i)] : limits_.lower[At(i)];
-            const double toBound = (bound - accepted_[At(i)]) / delta;
-            if (toBound <= length)
-                length = toBound;
+            bound[At(i)] = delta[At(i)] > 0 ? limits_.upper[At(i)] : limits_.lower[At(i)];
+            toBound[At(i)] = (bound[At(i)] - accepted_[At(i)]) / delta[At(i)];
+            if (toBound[At(i)] <= length)
+                length = toBound[At(i)];
         }
-        int unmoved = 0;
+        trial.param = accepted_;
         for (int i = 1; i <= n_; ++i) {
             if (mask_[At(i)] == kFixed)
                 continue;
             const double old = accepted_[At(i)];
-            param_[At(i)] = old + length * delta_[At(i)];
-            if (old + kRelTest == param_[At(i)] + kRelTest) {
-                param_[At(i)] = old;
-                ++unmoved;
-            }
+            const bool limiting = delta[At(i)] != 0 && toBound[At(i)] <= length;
+            const double moved = limiting ? bound[At(i)] : old + length * delta[At(i)];
+            if (old + kRelTest == moved + kRelTest)
+                ++trial.unmoved;
+            else
+                trial.param[At(i)] = moved;
         }
-        return unmoved;
     }
 
-    void Damp() {
-        lambda_ = Finite(lambda_ * kIncrease);
-        if (lambda_ <= 0)
-            lambda_ = kMachineEps;
+    static double Damped(double lambda) {
+        const double raised = Finite(lambda * kIncrease);
+        return raised <= 0 ? kMachineEps : raised;
+    }
+
+    /// Tells the problem what follows the present vector when it is accepted, as first steps mostly
+    /// are: the shifts of its Jacobian.
+    void AnnounceJacobian() {
+        if (problem_.Lanes() < 2)
+            return;
+        Announced next;
+        const auto isMovable = [&](int j) { return mask_[At(j)] != kFixed; };
+        const std::size_t count = ShiftVectors(n_, param_, isMovable, next);
+        problem_.Announce({next.data(), count});
+    }
+
+    /// Tells the problem what follows the present trial when it is rejected, as it mostly is after
+    /// another: shorter and shorter steps.
+    void AnnounceShorterSteps() {
+        Announced next;
+        const std::size_t most =
+            std::min(next.size(), static_cast<std::size_t>(problem_.Lanes() - 1));
+        std::size_t count = 0;
+        try {
+            for (double lambda = lambda_; count < most; ++count) {
+                lambda = Damped(lambda);
+                const Trial trial = TrialAt(lambda);
+                if (!trial.usable || trial.unmoved == freeCount_)
+                    break;
+                next[count] = trial.param;
+            }
+        } catch (const ArithmeticError&) { // the run may end before it comes to that
+        }
+        problem_.Announce({next.data(), count});
+    }
+
+    /// The probes from parameter i on, as they are while none lies lower.
+    void AnnounceProbes(int i, double shift) {
+        if (problem_.Lanes() < 2)
+            return;
+        Announced next;
+        std::size_t count = 0;
+        for (; i <= n_; ++i) {
+            const double p = accepted_[At(i)];
+            const double step = (std::fabs(p) + shift) * shift;
+            for (const double probe : {p - step, step + p}) {
+                next[count] = param_;
+                next[count++][At(i)] = probe;
+            }
+        }
+        problem_.Announce({next.data(), count});
     }
 
     void HoldAtBounds() {
@@ -293,6 +394,7 @@ private:
             if (mask_[At(i)] == kFixed)
                 continue;
             const double step = (std::fabs(accepted_[At(i)]) + shift) * shift;
+            AnnounceProbes(i, shift);
             param_[At(i)] = accepted_[At(i)] - step;
             if (!(param_[At(i)] < limits_.lower[At(i)]) && !probe(i))
                 return;
@@ -315,7 +417,6 @@ private:
     std::vector<double> columns_;   ///< the Jacobian, one parameter behind the other
     FitVector mask_{};
     FitVector accepted_{};
-    FitVector delta_{};
     FitVector gradient_{};
     PackedMatrix normal_{};
     int freeCount_ = 0;
@@ -331,14 +432,16 @@ double DerivativeStep(double p) {
 void LeastSquaresProblem::CalcAbleitungen(int n, const FitVector& b, const double* res,
                                           const JacobianColumns& columns) {
     const int count = Count();
+    Announced shifted;
+    const auto isWanted = [&](int j) { return columns[At(j)] != nullptr; };
+    Announce({shifted.data(), ShiftVectors(n, b, isWanted, shifted)});
+    std::size_t next = 0;
     for (int j = 1; j <= n; ++j) {
         double* column = columns[At(j)];
         if (column == nullptr)
             continue;
         const double h = DerivativeStep(b[At(j)]);
-        FitVector shifted = b;
-        shifted[At(j)] += h;
-        CalcResiduals(shifted, column);
+        CalcResiduals(shifted[next++], column);
         for (int i = 0; i < count; ++i)
             column[i] = (column[i] - res[i]) / h;
     }

@@ -11,6 +11,11 @@ std::size_t At(int i) {
     return static_cast<std::size_t>(i);
 }
 
+/// While a fit looks for the order, the second constant is the order, in double.
+double OrderOf(const ProjectState& ps) {
+    return ps.FitMode == 2 ? ps.k[2] : static_cast<double>(ps.OrderN);
+}
+
 } // namespace
 
 void FuDerivatives(const ProjectState& ps, const Vector& y, Vector& dydt) {
@@ -59,7 +64,7 @@ void FuDerivatives(const ProjectState& ps, const Vector& y, Vector& dydt) {
     case 20:
         if (y[1] < 0)
             break;
-        dydt[1] = OrderRate(-k1, y[1], static_cast<double>(ps.OrderN));
+        dydt[1] = OrderRate(-k1, y[1], OrderOf(ps));
         dydt[2] = -dydt[1];
         break;
     default:
