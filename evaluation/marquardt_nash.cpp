@@ -3,7 +3,6 @@
 
 #include "engine/arithmetic.h"
 
-#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 #include <vector>
@@ -38,23 +37,6 @@ constexpr std::size_t At(int i) {
 }
 constexpr std::size_t At(int i, int j) {
     return static_cast<std::size_t>(i * (i - 1) / 2 + j);
-}
-
-/// Room for the vectors that are announced: probes on both sides of every parameter.
-using Announced = std::array<FitVector, 2 * kMaxFitParameters>;
-
-/// The vectors of the forward differences at b, one for each wanted parameter.
-/// Returned: how many
-template <class Wanted>
-std::size_t ShiftVectors(int n, const FitVector& b, Wanted wanted, Announced& shifted) {
-    std::size_t count = 0;
-    for (int j = 1; j <= n; ++j) {
-        if (!wanted(j))
-            continue;
-        shifted[count] = b;
-        shifted[count++][At(j)] += DerivativeStep(b[At(j)]);
-    }
-    return count;
 }
 
 struct NormalSystem {
@@ -92,7 +74,6 @@ public:
     void Run() {
         MoveIntoBounds();
         double f = 0;
-        AnnounceJacobian();
         if (!calcFQS_Marquardt(f))
             return;
         bool moving = true;
@@ -102,7 +83,6 @@ public:
             if (!BuildJacobian())
                 return;
             // Steps from here, each shorter than the last, until one lowers F or none moves.
-            int steps = 0;
             for (bool lowered = false; moving && !lowered;) {
                 const Trial trial = TrialAt(lambda_);
                 if (trial.usable) {
@@ -110,10 +90,6 @@ public:
                     moving = trial.unmoved != freeCount_;
                     if (!moving)
                         break;
-                    if (steps++ == 0)
-                        AnnounceJacobian();
-                    else
-                        AnnounceShorterSteps();
                     if (!calcFQS_Marquardt(f))
                         return;
                     lowered = f < run_.sumSquares;
@@ -293,54 +269,6 @@ private:
         return raised <= 0 ? kMachineEps : raised;
     }
 
-    /// Tells the problem what follows the present vector when it is accepted, as first steps mostly
-    /// are: the shifts of its Jacobian.
-    void AnnounceJacobian() {
-        if (problem_.Lanes() < 2)
-            return;
-        Announced next;
-        const auto isMovable = [&](int j) { return mask_[At(j)] != kFixed; };
-        const std::size_t count = ShiftVectors(n_, param_, isMovable, next);
-        problem_.Announce({next.data(), count});
-    }
-
-    /// Tells the problem what follows the present trial when it is rejected, as it mostly is after
-    /// another: shorter and shorter steps.
-    void AnnounceShorterSteps() {
-        Announced next;
-        const std::size_t most =
-            std::min(next.size(), static_cast<std::size_t>(problem_.Lanes() - 1));
-        std::size_t count = 0;
-        try {
-            for (double lambda = lambda_; count < most; ++count) {
-                lambda = Damped(lambda);
-                const Trial trial = TrialAt(lambda);
-                if (!trial.usable || trial.unmoved == freeCount_)
-                    break;
-                next[count] = trial.param;
-            }
-        } catch (const ArithmeticError&) { // the run may end before it comes to that
-        }
-        problem_.Announce({next.data(), count});
-    }
-
-    /// The probes from parameter i on, as they are while none lies lower.
-    void AnnounceProbes(int i, double shift) {
-        if (problem_.Lanes() < 2)
-            return;
-        Announced next;
-        std::size_t count = 0;
-        for (; i <= n_; ++i) {
-            const double p = accepted_[At(i)];
-            const double step = (std::fabs(p) + shift) * shift;
-            for (const double probe : {p - step, step + p}) {
-                next[count] = param_;
-                next[count++][At(i)] = probe;
-            }
-        }
-        problem_.Announce({next.data(), count});
-    }
-
     void HoldAtBounds() {
         const auto near = [](double gap, double bound) {
             return gap <= (std::fabs(bound) + kMachineEps) * kMachineEps;
@@ -394,7 +322,6 @@ private:
             if (mask_[At(i)] == kFixed)
                 continue;
             const double step = (std::fabs(accepted_[At(i)]) + shift) * shift;
-            AnnounceProbes(i, shift);
             param_[At(i)] = accepted_[At(i)] - step;
             if (!(param_[At(i)] < limits_.lower[At(i)]) && !probe(i))
                 return;
@@ -432,16 +359,14 @@ double DerivativeStep(double p) {
 void LeastSquaresProblem::CalcAbleitungen(int n, const FitVector& b, const double* res,
                                           const JacobianColumns& columns) {
     const int count = Count();
-    Announced shifted;
-    const auto isWanted = [&](int j) { return columns[At(j)] != nullptr; };
-    Announce({shifted.data(), ShiftVectors(n, b, isWanted, shifted)});
-    std::size_t next = 0;
     for (int j = 1; j <= n; ++j) {
         double* column = columns[At(j)];
         if (column == nullptr)
             continue;
         const double h = DerivativeStep(b[At(j)]);
-        CalcResiduals(shifted[next++], column);
+        FitVector shifted = b;
+        shifted[At(j)] += h;
+        CalcResiduals(shifted, column);
         for (int i = 0; i < count; ++i)
             column[i] = (column[i] - res[i]) / h;
     }

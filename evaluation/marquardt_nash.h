@@ -8,7 +8,6 @@
 #pragma once
 
 #include <array>
-#include <span>
 #include <string>
 
 namespace zorvant {
@@ -65,11 +64,6 @@ public:
     /// Formula:  forward difference (res(b(j) + h) - res(b)) / h with h = DerivativeStep(b(j))
     virtual void CalcAbleitungen(int n, const FitVector& b, const double* res,
                                  const JacobianColumns& columns);
-
-    /// How many vectors the problem can work on at once; above 1 it is told what is to come.
-    virtual int Lanes() const { return 1; }
-    /// The vectors that will probably be asked for next, the likeliest first.
-    virtual void Announce(std::span<const FitVector>) {}
 };
 
 /// Cholesky decomposition in place of a packed matrix; rows whose mask is not above 0 are left out.
