@@ -32,12 +32,12 @@ double PowerOfTwo(int e) {
     return std::ldexp(1.0, e);
 }
 
-/// The binary exponent of the largest of some values; of 1 when all are 0.
+/// The binary exponent of the largest of some values; of 1 when all are 0 or one is no number.
 int LargestExponent(std::initializer_list<double> values) {
     double largest = 0;
     for (const double value : values)
         largest = std::max(largest, std::abs(value));
-    return largest == 0 ? 0 : std::ilogb(largest);
+    return largest == 0 || !std::isfinite(largest) ? 0 : std::ilogb(largest);
 }
 
 } // namespace

@@ -205,6 +205,8 @@ HalfLife Failed(const char* text, const char* title) {
 
 HalfLife Evaluate(Formula formula, const Start& start, const char* errorTitle) {
     try {
+        for (const double x : {start.A0, start.B0, start.P0, start.k1, start.k2})
+            Finite(x);
         const Outcome outcome = formula(start);
         if (outcome.kind == Beep)
             return {0, true, std::nullopt};
