@@ -275,60 +275,56 @@ struct Yield {
     double perX1 = 0;
     double perX2 = 0;
 };
+using Yields = std::array<Yield, 5>; // A, B, C, P, Q
+constexpr Yield kNone{}, kUsed{-1, 0}, kMade{1, 0};
+constexpr Yield kUsedTwice{-1, -1}, kBetween{1, -1}, kMadeSecond{0, 1};
+
+constexpr Yields kAToP{kUsed, kNone, kNone, kMade, kNone};
+constexpr Yields kTwoAToP{
+    Yield{-2, 0},
+    kNone, kNone, kMade, kNone
+};
+constexpr Yields kAToPAndQ{kUsed, kNone, kNone, kMade, kMade};
+constexpr Yields kAToCToP{kUsed, kNone, kBetween, kMadeSecond, kNone};
+constexpr Yields kAToPOrQ{kUsedTwice, kNone, kNone, kMade, kMadeSecond};
+constexpr Yields kABToP{kUsed, kUsed, kNone, kMade, kNone};
+constexpr Yields kABToTwoP{
+    kUsed, kUsed, kNone, Yield{2, 0},
+       kNone
+};
+constexpr Yields kABToPAndQ{kUsed, kUsed, kNone, kMade, kMade};
+constexpr Yields kABToCToP{kUsed, kUsed, kBetween, kMadeSecond, kNone};
+constexpr Yields kABToCToPAndQ{kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond};
+constexpr Yields kABToCAndACToP{kUsedTwice, kUsed, kBetween, kMadeSecond, kNone};
+
 struct TankModel {
-    Balance timeGiven;
-    Balance conversionGiven;
-    /// A negative c(A) is no solution.
-    bool testsA;
-    /// A, B, C, P, Q.
-    std::array<Yield, 5> yields;
+    Balance timeGiven = nullptr;
+    Balance conversionGiven = nullptr;
+    Yields yields{};
+    bool testsA = false; ///< a negative c(A) is no solution
 };
 
-constexpr Yield k0{};
-constexpr Yield kUsed{-1, 0}, kMade{1, 0};
-constexpr Yield kUsedByBoth{-1, -1}, kBetween{1, -1}, kMadeSecond{0, 1};
-
-constexpr std::array<TankModel, kModels + 1> kTankModels{
-    {
-     {nullptr, nullptr, false, {}},
-     {ZerothOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
-     {FirstOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
-     {SecondOrderSame, GeneralConversion, true, {Yield{-2, 0}, k0, k0, kMade, k0}},
-     {SecondOrder, GeneralConversion, true, {kUsed, kUsed, k0, kMade, k0}},
-     {Autocatalysis, GeneralConversion, false, {kUsed, k0, k0, kMade, kMade}},
-     {FirstOrderThenFirst, FirstOrderConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
-     {SearchConcurrent,
-         ConcurrentConversion,
-         false,
-         {kUsedByBoth, kUsed, kBetween, kMadeSecond, k0}},
-     {Reversible, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
-     {SecondOrderThenFirst,
-         SecondOrderConversion,
-         false,
-         {kUsed, kUsed, kBetween, kMadeSecond, k0}},
-     // enzyme: the tank is balanced like model 18, E is not given back by ES => P + E
-        {UpstreamSecondOrder,
-         UpstreamConversion,
-         false,
-         {kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond}},
-     {Competing, CompetingConversion, false, {kUsedByBoth, k0, k0, kMade, kMadeSecond}},
-     {ReversibleToTwoP, GeneralConversion, true, {kUsed, kUsed, k0, Yield{2, 0}, k0}},
-     {SecondOrderThenFirst,
-         SecondOrderConversion,
-         false,
-         {kUsed, kUsed, kBetween, kMadeSecond, k0}},
-     {FirstOrderThenFirst, FirstOrderConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
-     {UpstreamFirstOrder, UpstreamConversion, false, {kUsed, k0, kBetween, kMadeSecond, k0}},
-     {Autocatalysis, GeneralConversion, false, {kUsed, k0, k0, kMade, kMade}},
-     {ReversibleToOneP, GeneralConversion, false, {kUsed, kUsed, k0, kMade, k0}},
-     {UpstreamSecondOrder,
-         UpstreamConversion,
-         false,
-         {kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond}},
-     {ReversibleToPAndQ, GeneralConversion, true, {kUsed, kUsed, k0, kMade, kMade}},
-     {SearchOrder, GeneralConversion, false, {kUsed, k0, k0, kMade, k0}},
-     }
-};
+/// By model. The enzyme model (10) is balanced like model 18: E is not given back by ES => P + E.
+constexpr auto kTankModels = [] {
+    std::array<TankModel, kModels + 1> table{};
+    table[1] = {ZerothOrder, GeneralConversion, kAToP};
+    table[2] = {FirstOrder, GeneralConversion, kAToP};
+    table[3] = {SecondOrderSame, GeneralConversion, kTwoAToP, true};
+    table[4] = {SecondOrder, GeneralConversion, kABToP, true};
+    table[5] = table[16] = {Autocatalysis, GeneralConversion, kAToPAndQ};
+    table[6] = table[14] = {FirstOrderThenFirst, FirstOrderConversion, kAToCToP};
+    table[7] = {SearchConcurrent, ConcurrentConversion, kABToCAndACToP};
+    table[8] = {Reversible, GeneralConversion, kAToP};
+    table[9] = table[13] = {SecondOrderThenFirst, SecondOrderConversion, kABToCToP};
+    table[10] = table[18] = {UpstreamSecondOrder, UpstreamConversion, kABToCToPAndQ};
+    table[11] = {Competing, CompetingConversion, kAToPOrQ};
+    table[12] = {ReversibleToTwoP, GeneralConversion, kABToTwoP, true};
+    table[15] = {UpstreamFirstOrder, UpstreamConversion, kAToCToP};
+    table[17] = {ReversibleToOneP, GeneralConversion, kABToP};
+    table[19] = {ReversibleToPAndQ, GeneralConversion, kABToPAndQ, true};
+    table[20] = {SearchOrder, GeneralConversion, kAToP};
+    return table;
+}();
 
 const TankModel& RowOf(int model) {
     return kTankModels[static_cast<std::size_t>(model)];
