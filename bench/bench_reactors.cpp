@@ -73,7 +73,7 @@ int main() {
         auto series = [&] { CascadeTimeCurve(*ps, kMostTanks); };
         constexpr int kCalls = 50;
         double fastTank = 1e9, fastSeries = 1e9;
-        for (int round = 0; round < 7; ++round) {
+        for (int round = 0; round < 31; ++round) {
             fastTank = std::min(fastTank, bench::SecondsOf(tank, kCalls));
             fastSeries = std::min(fastSeries, bench::SecondsOf(series, kCalls));
         }
