@@ -125,9 +125,11 @@ FormWindows::FormWindows(Desktop& desktop, QMdiArea& area) : desktop_(desktop), 
 }
 
 FormWindows::~FormWindows() {
-    for (const auto& entry : entries_)
+    for (const auto& entry : entries_) {
         if (entry->binder != nullptr)
             entry->binder->Detach();
+        delete entry->frame.data(); // it calls back here when its contents change their size
+    }
     host().showForm = [](Form&) {};
     host().hideForm = [](Form&) {};
     host().closeForm = [](Form&) {};
@@ -224,6 +226,11 @@ void FormWindows::Close(Form& form) {
     }
     if (active_ == &form)
         active_ = nullptr;
+    // When the command is over and has opened nothing, the window that came to light is in front.
+    QTimer::singleShot(0, &context_, [this] {
+        if (ActiveForm() == nullptr)
+            ActivatedByUser(area_.activeSubWindow());
+    });
     if (entry->life == WindowLife::Kept) {
         frame->hide();
         entry->waiting = true;
@@ -233,18 +240,14 @@ void FormWindows::Close(Form& form) {
     entry->binder = nullptr;
     entry->frame.clear();
     entry->root.clear();
-    if (auto* const window = qobject_cast<QMdiSubWindow*>(frame)) {
+    if (auto* const window = dynamic_cast<SubWindow*>(frame)) {
+        window->onMoved = nullptr;
         window->hide();
         area_.removeSubWindow(window);
     } else if (auto* const dialog = qobject_cast<QDialog*>(frame)) {
         dialog->done(QDialog::Rejected);
     }
     frame->deleteLater(); // its own event may be under way
-    // When the command is over and has opened nothing, the window that came to light is in front.
-    QTimer::singleShot(0, &context_, [this] {
-        if (ActiveForm() == nullptr)
-            ActivatedByUser(area_.activeSubWindow());
-    });
 }
 
 void FormWindows::OpenWindow(Entry& entry) {
@@ -282,8 +285,11 @@ void FormWindows::OpenWindow(Entry& entry) {
 
         MeasureAnew(*root);
         const QSize border = window->sizeHint() - scroll->sizeHint();
-        const auto keepWhole = [this, window, scroll, border] {
-            const QSize most = area_.viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
+        // A closed window may live on for a moment, longer than this object at the very end.
+        const auto keepWhole = [area = QPointer(&area_), window, scroll, border] {
+            if (!area)
+                return;
+            const QSize most = area->viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
             window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
         };
         keepWhole();
