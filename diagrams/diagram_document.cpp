@@ -4,6 +4,7 @@
 #include "diagrams/diagram_curves.h"
 #include "diagrams/diagram_legend.h"
 #include "diagrams/diagram_points.h"
+#include "diagrams/diagram_texts.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -106,6 +107,7 @@ void WriteTexts(const ProjectState& ps, DiagramDocument& doc) {
         SetAxisFont(doc.surface, axis, font, font);
     PlotLegend legend;
     legend.font = {.family = kFontFamily, .size = kLegendFont};
+    doc.mnuAddText.enabled = true;
     SetLegend(doc.surface, legend);
     doc.LegendBackColor = legend.colours.back;
 }
@@ -285,6 +287,7 @@ DiagramDocument::DiagramDocument(ProjectState& state)
     WirePointPanel(ps, *this);
     WireCoordinates(ps, *this);
     WireMenus(ps, *this);
+    WireTexts(ps, *this);
     for (Label* readout : {&lblMausPosNr, &lblMausPos})
         readout->visible = false;
     cmbSep.items = {";", ",", "Tab"};
@@ -355,7 +358,7 @@ void FuPanelsZu(DiagramDocument& doc) {
 
 void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc) {
     FuPanelsZu(doc);
-    doc.mnuKurvenDesign.enabled = ps.CurveCount > 0;
+    doc.mnuKurvenDesign.enabled = doc.mnuTextDesign(kCurveTexts).enabled = ps.CurveCount > 0;
     bool anyPoints = ps.DiagramOfTk || ps.DiagramOfRc;
     for (int set = 1; set <= kPointSets; ++set)
         anyPoints = anyPoints || GetPointCount(doc.surface, kPoints, set) > 0;

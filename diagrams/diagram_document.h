@@ -34,6 +34,8 @@ enum class SettingsPage { Frame, Legend, Coordinates };
 
 /// Which text the text panel edits.
 enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
+/// Entry of mnuTextDesign that opens the curve panel: labels and legend texts stand there.
+inline constexpr int kCurveTexts = 5;
 
 struct DiagramDocument : Form {
     explicit DiagramDocument(ProjectState& state);
@@ -71,6 +73,7 @@ struct DiagramDocument : Form {
     Button cmdManuPoints{*this, "cmdManuPoints", "Manual points"};
     Button cmdManuKurve{*this, "cmdManuKurve", "Manual curve"};
     Button cmdFarbVorwahl{*this, "cmdFarbVorwahl", "Colour of what comes next"};
+    Button cmdMarkConti{*this, "cmdMarkConti", "Mark of the mean residence time"};
     Button cmdMsgDelPoint{*this, "cmdMsgDelPoint", "How to delete a point"};
 
     MenuEntry mnuDesign{*this, "mnuDesign", "Design"};
@@ -79,6 +82,8 @@ struct DiagramDocument : Form {
     MenuEntry mnuDesignMore{*this, "mnuDesignMore", "More settings"};
     MenuEntry mnuCoord{*this, "mnuCoord", "Coordinates"};
     MenuEntry mnuAddPunkte{*this, "mnuAddPunkte", "Experimental points"};
+    MenuEntry mnuAddText{*this, "mnuAddText", "Additional text"};
+    Array<MenuEntry, 5, 1> mnuTextDesign{*this, "mnuTextDesign"}; ///< by DiagramText; 5: curves
     MenuEntry mnuAddLegend{*this, "mnuAddLegend", "Legend"};
     MenuEntry mnuAddLabels{*this, "mnuAddLabels", "Labels of the curves"};
     MenuEntry mnuHalbA{*this, "mnuHalbA", "Half-life of A"};
@@ -89,6 +94,7 @@ struct DiagramDocument : Form {
     MenuEntry mnuDelPoints{*this, "mnuDelPoints", "Experimental points"};
     Array<MenuEntry, kPointSets + 1> mnuSubDelPoints{*this, "mnuSubDelPoints"}; ///< 0: all
     MenuEntry mnuDelHalbAB{*this, "mnuDelHalbAB", "Marks"};
+    MenuEntry mnuDelMarkLabels{*this, "mnuDelMarkLabels", "All labels"};
     MenuEntry mnuDelLabels{*this, "mnuDelLabels", "Labels of the curves"};
     MenuEntry mnuDelLegend{*this, "mnuDelLegend", "Legend"};
     MenuEntry mnuDelLegendZeile{*this, "mnuDelLegendZeile", "A line of the legend"};
@@ -153,7 +159,29 @@ struct DiagramDocument : Form {
     TextField txtXZiffValue{*this, "txtXZiffValue"};
     TextField txtYZiffValue{*this, "txtYZiffValue"};
 
+    // --- a curve as data
+    Button cmdClipboard{*this, "cmdClipboard", "Curve to clip&board"};
+    Button cmdSaveCurveAsXY{*this, "cmdSaveCurveAsXY", "&Save curve as *.XY ..."};
     ComboBox cmbSep{*this, "cmbSep"};
+
+    // --- the text panel
+    TextField schrift{*this, "schrift"};
+    Button cmdFont{*this, "cmdFont", "&Font ..."};
+    Button cmdSchriftHFarbe{*this, "cmdSchriftHFarbe", "Back&ground ..."};
+    CheckBox chkTextFrame{*this, "chkTextFrame", "F&rame"};
+    Frame fraTextPlace{*this, "fraTextPlace", "Place"};
+    Slider HScroll1{*this, "HScroll1"}; ///< left edge of the text, thousandths of the picture
+    Slider VScroll1{*this, "VScroll1"}; ///< its upper edge
+    Button cmdTextPlaceAuto{*this, "cmdTextPlaceAuto", "&Automatic place"};
+    Frame fraYText{*this, "fraYText", "Title of the Y axis"};
+    OptionGroup optOrientYAxText{
+        *this, "optOrientYAxText", {"horiz. top", "vertical"}
+    };
+    Frame fraYZiff{*this, "fraYZiff", "Numbers of the Y axis"};
+    OptionGroup optOrientYAxZiff{
+        *this, "optOrientYAxZiff", {"horizontal", "vertical"}
+    };
+    Button cmdSchriftFertig{*this, "cmdSchriftFertig", "&Close"};
 };
 
 /// The order of steps in which a window opens: place and size, empty series, styles, texts, axes,

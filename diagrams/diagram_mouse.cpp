@@ -2,6 +2,7 @@
 
 #include "diagrams/diagram_curves.h"
 #include "diagrams/diagram_points.h"
+#include "diagrams/diagram_texts.h"
 #include "platform/number_text.h"
 
 namespace zorvant {
@@ -37,12 +38,6 @@ bool ReadOutPoint(DiagramDocument& doc, int group, const NearestHit& hit, ChartP
     ShowReadout(doc, "  X = " + GeneralText(x) + ";      Y = " + GeneralText(y), kWhite);
     doc.pointer = pointer;
     return true;
-}
-
-void OpenTextPanel(DiagramDocument& doc, DiagramText target) {
-    FuPanelsZu(doc);
-    doc.TextTarget = target;
-    doc.fraSchrift.visible = true;
 }
 
 void RightDownInPlot(ProjectState& ps, DiagramDocument& doc, double px, double py) {
@@ -109,10 +104,10 @@ void MouseDown(ProjectState& ps, DiagramDocument& doc, MouseButton button, doubl
         RightDownInPlot(ps, doc, px, py);
         return;
     case Region::Header:
-        OpenTextPanel(doc, DiagramText::Header);
+        mnuTextDesign_Click(ps, doc, static_cast<int>(DiagramText::Header));
         return;
     case Region::Footer:
-        OpenTextPanel(doc, DiagramText::Additional);
+        mnuTextDesign_Click(ps, doc, static_cast<int>(DiagramText::Additional));
         return;
     case Region::Legend:
         mnuDesignMore_Click(doc, SettingsPage::Legend);

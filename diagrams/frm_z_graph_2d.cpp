@@ -13,16 +13,12 @@ constexpr const char* kNotYet = "not yet available";
 
 frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     helpTopic = kHelpDiagram;
-    constexpr const char* kTexts[] = {"Header", "Additional text", "X axis", "Y axis"};
-    for (int i = 1; i <= 4; ++i)
-        mnuTextDesign(i).text = kTexts[i - 1];
     constexpr const char* kOutputs[] = {
         "... to the Clipboard", "... Save as Image File (BMP, WMF, EMF)", "... to the Printer"};
     for (int i = 1; i <= 3; ++i)
         mnuBild(i).text = kOutputs[i - 1];
     for (MenuEntry* later :
-         {&mnuAddText, &mnuTextDesign(1), &mnuTextDesign(2), &mnuTextDesign(3), &mnuTextDesign(4),
-          &mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3), &mnuSaveOC2, &mnuLoadOC2,
+         {&mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3), &mnuSaveOC2, &mnuLoadOC2,
           &mnuHalbA, &mnuHalbB, &mnuDesignMore, &mnuDelMarkLabels}) {
         later->available = false;
         later->disabledTip = kNotYet;
@@ -75,8 +71,10 @@ void frmZGraph2D::BuildMenu() {
     row(1, mnuDesign, "&Design");
     row(2, mnuKurvenDesign, "&Curves ...");
     row(2, mnuPunktDesign, "&Experimental points ...");
-    for (int i = 1; i <= 4; ++i)
-        row(2, mnuTextDesign(i));
+    constexpr const char* kTexts[] = {"&Header ...", "&Additional text ...", "&X-axis label ...",
+                                      "&Y-axis label ...", "Curve &label and legend ..."};
+    for (int i = 1; i <= kCurveTexts; ++i)
+        row(2, mnuTextDesign(i), kTexts[i - 1]);
     row(2, mnuDesignMore, "&More settings ...");
     row(1, mnuAdd, "&Add");
     row(2, mnuAddPunkte, "&Experimental points");
@@ -107,7 +105,7 @@ void frmZGraph2D::BuildMenu() {
     row(2, mnuDelLegendZeile, "A l&ine of the legend ...");
     row(2, mnuDelLabels, "La&bels of the curves");
     row(2, mnuDelHalbAB, "&Marks");
-    row(2, mnuDelMarkLabels, "Labels o&f the marks");
+    row(2, mnuDelMarkLabels, "&All labels");
     line(2);
     row(2, mnuDelTotal, "E&verything");
     row(1, mnuOutput, "&Picture");

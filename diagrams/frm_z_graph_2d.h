@@ -15,8 +15,6 @@ struct frmZGraph2D : DiagramDocument {
 
     // --- menus beside those of the document
     MenuEntry mnuAdd{*this, "mnuAdd", "Add"};
-    MenuEntry mnuAddText{*this, "mnuAddText", "Additional text"};
-    Array<MenuEntry, 4, 1> mnuTextDesign{*this, "mnuTextDesign"};
     MenuEntry mnuScale{*this, "mnuScale", "Scale"};
     MenuEntry mnuZoom{*this, "mnuZoom", "Zoom"};
     MenuEntry mnuZoomReset{*this, "mnuZoomReset", "Zoom back"};
@@ -27,7 +25,6 @@ struct frmZGraph2D : DiagramDocument {
     MenuEntry mnuSaveOC2{*this, "mnuSaveOC2", "Save this diagram design"};
     MenuEntry mnuLoadOC2{*this, "mnuLoadOC2", "Load a saved pattern"};
     MenuEntry mnuManuXY{*this, "mnuManuXY", "X-Y editor"};
-    MenuEntry mnuDelMarkLabels{*this, "mnuDelMarkLabels", "Labels of the marks"};
     MenuEntry mnuHaupt{*this, "mnuHaupt", "to Main Menu"};
     Button cmdEscGraph{*this, "cmdEscGraph", "Close <Esc>"};
 

@@ -1,5 +1,6 @@
 #include "shell/qt/graph_window.h"
 
+#include "diagrams/diagram_texts.h"
 #include "shell/qt/binder.h"
 #include "ui_frmZGraph2D.h"
 
@@ -11,6 +12,8 @@ namespace {
 /// Distance of a panel from the edge of the chart where it first opens, pixels.
 constexpr int kPanelMargin = 12;
 constexpr const char* kPlaced = "placedByUser";
+/// Lines of a text that its field shows at once.
+constexpr int kTextLines = 4;
 
 Qt::CursorShape CursorOf(ChartPointer pointer) {
     switch (pointer) {
@@ -48,6 +51,15 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
                                          ui.fraCoordInput, ui.fraPrintIt, ui.fraResolution})
         Float(*panel);
     ConnectMouse();
+    // A line break ends what was typed: the cursor goes behind the text, and so it does at opening.
+    texts_ = ui.schrift;
+    texts_->setFixedHeight(texts_->fontMetrics().lineSpacing() * kTextLines +
+                           2 * static_cast<int>(texts_->document()->documentMargin() + 2));
+    texts_->setAccessibleName(QStringLiteral("Text of the diagram"));
+    connect(texts_, &QPlainTextEdit::textChanged, this, [this] {
+        if (texts_->toPlainText().contains(QChar(kTextBreakMark)))
+            QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
+    });
     document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
     view_->Show(document_.surface);
 }
@@ -113,6 +125,8 @@ bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::Show:
         PlacePanel(*panel);
+        if (texts_ != nullptr && panel->isAncestorOf(texts_))
+            QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
         break;
     case QEvent::LayoutRequest: // its contents were shown or hidden
         if (panel->isVisible())

@@ -5,6 +5,7 @@
 #include "shell/qt/plot_view.h"
 
 #include <QFrame>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QWidget>
 
@@ -33,8 +34,9 @@ private:
     PlotView* view_ = nullptr;
     QWidget* chart_ = nullptr;
     std::vector<QWidget*> panels_;
-    QWidget* dragged_ = nullptr; ///< the panel that the mouse has hold of
-    QPoint grab_;                ///< where, from the panel's corner
+    QPlainTextEdit* texts_ = nullptr; ///< schrift
+    QWidget* dragged_ = nullptr;      ///< the panel that the mouse has hold of
+    QPoint grab_;                     ///< where, from the panel's corner
 };
 
 } // namespace zorvant

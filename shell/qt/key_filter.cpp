@@ -2,6 +2,7 @@
 
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 
 namespace zorvant {
 
@@ -89,8 +90,16 @@ bool KeyFilter::FilterKey(QKeyEvent& event) {
         return true;
     }
     const char32_t character = static_cast<char32_t>(after);
-    QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
-    Deliver(typed);
+    const QString text = QString::fromUcs4(&character, 1);
+    auto* const lines = qobject_cast<QPlainTextEdit*>(editor_.data());
+    if (lines != nullptr && !QChar::isPrint(character)) { // no key types it
+        announced_ = true;
+        lines->insertPlainText(text);
+        announced_ = false;
+    } else {
+        QKeyEvent typed(QEvent::KeyPress, 0, Qt::NoModifier, text);
+        Deliver(typed);
+    }
     event.accept();
     return true;
 }
