@@ -2,12 +2,12 @@
 #include "data/frm_datedit.h"
 
 #include "data/exp_data.h"
+#include "data/exp_file.h"
+#include "data/grid_editing.h"
 #include "engine/arithmetic.h"
 #include "engine/time_units.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
-
-#include <numeric>
 
 namespace zorvant {
 namespace {
@@ -74,7 +74,7 @@ void ShowRowText(std::vector<std::string>& cells, const ExpPoint& point, int row
         cells[Index(kFirstValue + column)] = ExpCellText(point, column);
 }
 
-ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
+TableSnapshot TableOf(const frmDatedit& form) {
     const ProjectState& ps = form.ps;
     constexpr std::size_t kMarks = kExpColumns, kReserved3 = kMarks + 1, kReserved4 = kMarks + 2;
     const auto value = [&](std::size_t row, std::size_t column) -> double {
@@ -90,8 +90,13 @@ ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
             return ExpValue(point, static_cast<int>(column));
         }
     };
+    return TakeSnapshot(Index(ps.ExpPointCount), kReserved4 + 1, value, form.known);
+}
+
+ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
+    const ProjectState& ps = form.ps;
     return {.extent = extent,
-            .table = TakeSnapshot(Index(ps.ExpPointCount), kReserved4 + 1, value, form.known),
+            .table = TableOf(form),
             .timeUnit = ps.TimeUnitText,
             .comment = ps.ExpComment,
             .lambdaInf = ps.LambdaInf,
@@ -99,14 +104,19 @@ ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
             .title = ps.DataFileTitle};
 }
 
-void PutBack(frmDatedit& form, const ExpTableState& state) {
+/// One side of a step instead of the other.
+void PutBack(frmDatedit& form, const ExpTableState& state, const ExpTableState& other) {
+    using Extent = ExpTableState::Extent;
     ProjectState& ps = form.ps;
     form.changing = true;
-    if (state.extent == ExpTableState::Extent::Unit)
-        ChangeTimeUnit(ps, TimeUnitIndex(state.timeUnit), TimeUnitIndex(ps.TimeUnitText));
-    if (state.extent == ExpTableState::Extent::File) {
+    const int unit = TimeUnitIndex(state.timeUnit), from = TimeUnitIndex(ps.TimeUnitText);
+    if (state.extent == Extent::Unit)
+        ChangeTimeUnit(ps, unit, from);
+    if (state.extent == Extent::File && from == TimeUnitIndex(other.timeUnit)) {
         ps.TimeUnitText = state.timeUnit;
-        ps.TimeUnitOldIdx = TimeUnitIndex(state.timeUnit);
+        TellUnitOfData(ps);
+    }
+    if (state.extent == Extent::File || state.extent == Extent::Data) {
         ps.ExpComment = state.comment;
         ps.LambdaInf = state.lambdaInf;
         ps.DataFilePath = state.path;
@@ -125,34 +135,69 @@ void PutBack(frmDatedit& form, const ExpTableState& state) {
         point.res3 = static_cast<float>(state.table.At(row, kExpColumns + 1));
         point.res4 = static_cast<float>(state.table.At(row, kExpColumns + 2));
     }
+    // Where the unit went on without this list, its times follow.
+    const int present = TimeUnitIndex(ps.TimeUnitText);
+    if (present != unit)
+        for (std::size_t row = 1; row <= state.table.rows; ++row)
+            ps.ExpData[row].t = TimeColumnIn(ps, ps.ExpData[row].t, present, unit);
     form.changing = false;
-    form.known = state.table;
-    ps.ExpDataChanged = form.textsChanged || !(state.table == form.saved);
+    form.known = TableOf(form);
+    form.knownUnit = ps.TimeUnitText;
+    ps.ExpDataChanged = form.textsChanged || !(form.known == form.saved);
     form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
     FuGridHeads(form);
     FillGrid(form);
     SetEditMode(form, form.EditMode);
     EnableDataCommands(form, ps.ExpPointCount > 0);
+    if (state.extent == Extent::File || state.extent == Extent::Data) // as a load counts its rows
+        FuCheckExpData(ps);
 }
 
 void ShowHistory(frmDatedit& form) {
-    const auto* undo = form.history.ToUndo();
-    const auto* redo = form.history.ToRedo();
-    form.cmdUndo.enabled = undo != nullptr;
-    form.cmdRedo.enabled = redo != nullptr;
-    form.cmdUndo.text = undo ? "Undo " + undo->name : "Undo";
-    form.cmdRedo.text = redo ? "Redo " + redo->name : "Redo";
-    form.cmdUndo.toolTip = form.cmdUndo.text + "  <Ctrl><Z>";
-    form.cmdRedo.toolTip = form.cmdRedo.text + "  <Ctrl><Shift><Z>";
+    ShowHistory(form.history, form.cmdUndo, form.cmdRedo);
 }
 
-/// Changes that came from elsewhere (another project, new data) can't be taken back here.
-/// Returned: whether there were any.
-bool ForgetForeignChanges(frmDatedit& form, const TableSnapshot& now) {
-    if (now == form.known)
+/// Whether a table is another one in a new time unit and nothing else.
+bool IsUnitChange(const ProjectState& ps, const TableSnapshot& from, int fromUnit,
+                  const ExpTableState& now) {
+    const TableSnapshot& to = now.table;
+    const int unit = TimeUnitIndex(now.timeUnit);
+    if (unit == fromUnit || from.rows != to.rows || from.columns.size() != to.columns.size())
         return false;
-    form.history.Clear();
-    form.known = now;
+    for (std::size_t column = 0; column < to.columns.size(); ++column)
+        for (std::size_t row = 0; row < to.rows; ++row) {
+            const double before = from.At(row, column);
+            if (to.At(row, column) !=
+                (column == kExpTime ? TimeColumnIn(ps, before, unit, fromUnit) : before))
+                return false;
+        }
+    return true;
+}
+
+bool HasTimes(const TableSnapshot& table) {
+    for (std::size_t row = 0; row < table.rows; ++row)
+        if (table.At(row, kExpTime) != 0)
+            return true;
+    return false;
+}
+
+/// A unit change made elsewhere becomes a step; other changes that came from elsewhere can't be
+/// taken back here.
+/// Returned: whether there were any.
+bool NoteForeignChanges(frmDatedit& form, const ExpTableState& now) {
+    const std::string unitBefore = std::exchange(form.knownUnit, now.timeUnit);
+    if (now.table == form.known && (unitBefore == now.timeUnit || !HasTimes(now.table)))
+        return false;
+    if (IsUnitChange(form.ps, form.known, TimeUnitIndex(unitBefore), now)) {
+        ExpTableState before = now, after = now;
+        before.table = form.known;
+        before.timeUnit = unitBefore;
+        before.extent = after.extent = ExpTableState::Extent::Unit;
+        form.history.Note("unit change", std::move(before), std::move(after));
+    } else {
+        form.history.Clear();
+    }
+    form.known = now.table;
     if (!form.ps.ExpDataChanged)
         form.saved = form.known;
     ShowHistory(form);
@@ -161,8 +206,7 @@ bool ForgetForeignChanges(frmDatedit& form, const TableSnapshot& now) {
 
 /// Shows the table when it was changed elsewhere.
 void TakeForeignChanges(frmDatedit& form) {
-    if (form.changing ||
-        !ForgetForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows).table))
+    if (form.changing || !NoteForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows)))
         return;
     form.txtComment.text = form.ps.ExpComment;
     form.lambda_infin.text = GeneralText(form.ps.LambdaInf);
@@ -182,7 +226,7 @@ void Form_Load(frmDatedit& form) {
     form.Lbl6.visible = false;
     form.CurrentRow = 1;
     form.NoteDue = true;
-    ForgetForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows).table);
+    NoteForeignChanges(form, StateOf(form, ExpTableState::Extent::Rows));
     if (!ps.ExpDataChanged) {
         form.saved = form.known;
         form.textsChanged = false;
@@ -209,13 +253,6 @@ void Grid_Select(frmDatedit& form) {
     ShowInputLine(form);
 }
 
-void Grid_ContextMenu(frmDatedit& form) {
-    Form* const main = FindForm(form.ps.desktop, "MDIZOR");
-    Control* const menu = main == nullptr ? nullptr : main->Find("mnuEdit1");
-    if (menu != nullptr && menu->kind == Kind::MenuEntry)
-        host().popupMenu(static_cast<MenuEntry&>(*menu));
-}
-
 /// The nine boxes as numbers; one that still shows what it was given leaves the value of the row
 /// with all its digits.
 ExpPoint ReadInputLine(const frmDatedit& form, const ExpPoint& present) {
@@ -226,6 +263,12 @@ ExpPoint ReadInputLine(const frmDatedit& form, const ExpPoint& present) {
             SetExpValue(point, box, Val(text));
     }
     return point;
+}
+
+/// Del: line numbers mean the lines, values mean the cells.
+void EraseMarked(frmDatedit& form) {
+    const GridRange& marked = form.Grid.selection;
+    marked.lastRow >= 0 && marked.firstColumn == 0 ? cmdErase_Click(form) : FuCellsClear(form);
 }
 
 void ShowNonIsothermalNote(frmDatedit& form) {
@@ -289,18 +332,12 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
         y(box).onChange = [this, box] { y(box).text = CommasToPoints(y(box).text); };
         y(box).onGotFocus = [this, box] { y(box).selectAll = true; };
     }
-    txtComment.onKeyPress = [](int& key) {
-        if (key == 13 || key == 10) // a comment is one line
-            key = 0;
-    };
+    txtComment.onKeyPress = CommentKey;
     txtComment.onChange = [this] {
         ps.ExpComment = txtComment.text;
         ps.ExpDataChanged = textsChanged = true;
     };
-    lambda_infin.onKeyPress = [](int& key) {
-        if (key >= ' ' && !FilterNumericKey(key))
-            key = 0;
-    };
+    lambda_infin.onKeyPress = NumberKey;
     lambda_infin.onChange = [this] {
         lambda_infin.text = CommasToPoints(lambda_infin.text);
         ps.LambdaInf = Val(lambda_infin.text);
@@ -315,9 +352,14 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
         if (ps.ExpPointCount > 0)
             SetEditMode(*this, true);
     };
-    Grid.onKeyPress = [this](int, int column, int& key) { Grid_KeyPress(*this, column, key); };
+    Grid.onKeyPress = [this](int, int column, int& key) {
+        const GridCommands commands{.copy = [this] { cmdClipboard_Click(*this); },
+                                    .paste = [this] { cmdClipEinfuegen_Click(*this); },
+                                    .erase = [this] { EraseMarked(*this); }};
+        GridKey(column, kFirstValue, ps.DecimalComma, key, commands);
+    };
     Grid.onEdit = [this](int row, int column) { Grid_Edit(*this, row, column); };
-    Grid.onContextMenu = [this] { Grid_ContextMenu(*this); };
+    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, "mnuEdit1"); };
     cmdUndo.onClick = [this] { cmdUndo_Click(*this); };
     cmdRedo.onClick = [this] { cmdRedo_Click(*this); };
     cmdAus.onClick = [this] { cmdAus_Click(*this); };
@@ -434,9 +476,11 @@ void EnableDataCommands(const frmDatedit& form, bool enabled) {
 // ---------------------------------------------------------------- undo
 
 void MakeChange(frmDatedit& form, const std::string& name, ExpTableState::Extent extent,
-                const Handler& change) {
+                const Handler& change, const std::string& timeUnit) {
     ExpTableState before = StateOf(form, extent);
-    ForgetForeignChanges(form, before.table);
+    if (!timeUnit.empty())
+        before.timeUnit = timeUnit;
+    NoteForeignChanges(form, before);
     form.changing = true;
     change();
     form.changing = false;
@@ -444,6 +488,7 @@ void MakeChange(frmDatedit& form, const std::string& name, ExpTableState::Extent
     const bool other = !(before.table == after.table) || before.timeUnit != after.timeUnit ||
                        before.path != after.path;
     form.known = after.table;
+    form.knownUnit = after.timeUnit;
     if (other)
         form.history.Note(name, std::move(before), std::move(after));
     ShowHistory(form);
@@ -457,7 +502,7 @@ void cmdUndo_Click(frmDatedit& form) {
         return;
     }
     form.history.Undone();
-    PutBack(form, step->before);
+    PutBack(form, step->before, step->after);
     ShowHistory(form);
 }
 
@@ -469,7 +514,7 @@ void cmdRedo_Click(frmDatedit& form) {
         return;
     }
     form.history.Redone();
-    PutBack(form, step->after);
+    PutBack(form, step->after, step->before);
     ShowHistory(form);
 }
 
@@ -483,28 +528,17 @@ void optInputMode_Click(frmDatedit& form, int mode) {
 }
 
 void y_KeyPress(frmDatedit& form, int index, int& key) {
-    if (key == 3 || key == 22 || key == 24) // copy, paste, cut
-        return;
-    const std::string& text = form.y(index).text;
-    const bool exponentSign = key == '+' && !text.empty() && (text.back() | 0x20) == 'e';
-    if (key == '+' && !exponentSign) {
-        key = 0;
-        OKinput_Click(form);
-        return;
-    }
-    if (key != 13) {
-        if (!FilterNumericKey(key))
-            key = 0;
-        return;
-    }
-    key = 0;
-    int next = index + 1;
-    while (next < kExpColumns && !form.y(next).enabled)
-        ++next;
-    if (next < kExpColumns)
-        form.setFocus = &form.y(next);
-    else
-        OKinput_Click(form);
+    InputLineKey(
+        form.y(index), key, [&] { OKinput_Click(form); },
+        [&] {
+            int next = index + 1;
+            while (next < kExpColumns && !form.y(next).enabled)
+                ++next;
+            if (next < kExpColumns)
+                form.setFocus = &form.y(next);
+            else
+                OKinput_Click(form);
+        });
 }
 
 void OKinput_Click(frmDatedit& form) {
@@ -570,38 +604,6 @@ void optZeit_Click(frmDatedit& form, int unit) {
 }
 
 // ---------------------------------------------------------------- entry in the list
-
-void Grid_KeyPress(frmDatedit& form, int column, int& key) {
-    switch (key) {
-    case 3:
-        cmdClipboard_Click(form);
-        key = 0;
-        return;
-    case 22:
-        cmdClipEinfuegen_Click(form);
-        key = 0;
-        return;
-    case 127:
-        // Line numbers mean the lines, values mean the cells.
-        if (form.Grid.selection.lastRow >= 0 && form.Grid.selection.firstColumn == 0)
-            cmdErase_Click(form);
-        else
-            FuCellsClear(form);
-        key = 0;
-        return;
-    case 13:
-    case 27:
-        return;
-    default:
-        break;
-    }
-    if (column < kFirstValue)
-        return;
-    if (key == '.' || key == ',')
-        key = form.ps.DecimalComma ? ',' : '.';
-    else if (!FilterNumericKey(key))
-        key = 0;
-}
 
 void Grid_Edit(frmDatedit& form, int row, int column) {
     ProjectState& ps = form.ps;

@@ -15,9 +15,9 @@ namespace zorvant {
 
 /// What a step of undo brings back.
 struct ExpTableState {
-    /// How far a change reaches: the rows alone, the time unit of the whole project, or all that a
-    /// data file holds, with its name.
-    enum class Extent { Rows, Unit, File };
+    /// How far a change reaches: the rows alone, the time unit of the whole project, all that a data
+    /// file holds with its name, or that without the time unit, which is the project's.
+    enum class Extent { Rows, Unit, File, Data };
 
     Extent extent = Extent::Rows;
     TableSnapshot table;
@@ -82,8 +82,9 @@ struct frmDatedit : Form {
     bool NoteDue = true;   ///< the reference on non-isothermal data was not shown yet
 
     UndoHistory<ExpTableState> history;
-    TableSnapshot known; ///< the table as the history knows it
-    TableSnapshot saved; ///< the table as its file holds it
+    TableSnapshot known;   ///< the table as the history knows it
+    std::string knownUnit; ///< and the unit of its times
+    TableSnapshot saved;   ///< the table as its file holds it
     bool textsChanged = false;
     bool changing = false; ///< a change of this editor runs
     /// What the boxes were given; a box that still shows it leaves the value with all its digits.
@@ -108,8 +109,9 @@ void SetHeading(frmDatedit& form, const std::string& heading);
 /// Commands of the main window that need data.
 void EnableDataCommands(const frmDatedit& form, bool enabled);
 /// Carries a change out as one step of undo.
+/// Given: timeUnit: of the times before; empty: the project's
 void MakeChange(frmDatedit& form, const std::string& name, ExpTableState::Extent extent,
-                const Handler& change);
+                const Handler& change, const std::string& timeUnit = {});
 
 /// Puts numbers into the table as one step of undo.
 /// Given:    columns: the field (ExpColumn) of each column of the numbers, -1: left out
@@ -126,12 +128,16 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
                       const std::string& timeUnit);
 /// Loads a data file into the editor as "NEW data" does, without the question for its name.
 void LoadIntoEditor(frmDatedit& form, const std::string& path);
+/// Lets a command of the main window replace the table (new data, another project) as one step that
+/// can be taken back here, whether the editor is open or not; shows the result.
+/// Given: timeUnit: of the times that stand in the table, which a project may have changed since
+void ReplaceTable(frmDatedit& form, const std::string& name, ExpTableState::Extent extent,
+                  const std::string& timeUnit, const Handler& replace);
 
 void y_KeyPress(frmDatedit& form, int index, int& key);
 void OKinput_Click(frmDatedit& form);
 void optInputMode_Click(frmDatedit& form, int mode);
 void optZeit_Click(frmDatedit& form, int unit);
-void Grid_KeyPress(frmDatedit& form, int column, int& key);
 void Grid_Edit(frmDatedit& form, int row, int column);
 void FuCellsClear(frmDatedit& form);
 void cmdAus_Click(frmDatedit& form);

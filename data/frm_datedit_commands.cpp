@@ -2,6 +2,7 @@
 #include "data/exp_data.h"
 #include "data/exp_file.h"
 #include "data/frm_datedit.h"
+#include "data/grid_editing.h"
 #include "data/pasted_table.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/dispatcher.h"
@@ -10,8 +11,6 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
-
-#include <numeric>
 
 namespace zorvant {
 namespace {
@@ -29,21 +28,11 @@ std::size_t Index(int i) {
 }
 
 bool HasRows(const frmDatedit& form) {
-    if (form.ps.ExpPointCount > 0)
-        return true;
-    host().beep();
-    return false;
+    return zorvant::HasLines(form.ps.ExpPointCount);
 }
 
-/// Rows of the list that are marked, from 1; nothing marked: last 0.
-struct MarkedRows {
-    int first = 0, last = 0;
-};
-MarkedRows Marked(const frmDatedit& form) {
-    const GridRange& marked = form.Grid.selection;
-    if (marked.lastRow < 0 || form.ps.ExpPointCount == 0)
-        return {};
-    return {marked.firstRow + 1, std::min(marked.lastRow + 1, form.ps.ExpPointCount)};
+MarkedLines Marked(const frmDatedit& form) {
+    return Marked(form.Grid, form.ps.ExpPointCount);
 }
 
 /// After a change of many rows.
@@ -66,13 +55,6 @@ std::vector<int> FieldsFrom(const frmDatedit& form, int first, std::size_t count
     for (int field = first; field < kExpColumns && fields.size() < count; ++field)
         fields.push_back(field);
     return fields;
-}
-
-std::size_t Columns(const TableNumbers& numbers) {
-    std::size_t columns = 0;
-    for (std::size_t row = 0; row < numbers.Rows(); ++row)
-        columns = std::max(columns, numbers.Row(row).size());
-    return columns;
 }
 
 bool HaveRoom(std::size_t rows) {
@@ -126,13 +108,19 @@ void Draw(frmDatedit& form, const DiagramRows& rows) {
     GrafZentrale(ps, form.diagram);
 }
 
+/// The table is that of its file now.
+void NoteSaved(frmDatedit& form) {
+    form.ps.ExpDataChanged = false;
+    form.textsChanged = false;
+    form.saved = form.known;
+}
+
 /// What follows a load that went through.
 void ShowLoaded(frmDatedit& form) {
     ProjectState& ps = form.ps;
-    ps.ExpDataChanged = false;
-    form.textsChanged = false;
-    form.saved = form.known;
-    form.optZeit.selected = ps.TimeUnitOldIdx;
+    NoteSaved(form);
+    TellUnitOfData(ps);
+    form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
     form.txtComment.text = ps.ExpComment;
     form.lambda_infin.text = GeneralText(ps.LambdaInf);
     form.CurrentRow = 1;
@@ -176,24 +164,22 @@ void cmdErase_Click(frmDatedit& form) {
     ProjectState& ps = form.ps;
     if (!HasRows(form))
         return;
-    const auto [first, last] = Marked(form);
-    if (last == 0) {
+    const MarkedLines lines = Marked(form);
+    if (lines.last == 0) {
         ShowMessage("No marked item!", kRefused, Icon::Critical);
         return;
     }
-    const std::string lines =
-        first == last ? "line " + std::to_string(first)
-                      : "lines " + std::to_string(first) + " to " + std::to_string(last);
-    if (Ask(lines + " really remove?", "WARNING", Icon::Question, Buttons::YesNo) != Answer::Yes)
+    if (Ask(lines.Text() + " really remove?", "WARNING", Icon::Question, Buttons::YesNo) !=
+        Answer::Yes)
         return;
     MakeChange(form, "removing", ExpTableState::Extent::Rows, [&] {
         const auto start = ps.ExpData.begin();
-        ps.ExpData.erase(start + first, start + last + 1);
-        ps.ExpPointCount -= last - first + 1;
+        ps.ExpData.erase(start + lines.first, start + lines.last + 1);
+        ps.ExpPointCount -= lines.last - lines.first + 1;
         ps.ExpData.resize(std::max<std::size_t>(Index(ps.ExpPointCount) + 1, 2));
     });
     form.Grid.selection = {};
-    form.CurrentRow = std::max(std::min(first, ps.ExpPointCount), 1);
+    form.CurrentRow = std::max(std::min(lines.first, ps.ExpPointCount), 1);
     form.Grid.row = form.CurrentRow - 1;
     Refill(form);
 }
@@ -202,14 +188,14 @@ void FuCellsClear(frmDatedit& form) {
     ProjectState& ps = form.ps;
     if (!HasRows(form))
         return;
-    const auto [first, last] = Marked(form);
+    const MarkedLines lines = Marked(form);
     const GridRange marked = form.Grid.selection;
-    if (last == 0 || marked.lastColumn < kFirstValue) {
+    if (lines.last == 0 || marked.lastColumn < kFirstValue) {
         ShowMessage("No marked item!", kRefused, Icon::Critical);
         return;
     }
     MakeChange(form, "setting cells to 0", ExpTableState::Extent::Rows, [&] {
-        for (int row = first; row <= last; ++row)
+        for (int row = lines.first; row <= lines.last; ++row)
             for (int column = std::max(marked.firstColumn, kFirstValue);
                  column <= marked.lastColumn; ++column)
                 SetExpValue(ps.ExpData[Index(row)], column - kFirstValue, 0);
@@ -257,17 +243,11 @@ void cmdClipEinfuegen_Click(frmDatedit& form) {
     const std::optional<TableNumbers> numbers = ReadPastedTable(*text);
     if (!numbers)
         return;
-    const GridRange& marked = form.Grid.selection;
-    const bool block = marked.lastRow > marked.firstRow || marked.lastColumn > marked.firstColumn;
-    const int row = form.ps.ExpPointCount == 0 ? 0 : block ? marked.firstRow : form.Grid.row;
-    const int column = block ? marked.firstColumn : form.Grid.column;
-    const std::size_t count = Columns(*numbers);
+    const PastePlace place = PlaceOfPaste(form.Grid, form.ps.ExpPointCount, kFirstValue);
     const std::vector<int> fields =
-        FieldsFrom(form, std::max(column, kFirstValue) - kFirstValue, count);
-    if (!PutNumbers(form, *numbers, fields, std::max(row, 0) + 1, "pasting"))
-        return;
-    if (count > fields.size())
-        TellSurplusColumns(count - fields.size());
+        FieldsFrom(form, place.column - kFirstValue, numbers->Columns());
+    if (PutNumbers(form, *numbers, fields, place.line, "pasting"))
+        TellSurplusColumns(*numbers, fields.size());
 }
 
 bool PutNumbers(frmDatedit& form, const TableNumbers& numbers, const std::vector<int>& columns,
@@ -293,13 +273,12 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.DataFileTitle.clear();
-        if (!timeUnit.empty()) {
+        if (!timeUnit.empty())
             ps.TimeUnitText = timeUnit;
-            ps.TimeUnitOldIdx = TimeUnitIndex(timeUnit);
-        }
         WriteNumbers(ps, numbers, columns, 1);
     });
     form.saved = {};
+    TellUnitOfData(ps);
     form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
     form.EditMode = true;
     form.CurrentRow = 1;
@@ -360,6 +339,16 @@ void LoadIntoEditor(frmDatedit& form, const std::string& path) {
         ShowLoaded(form);
 }
 
+void ReplaceTable(frmDatedit& form, const std::string& name, ExpTableState::Extent extent,
+                  const std::string& timeUnit, const Handler& replace) {
+    MakeChange(form, name, extent, replace, timeUnit);
+    if (form.ps.ExpDataChanged) // nothing could be loaded
+        return;
+    NoteSaved(form);
+    if (form.loaded)
+        ShowLoaded(form);
+}
+
 void cmdAddFile_Click(frmDatedit& form) {
     ProjectState& ps = form.ps;
     bool ok = false, cancelled = false;
@@ -367,7 +356,8 @@ void cmdAddFile_Click(frmDatedit& form) {
                [&] { LoadExpDialog(ps, true, ok, cancelled); });
     if (!ok)
         return;
-    form.optZeit.selected = ps.TimeUnitOldIdx;
+    TellUnitOfData(ps);
+    form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
     form.lambda_infin.text = GeneralText(ps.LambdaInf);
     SetHeading(form, "Experimental Data, Edit a Data Set  ");
     FuGridHeads(form);
@@ -387,9 +377,7 @@ void cmdSave_Click(frmDatedit& form) {
     SaveExpDialog(form.ps, file, cancelled);
     if (cancelled)
         return;
-    form.ps.ExpDataChanged = false;
-    form.saved = form.known;
-    form.textsChanged = false;
+    NoteSaved(form);
     SetHeading(form, " Editing Experimental Data ");
 }
 

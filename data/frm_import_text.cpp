@@ -86,13 +86,6 @@ std::string UnitOfTimes(const frmImportText& form) {
     return std::ranges::find(kTimeUnits, word) == kTimeUnits.end() ? std::string() : word;
 }
 
-std::size_t ColumnsOf(const TableNumbers& numbers) {
-    std::size_t columns = 0;
-    for (std::size_t row = 0; row < numbers.Rows(); ++row)
-        columns = std::max(columns, numbers.Row(row).size());
-    return columns;
-}
-
 /// Entries "1: time/min" of the columns that can be chosen.
 void ListColumns(frmImportText& form, std::size_t columns) {
     for (int field = 0; field < kExpColumns; ++field) {
@@ -184,6 +177,8 @@ void ShowNumbers(frmImportText& form) {
         count += "; " + std::to_string(form.numbers.badCells) +
                  " cells are no numbers and count as 0, first in line " +
                  std::to_string(form.numbers.firstBadLine);
+    if (form.numbers.columnsCut)
+        count += "; columns behind the " + std::to_string(kMaxColumns) + "th are left out";
     form.lblCount.text = count;
     form.cmdOK.enabled = form.numbers.Rows() > 0 && !fields.empty();
 }
@@ -226,7 +221,7 @@ void SeparatorChosen(frmImportText& form) {
     form.corrected = true;
     ShowText(form);
     ShowReading(form);
-    const std::size_t columns = ColumnsOf(form.numbers);
+    const std::size_t columns = form.numbers.Columns();
     ListColumns(form, columns);
     AssignColumns(form, columns);
     ShowNumbers(form);
@@ -278,7 +273,7 @@ bool TakeFile(frmImportText& form, const std::string& path) {
     ShowGuess(form);
     ShowText(form);
     form.numbers = ReadTable(form.text, LayoutOf(form));
-    const std::size_t columns = ColumnsOf(form.numbers);
+    const std::size_t columns = form.numbers.Columns();
     ListColumns(form, columns);
     AssignColumns(form, columns);
     ShowReading(form);
@@ -318,7 +313,7 @@ void cmdOK_Click(frmImportText& form) {
             numbers = ReadTable(form.text, other);
         }
     }
-    std::vector<int> columns(ColumnsOf(numbers), -1);
+    std::vector<int> columns(numbers.Columns(), -1);
     for (int field = 0; field < kExpColumns; ++field) {
         const int chosen = form.cmbField(field).index - 1;
         if (chosen >= 0 && Index(chosen) < columns.size())

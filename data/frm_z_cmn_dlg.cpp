@@ -138,6 +138,7 @@ frmZCmnDlg::frmZCmnDlg(ProjectState& state) : Form("frmZCmnDlg"), ps(state) {
             Accept(*this);
     };
     filOpenList.onKeyPress = [this](int& key) { filOpenList_KeyPress(*this, key); };
+    txtOpenFile.onChange = [this] { dirOpenList.index = -1; };
     txtOpenFile.onGotFocus = [this] { txtOpenFile.selectAll = true; };
     cmdOpenOK.onClick = [this] { cmdOpenOK_Click(*this); };
     cmdOpenCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
@@ -184,6 +185,7 @@ void filOpenList_Click(frmZCmnDlg& form) {
     const std::string name = SelectedFile(form);
     if (name.empty())
         return;
+    form.dirOpenList.index = -1; // OK means the file now
     form.txtOpenFile.text = name;
     ClearPreview(form);
     const std::string path = JoinPath(form.directory, name);
@@ -238,7 +240,7 @@ void cmdOpenOK_Click(frmZCmnDlg& form) {
     if (typed.find_first_of("*?") != std::string::npos) {
         form.pattern = typed;
         GoTo(form, form.directory);
-        form.txtOpenFile.text = typed;
+        form.txtOpenFile.text = UpperCase(typed);
         form.setFocus = &form.txtOpenFile;
         return;
     }

@@ -1,5 +1,6 @@
 // The commands of the X-Y editor: lines and cells, clipboard, sorting, transforms, diagram, files.
 #include "data/frm_zxy_editor.h"
+#include "data/grid_editing.h"
 #include "data/pasted_table.h"
 #include "data/previous_version.h"
 #include "engine/arithmetic.h"
@@ -25,22 +26,12 @@ std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
 }
 
-/// Marked rows of the list, from 1; nothing marked: last 0.
-struct MarkedRows {
-    int first = 0, last = 0;
-};
-MarkedRows Marked(const frmZXYEditor& form) {
-    const GridRange& marked = form.Grid.selection;
-    if (marked.lastRow < 0 || form.ps.XYCount == 0)
-        return {};
-    return {marked.firstRow + 1, std::min(marked.lastRow + 1, form.ps.XYCount)};
+MarkedLines Marked(const frmZXYEditor& form) {
+    return Marked(form.Grid, form.ps.XYCount);
 }
 
 bool HasLines(const frmZXYEditor& form) {
-    if (form.ps.XYCount > 0)
-        return true;
-    host().beep();
-    return false;
+    return zorvant::HasLines(form.ps.XYCount);
 }
 
 void Sort(frmZXYEditor& form, float XYPoint::*column) {
@@ -133,6 +124,20 @@ void BuildFrame(frmZXYEditor& form) {
     form.diagram.GrafText = {ps.Frame.Header, ps.Frame.xTitle, ps.Frame.yTitle};
 }
 
+/// The folder without a separator at its end.
+void TakeFolder(frmZXYEditor& form, const std::string& path) {
+    std::string directory = DirectoryOf(path);
+    if (directory.size() > 1)
+        directory.pop_back();
+    form.ps.XYDir = directory;
+}
+
+/// The list is that of its file now.
+void NoteSaved(frmZXYEditor& form) {
+    form.XYChanged = form.commentChanged = false;
+    form.saved = form.known;
+}
+
 std::string WithoutSeconds(const std::string& dateAndTime) {
     const std::size_t colon = dateAndTime.find(':');
     const std::size_t second =
@@ -161,33 +166,32 @@ void cmdErase_Click(frmZXYEditor& form) {
         EraseAll(form);
         return;
     }
-    const auto [first, last] = Marked(form);
-    if (last == 0) {
+    const MarkedLines lines = Marked(form);
+    if (lines.last == 0) {
         ShowMessage("No marked item!", kRefused, Icon::Critical);
         return;
     }
-    const std::string lines =
-        first == last ? "line " + std::to_string(first)
-                      : "lines " + std::to_string(first) + " to " + std::to_string(last);
-    if (Ask(lines + " Really delete?", "WARNING", Icon::Question, Buttons::YesNo) != Answer::Yes)
+    if (Ask(lines.Text() + " Really delete?", "WARNING", Icon::Question, Buttons::YesNo) !=
+        Answer::Yes)
         return;
     MakeChange(form, "removing", [&] {
-        form.XYData.erase(form.XYData.begin() + first, form.XYData.begin() + last + 1);
-        form.ps.XYCount -= last - first + 1;
+        const auto start = form.XYData.begin();
+        form.XYData.erase(start + lines.first, start + lines.last + 1);
+        form.ps.XYCount -= lines.last - lines.first + 1;
     });
     Refill(form);
     SetEditMode(form, form.EditMode);
 }
 
 void cmdEraseSelected_Click(frmZXYEditor& form) {
-    const auto [first, last] = Marked(form);
+    const MarkedLines lines = Marked(form);
     const GridRange marked = form.Grid.selection;
-    if (last == 0 || marked.lastColumn < kXColumn) {
+    if (lines.last == 0 || marked.lastColumn < kXColumn) {
         host().beep();
         return;
     }
     MakeChange(form, "setting cells to 0", [&] {
-        for (int line = first; line <= last; ++line) {
+        for (int line = lines.first; line <= lines.last; ++line) {
             XYPoint& point = form.XYData[Index(line)];
             if (marked.firstColumn <= kXColumn)
                 point.x = 0;
@@ -259,18 +263,16 @@ void cmdClipboard_Click(frmZXYEditor& form) {
         host().beep();
         return;
     }
-    std::string text;
+    TableNumbers numbers;
     for (int line = first; line <= last; ++line) {
         const XYPoint& point = form.XYData[Index(line)];
         if (marked.firstColumn <= kXColumn)
-            text += FileText(static_cast<double>(point.x));
-        if (marked.firstColumn <= kXColumn && marked.lastColumn >= kYColumn)
-            text += '\t';
+            numbers.values.push_back(static_cast<double>(point.x));
         if (marked.lastColumn >= kYColumn)
-            text += FileText(static_cast<double>(point.y));
-        text += kCrLf;
+            numbers.values.push_back(static_cast<double>(point.y));
+        numbers.rowStart.push_back(static_cast<std::uint32_t>(numbers.values.size()));
     }
-    host().setClipboardText(text);
+    host().setClipboardText(WriteTable(numbers));
 }
 
 void cmdClipEinfuegen_Click(frmZXYEditor& form) {
@@ -280,15 +282,10 @@ void cmdClipEinfuegen_Click(frmZXYEditor& form) {
     const std::optional<TableNumbers> numbers = ReadPastedTable(*text);
     if (!numbers)
         return;
-    const GridRange& marked = form.Grid.selection;
-    const bool block = marked.lastRow > marked.firstRow;
-    const int row = form.ps.XYCount == 0 ? 0 : block ? marked.firstRow : form.Grid.row;
-    const std::size_t first = Index(std::max(row, 0) + 1);
+    const PastePlace place = PlaceOfPaste(form.Grid, form.ps.XYCount, kXColumn);
+    const std::size_t first = Index(place.line);
     // One column goes where the cursor stands, more than one into both.
-    std::size_t columns = 0;
-    for (std::size_t i = 0; i < numbers->Rows(); ++i)
-        columns = std::max(columns, numbers->Row(i).size());
-    const bool onlyY = columns == 1 && form.Grid.column == kYColumn;
+    const bool onlyY = numbers->Columns() == 1 && place.column == kYColumn;
     MakeChange(form, "pasting", [&] {
         form.XYData.resize(std::max(form.XYData.size(), first + numbers->Rows()));
         form.ps.XYCount = static_cast<int>(form.XYData.size() - 1);
@@ -303,8 +300,7 @@ void cmdClipEinfuegen_Click(frmZXYEditor& form) {
     });
     Refill(form);
     SetEditMode(form, true);
-    if (columns > 2)
-        TellSurplusColumns(columns - 2);
+    TellSurplusColumns(*numbers, 2);
 }
 
 // ---------------------------------------------------------------- diagram
@@ -349,16 +345,12 @@ void LoadIntoEditor(frmZXYEditor& form, const std::string& path) {
         form.XYData.insert(form.XYData.end(), file.points.begin(), file.points.end());
         form.ps.XYCount = static_cast<int>(file.points.size());
     });
-    std::string directory = DirectoryOf(path);
-    if (directory.size() > 1)
-        directory.pop_back();
-    form.ps.XYDir = directory;
+    TakeFolder(form, path);
     form.txtComment.text = file.comment;
     form.caption = "Loaded: " + FileName(path);
     Refill(form);
     SetEditMode(form, true);
-    form.XYChanged = false;
-    form.saved = form.known;
+    NoteSaved(form);
     if (file.badLines > 0)
         ShowMessage(std::to_string(file.badLines) +
                         (file.badLines > 1 ? " lines are no pairs of numbers"
@@ -405,12 +397,8 @@ void cmdSave_Click(frmZXYEditor& form) {
         return;
     }
     form.ps.XYFile = choice->path;
-    std::string directory = DirectoryOf(choice->path);
-    if (directory.size() > 1)
-        directory.pop_back();
-    form.ps.XYDir = directory;
-    form.XYChanged = false;
-    form.saved = form.known;
+    TakeFolder(form, choice->path);
+    NoteSaved(form);
 }
 
 std::string PrintedList(const frmZXYEditor& form, const std::string& fileDate) {

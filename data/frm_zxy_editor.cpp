@@ -1,6 +1,7 @@
 // The record of the X-Y editor: what it shows, the input line, entry in the list.
 #include "data/frm_zxy_editor.h"
 
+#include "data/grid_editing.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -34,14 +35,7 @@ XYListState StateOf(const frmZXYEditor& form) {
 }
 
 void ShowHistory(frmZXYEditor& form) {
-    const auto* undo = form.history.ToUndo();
-    const auto* redo = form.history.ToRedo();
-    form.cmdUndo.enabled = undo != nullptr;
-    form.cmdRedo.enabled = redo != nullptr;
-    form.cmdUndo.text = undo ? "Undo " + undo->name : "Undo";
-    form.cmdRedo.text = redo ? "Redo " + redo->name : "Redo";
-    form.cmdUndo.toolTip = form.cmdUndo.text + "  <Ctrl><Z>";
-    form.cmdRedo.toolTip = form.cmdRedo.text + "  <Ctrl><Shift><Z>";
+    ShowHistory(form.history, form.cmdUndo, form.cmdRedo);
 }
 
 void PutBack(frmZXYEditor& form, const XYListState& state, const XYListState& other) {
@@ -57,7 +51,7 @@ void PutBack(frmZXYEditor& form, const XYListState& state, const XYListState& ot
     }
     form.known = state.table;
     Refill(form);
-    form.XYChanged = !(state.table == form.saved);
+    form.XYChanged = form.commentChanged || !(state.table == form.saved);
     SetEditMode(form, form.EditMode);
     ShowHistory(form);
 }
@@ -82,7 +76,7 @@ void Form_Load(frmZXYEditor& form) {
     form.history.Clear();
     form.known = form.saved = {};
     form.EditLine = 1;
-    form.XYChanged = false;
+    form.XYChanged = form.commentChanged = false;
     FillGrid(form);
     SetEditMode(form, false);
     EnableListCommands(form);
@@ -105,13 +99,6 @@ void Grid_Select(frmZXYEditor& form) {
     form.EditLine = row;
     ShowInputLine(form);
     form.lblZeile.text = "line " + std::to_string(form.EditMode ? row : form.ps.XYCount + 1);
-}
-
-void Grid_ContextMenu(frmZXYEditor& form) {
-    Form* const main = FindForm(form.ps.desktop, "MDIZOR");
-    Control* const menu = main == nullptr ? nullptr : main->Find("mnuEdit2");
-    if (menu != nullptr && menu->kind == Kind::MenuEntry)
-        host().popupMenu(static_cast<MenuEntry&>(*menu));
 }
 
 /// A list that was never stored may be closed only when the user knows it.
@@ -165,21 +152,21 @@ frmZXYEditor::frmZXYEditor(ProjectState& state, DiagramDocument& diagramDocument
         y(box).onChange = [this, box] { y(box).text = CommasToPoints(y(box).text); };
         y(box).onGotFocus = [this, box] { y(box).selectAll = true; };
     }
-    txtW.onKeyPress = [](int& key) {
-        if (key >= ' ' && !FilterNumericKey(key))
-            key = 0;
-    };
+    txtW.onKeyPress = NumberKey;
     txtW.onChange = [this] { txtW.text = CommasToPoints(txtW.text); };
-    txtComment.onKeyPress = [](int& key) {
-        if (key == 13 || key == 10) // a comment is one line
-            key = 0;
-    };
+    txtComment.onKeyPress = CommentKey;
+    txtComment.onChange = [this] { XYChanged = commentChanged = true; };
     optInputMode.onClick = [this](int mode) { optInputMode_Click(*this, mode); };
     OKinput.onClick = [this] { OKinput_Click(*this); };
     Grid.onSelect = [this] { Grid_Select(*this); };
-    Grid.onKeyPress = [this](int, int column, int& key) { Grid_KeyPress(*this, column, key); };
+    Grid.onKeyPress = [this](int, int column, int& key) {
+        const GridCommands commands{.copy = [this] { cmdClipboard_Click(*this); },
+                                    .paste = [this] { cmdClipEinfuegen_Click(*this); },
+                                    .erase = [this] { cmdEraseSelected_Click(*this); }};
+        GridKey(column, kXColumn, ps.DecimalComma, key, commands);
+    };
     Grid.onEdit = [this](int row, int column) { Grid_Edit(*this, row, column); };
-    Grid.onContextMenu = [this] { Grid_ContextMenu(*this); };
+    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, "mnuEdit2"); };
     cmdUndo.onClick = [this] { cmdUndo_Click(*this); };
     cmdRedo.onClick = [this] { cmdRedo_Click(*this); };
     cmdAus.onClick = [this] { cmdAus_Click(*this); };
@@ -314,19 +301,14 @@ void optInputMode_Click(frmZXYEditor& form, int mode) {
 }
 
 void y_KeyPress(frmZXYEditor& form, int index, int& key) {
-    if (key == 3 || key == 22 || key == 24) // copy, paste, cut
-        return;
-    const std::string& text = form.y(index).text;
-    const bool exponentSign = key == '+' && !text.empty() && (text.back() | 0x20) == 'e';
-    if ((key == '+' && !exponentSign) || (key == 13 && index == 1)) {
-        key = 0;
-        OKinput_Click(form);
-    } else if (key == 13) {
-        key = 0;
-        form.setFocus = &form.y(1);
-    } else if (!FilterNumericKey(key)) {
-        key = 0;
-    }
+    InputLineKey(
+        form.y(index), key, [&] { OKinput_Click(form); },
+        [&] {
+            if (index == 0)
+                form.setFocus = &form.y(1);
+            else
+                OKinput_Click(form);
+        });
 }
 
 void OKinput_Click(frmZXYEditor& form) {
@@ -358,34 +340,6 @@ void OKinput_Click(frmZXYEditor& form) {
 }
 
 // ---------------------------------------------------------------- entry in the list
-
-void Grid_KeyPress(frmZXYEditor& form, int column, int& key) {
-    switch (key) {
-    case 3:
-        cmdClipboard_Click(form);
-        key = 0;
-        return;
-    case 22:
-        cmdClipEinfuegen_Click(form);
-        key = 0;
-        return;
-    case 127:
-        cmdEraseSelected_Click(form);
-        key = 0;
-        return;
-    case 13:
-    case 27:
-        return;
-    default:
-        break;
-    }
-    if (column < kXColumn)
-        return;
-    if (key == '.' || key == ',')
-        key = form.ps.DecimalComma ? ',' : '.';
-    else if (!FilterNumericKey(key))
-        key = 0;
-}
 
 void Grid_Edit(frmZXYEditor& form, int row, int column) {
     if (row >= form.ps.XYCount) { // the row that says that there is none

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "data/formats/xy.h"
+#include "data/recovery.h"
 #include "data/undo_history.h"
 #include "diagrams/diagram_document.h"
 #include "engine/project_state.h"
@@ -83,6 +84,7 @@ struct frmZXYEditor : Form {
     int EditLine = 1;
     bool EditMode = false;
     bool XYChanged = false;
+    bool commentChanged = false; ///< which undo does not take back
     bool AsCurve = false;
 
     UndoHistory<XYListState> history;
@@ -94,6 +96,8 @@ struct frmZXYEditor : Form {
 
 /// Reads a list into the editor as "Load data" does, without the question for its name.
 void LoadIntoEditor(frmZXYEditor& form, const std::string& path);
+/// What keeps a changed list for the case of a crash.
+RecoveryKind ListRecovery(frmZXYEditor& form);
 /// The text that "Print list" prints.
 /// Given: fileDate: of the file, or today's date and time without one; seconds are cut
 std::string PrintedList(const frmZXYEditor& form, const std::string& fileDate);
@@ -101,7 +105,6 @@ std::string PrintedList(const frmZXYEditor& form, const std::string& fileDate);
 void y_KeyPress(frmZXYEditor& form, int index, int& key);
 void OKinput_Click(frmZXYEditor& form);
 void optInputMode_Click(frmZXYEditor& form, int mode);
-void Grid_KeyPress(frmZXYEditor& form, int column, int& key);
 void Grid_Edit(frmZXYEditor& form, int row, int column);
 void cmdAus_Click(frmZXYEditor& form);
 void cmdErase_Click(frmZXYEditor& form);

@@ -76,9 +76,13 @@ std::optional<TableNumbers> ReadPastedTable(const std::string& text) {
     return table;
 }
 
-void TellSurplusColumns(std::size_t surplus) {
-    ShowMessage("The text has " + std::to_string(surplus) + " column" + (surplus > 1 ? "s" : "") +
-                    " more than the list from here on." + kCrLf + "They were left out.",
+void TellSurplusColumns(const TableNumbers& table, std::size_t taken) {
+    const std::size_t columns = table.Columns();
+    if (columns <= taken && !table.columnsCut)
+        return;
+    const std::string found = (table.columnsCut ? "more than " : "") + std::to_string(columns);
+    ShowMessage("The text has " + found + " columns; from the cursor on the list has room for " +
+                    std::to_string(taken) + "." + kCrLf + "The columns behind them were left out.",
                 "Insert clipboard content", Icon::Information);
 }
 

@@ -13,8 +13,8 @@ namespace zorvant {
 /// Returned: nothing when the user cancelled or the text has no numbers.
 std::optional<TableNumbers> ReadPastedTable(const std::string& text);
 
-/// A box: of the pasted columns so many did not find room in the list.
-void TellSurplusColumns(std::size_t surplus);
+/// A box when the text had more columns than the list took; none when all found room.
+void TellSurplusColumns(const TableNumbers& table, std::size_t taken);
 
 /// A box: how many cells were no numbers; none when there are none.
 void TellBadCells(const TableNumbers& table);

@@ -100,6 +100,24 @@ std::string FindInFolder(const std::string& folder, const std::string& name) {
     return {};
 }
 
+/// A project knows its data by name alone; the user may know the folder.
+/// Returned: "" when the user does not.
+std::string AskWhereDataAre(const ProjectState& ps, const std::string& missing) {
+    std::string reason;
+    try {
+        (void)ReadFile(missing);
+    } catch (const FileError& error) {
+        reason = error.what();
+    }
+    if (Ask(JoinLines({reason, "", "Look for it in another folder?"}),
+            "message from Sub LoadExpFile", Icon::Critical, Buttons::YesNo) != Answer::Yes)
+        return {};
+    std::string path = missing, name, directory = ps.DataDir;
+    bool cancelled = true;
+    FuFileDialog(path, name, directory, "*.ZI3", "Where is " + FileName(missing) + "?", cancelled);
+    return cancelled ? std::string() : path;
+}
+
 } // namespace
 
 std::function<void(ProjectState&)>& commentQuestion() {
@@ -206,13 +224,16 @@ std::string FindDataFile(const ProjectState& ps, const std::string& projectPath,
 }
 
 bool LoadDataOfProject(ProjectState& ps, const std::string& projectPath,
-                       const std::string& dataFile) {
+                       const std::string& dataFile, bool mayAsk) {
     ps.DataIsSession = IsLastSession(projectPath);
     if (dataFile.empty())
         return false;
-    const std::string path = FindDataFile(ps, projectPath, dataFile);
+    std::string path = FindDataFile(ps, projectPath, dataFile);
+    if (mayAsk && !FileExists(path))
+        path = AskWhereDataAre(ps, path);
     bool ok = false;
-    LoadExpFile(ps, path, false, ok);
+    if (!path.empty())
+        LoadExpFile(ps, path, false, ok);
     if (!ok) {
         ps.DataFilePath.clear();
         return false;

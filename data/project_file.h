@@ -45,9 +45,10 @@ std::string FindDataFile(const ProjectState& ps, const std::string& projectPath,
 /// The measured values of a loaded project: finds, loads and counts them, takes the initial
 /// concentrations from them.
 /// Given:    dataFile: as FuLoadProjectFile brought it; empty: the table stays
+///           mayAsk: whether the user may be asked where a file is that is not found
 /// Returned: whether data were loaded; DataIsSession; then DataFilePath, DataFileTitle, DataDir.
 ///           After a failure, which a box told, DataFilePath is empty and the table as it was
 bool LoadDataOfProject(ProjectState& ps, const std::string& projectPath,
-                       const std::string& dataFile);
+                       const std::string& dataFile, bool mayAsk = true);
 
 } // namespace zorvant

@@ -13,28 +13,28 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
-#include <span>
+#include <memory>
+#include <utility>
 
 namespace zorvant {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kStart = "ZorRecovery-", kEnd = ".ZI3";
-/// Stands behind the rows of a recovery file, where a data file has nothing more.
-constexpr std::string_view kNameOfData = "recovered from: ";
+constexpr std::string_view kStart = "ZorRecovery-";
+constexpr std::string_view kNameOfFile = "recovered from: ";
 
 std::string Folder(const ProjectState& ps) {
     return DirectoryOf(ps.LastSessionFile);
 }
 
 /// The process that wrote a file of this name; 0: none did.
-long long ProcessOf(const std::string& name) {
-    if (!name.starts_with(kStart) || !name.ends_with(kEnd) ||
-        name.size() <= kStart.size() + kEnd.size())
+long long ProcessOf(const std::string& name, const std::string& ending) {
+    if (!name.starts_with(kStart) || !name.ends_with(ending) ||
+        name.size() <= kStart.size() + ending.size())
         return 0;
     const std::string number =
-        name.substr(kStart.size(), name.size() - kStart.size() - kEnd.size());
+        name.substr(kStart.size(), name.size() - kStart.size() - ending.size());
     return ParseInteger(number).value_or(0);
 }
 
@@ -49,43 +49,113 @@ bool StillRuns(long long process) {
     return error || own == other;
 }
 
-std::span<const ExpPoint> Rows(const ProjectState& ps) {
-    return std::span(ps.ExpData).subspan(1, static_cast<std::size_t>(ps.ExpPointCount));
+/// A file that is left for the next start must not stand where this process will write its own.
+void LeaveTo(const std::string& path, const std::string& own) {
+    if (path != own)
+        return;
+    constexpr long long kNoProcess = 1'000'000'000; // beyond the numbers that processes get
+    std::error_code none;
+    fs::rename(path,
+               JoinPath(DirectoryOf(path), std::string(kStart) +
+                                               std::to_string(kNoProcess + getpid()) +
+                                               fs::path(path).extension().string()),
+               none);
 }
 
-/// The path of the data file whose changes a recovery holds.
-std::string NameOfData(const std::string& bytes) {
-    const std::size_t at = bytes.rfind(kNameOfData);
-    if (at == std::string::npos)
-        return {};
-    return Trim(bytes.substr(at + kNameOfData.size()));
+/// The table with all that its file holds.
+struct TableCopy {
+    std::vector<ExpPoint> rows;
+    std::string comment, timeUnit, path;
+    double lambdaInf = 0;
+    bool operator==(const TableCopy&) const = default;
+};
+
+TableCopy CopyOf(const ProjectState& ps) {
+    const auto start = ps.ExpData.begin() + 1;
+    return {
+        .rows = {start, start + ps.ExpPointCount},
+        .comment = ps.ExpComment,
+        .timeUnit = ps.TimeUnitText,
+        .path = ps.DataFilePath,
+        .lambdaInf = ps.LambdaInf
+    };
+}
+
+std::string BytesOf(const TableCopy& table) {
+    const Zi3Head head{.comment = table.comment, .timeUnit = table.timeUnit, .count = 0};
+    return WriteZi3(head, table.rows, table.lambdaInf) + RecoveredFrom(table.path);
+}
+
+std::vector<std::string> DescribeData(const std::string& path) {
+    const std::string bytes = ReadFile(path);
+    const Zi3Head head = ParseZi3Head(bytes);
+    const std::string dataFile = FileRecoveredFrom(bytes);
+    return {std::to_string(head.count) + " measuring points, " + host().fileDate(path),
+            "data file: " + (dataFile.empty() ? "(unnamed)" : dataFile),
+            "comment: " + head.comment};
+}
+
+bool TakeData(ProjectState& ps, const std::string& path) {
+    const std::string dataFile = FileRecoveredFrom(ReadFile(path));
+    bool taken = false;
+    LoadExpFile(ps, path, false, taken);
+    if (!taken)
+        return false;
+    ps.DataFilePath = dataFile;
+    ps.DataFileTitle = FileName(dataFile);
+    ps.DataIsSession = false;
+    ps.ExpDataChanged = true;
+    TellUnitOfData(ps);
+    FuCheckExpData(ps);
+    return true;
 }
 
 } // namespace
 
+std::string RecoveredFrom(const std::string& path) {
+    return std::string(kNameOfFile) + path + kCrLf;
+}
+
+std::string FileRecoveredFrom(const std::string& bytes) {
+    const std::size_t at = bytes.rfind(kNameOfFile);
+    if (at == std::string::npos)
+        return {};
+    const std::size_t start = at + kNameOfFile.size();
+    return bytes.substr(start, bytes.find('\r', start) - start);
+}
+
+RecoveryKind DataRecovery(ProjectState& ps) {
+    const auto copy = std::make_shared<TableCopy>();
+    return {.ending = ".ZI3",
+            .what = "changed experimental data",
+            .unsaved = [&ps] { return ps.ExpDataChanged && ps.ExpPointCount > 0; },
+            .differs =
+                [&ps, copy] {
+                    const TableCopy before = std::exchange(*copy, CopyOf(ps));
+                    return before != *copy;
+                },
+            .bytes = [copy] { return BytesOf(*copy); },
+            .describe = DescribeData,
+            .take = [&ps](const std::string& path) { return TakeData(ps, path); }};
+}
+
 std::string RecoveryKeeper::Path() const {
-    return JoinPath(Folder(ps_),
-                    std::string(kStart) + std::to_string(getpid()) + std::string(kEnd));
+    return JoinPath(Folder(ps_), std::string(kStart) + std::to_string(getpid()) + kind_.ending);
 }
 
 void RecoveryKeeper::Keep() {
-    if (!ps_.ExpDataChanged || ps_.ExpPointCount == 0) {
+    if (!kind_.unsaved()) {
         if (written_)
             Remove();
+        lastError.clear();
         return;
     }
-    const std::span<const ExpPoint> rows = Rows(ps_);
-    const std::string texts = ps_.ExpComment + '\n' + ps_.TimeUnitText + '\n' + ps_.DataFilePath +
-                              '\n' + FileText(ps_.LambdaInf);
-    if (written_ && texts == keptTexts_ && std::ranges::equal(rows, kept_))
+    const bool differs = kind_.differs();
+    if (written_ && !differs)
         return;
+    written_ = false; // until the copy stands in the file
     try {
-        const Zi3Head head{
-            .comment = ps_.ExpComment, .timeUnit = ps_.TimeUnitText, .count = ps_.ExpPointCount};
-        WriteFileAtomically(Path(), WriteZi3(head, rows, ps_.LambdaInf) + std::string(kNameOfData) +
-                                        ps_.DataFilePath + kCrLf);
-        kept_.assign(rows.begin(), rows.end());
-        keptTexts_ = texts;
+        WriteFileAtomically(Path(), kind_.bytes());
         written_ = true;
         lastError.clear();
     } catch (const FileError& error) {
@@ -97,20 +167,15 @@ void RecoveryKeeper::Remove() {
     std::error_code none;
     fs::remove(Path(), none);
     written_ = false;
-    kept_.clear();
 }
 
-void RecoveryKeeper::Leave() {
-    Keep();
-}
-
-std::vector<std::string> FindRecoveries(const ProjectState& ps) {
+std::vector<std::string> FindRecoveries(const ProjectState& ps, const std::string& ending) {
     std::vector<std::pair<fs::file_time_type, std::string>> found;
     std::error_code error;
     const std::string folder = Folder(ps).empty() ? "." : Folder(ps);
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        const long long process = ProcessOf(entry->path().filename().string());
+        const long long process = ProcessOf(entry->path().filename().string(), ending);
         if (process > 0 && !StillRuns(process)) {
             std::error_code none;
             found.emplace_back(fs::last_write_time(entry->path(), none), entry->path().string());
@@ -123,40 +188,29 @@ std::vector<std::string> FindRecoveries(const ProjectState& ps) {
     return paths;
 }
 
-bool OfferRecovery(ProjectState& ps, RecoveryKeeper& keeper) {
-    for (const std::string& path : FindRecoveries(ps)) {
-        std::string comment, unit, dataFile;
-        int count = 0;
+bool OfferRecovery(const ProjectState& ps, RecoveryKeeper& keeper) {
+    const RecoveryKind& kind = keeper.Kind();
+    for (const std::string& path : FindRecoveries(ps, kind.ending)) {
+        std::string question = "The program was not closed properly: " + kind.what + kCrLf +
+                               "were not saved. They were kept:" + kCrLf;
         try {
-            const std::string bytes = ReadFile(path);
-            const Zi3Head head = ParseZi3Head(bytes);
-            comment = head.comment;
-            count = head.count;
-            dataFile = NameOfData(bytes);
-        } catch (const std::runtime_error&) { // not one of ours after all
+            for (const std::string& line : kind.describe(path))
+                question += kCrLf + ("    " + line);
+        } catch (const std::runtime_error&) { // FileError, FormatError: not one of ours after all
             continue;
         }
-        const Answer answer =
-            Ask(JoinLines(
-                    {"The program was not closed properly: changed experimental data",
-                     "were not saved. They were kept:", "",
-                     "    " + std::to_string(count) + " measuring points, " + host().fileDate(path),
-                     "    data file: " + (dataFile.empty() ? "(unnamed)" : dataFile),
-                     "    comment: " + comment, "", "Load them now?",
-                     "(No: they are deleted. Cancel: you are asked again at the next start.)"}),
-                "Recovery", Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
+        question +=
+            JoinLines({"", "", "Load them now?",
+                       "(No: they are deleted. Cancel: you are asked again at the next start.)"});
+        const Answer answer = Ask(question, "Recovery", Icon::Question, Buttons::YesNoCancel);
+        if (answer == Answer::Cancel) {
+            LeaveTo(path, keeper.Path());
             continue;
-        bool taken = false;
-        if (answer == Answer::Yes) {
-            LoadExpFile(ps, path, false, taken);
-            if (!taken)
+        }
+        const bool taken = answer == Answer::Yes;
+        if (taken) {
+            if (!kind.take(path))
                 continue;
-            ps.DataFilePath = dataFile;
-            ps.DataFileTitle = FileName(dataFile);
-            ps.DataIsSession = false;
-            ps.ExpDataChanged = true;
-            FuCheckExpData(ps);
             keeper.Keep(); // before the old one goes
             if (!keeper.lastError.empty())
                 return true;

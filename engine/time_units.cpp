@@ -71,6 +71,11 @@ void FillTimeFactor(ProjectState& ps) {
             ps.TimeFactor[i][j] = kTimeUnitSeconds[i] / kTimeUnitSeconds[j];
 }
 
+double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx) {
+    const double factor = ps.TimeFactor[Index(oldIdx)][Index(newIdx)];
+    return TimeColumnIsRate(ps) ? value / factor : value * factor;
+}
+
 void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
     const std::size_t to = Index(newIdx), from = Index(oldIdx);
     const double factor = ps.TimeFactor[from][to];
@@ -80,7 +85,7 @@ void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
     if (to != from) {
         for (int i = 1; i <= ps.ExpPointCount; ++i) {
             double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
-            t = TimeColumnIsRate(ps) ? t / factor : t * factor;
+            t = TimeColumnIn(ps, t, newIdx, oldIdx);
         }
         ps.tMax *= factor;
         ps.tVerweil *= factor;

@@ -18,6 +18,9 @@ int TimeUnitIndex(std::string_view word);
 /// Fills TimeFactor: t in unit j = t in unit i * TimeFactor[i][j].
 void FillTimeFactor(ProjectState& ps);
 
+/// A value of the data's time column in another unit (indices 0..4): a time t * F, a rate r(P) / F.
+double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx);
+
 /// Converts every time and constant of the state and the data, tells the open dialogs.
 /// Given:    units 0..4; what lies outside counts as the nearest
 /// Returned: TimeUnitText, TimeUnitIdx and TimeUnitOldIdx; times t * F, constants k / F with

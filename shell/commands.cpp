@@ -2,6 +2,8 @@
 
 #include "data/exp_data.h"
 #include "data/exp_file.h"
+#include "data/frm_datedit.h"
+#include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
 #include "engine/calc_dialog.h"
 #include "platform/files.h"
@@ -209,16 +211,36 @@ void OpenTangentMenu(MDIZOR& form) {
             form.ps.ColumnHasData[static_cast<std::size_t>(slot)];
 }
 
+/// Replaces the table so that the editor can take it back.
+/// Given: timeUnit: of the times that stand in the table
+void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
+                 const std::string& timeUnit, const Handler& replace) {
+    if (auto* const editor = dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, "frmDatedit")))
+        ReplaceTable(*editor, name, extent, timeUnit, replace);
+    else
+        replace();
+}
+
+/// For the status line: that unsaved work would not survive a crash, and why; empty when it would.
+std::string UnsafeNote(const MDIZOR& form) {
+    for (const RecoveryKeeper& keeper : form.recoveries)
+        if (!keeper.lastError.empty())
+            return "     not secured against a crash (" + keeper.lastError + ")";
+    return {};
+}
+
 /// Steps 3 to 5 of the load commands.
+/// Given: unitBefore: the time unit before the project was read
 void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
-                       const std::string& heading) {
+                       const std::string& heading, const std::string& unitBefore) {
     Enable(form, {"mnuNeudat", "mnuSaveProject"});
     EnableTools(form, {14, 8});
     if (!dataFile.empty()) {
         Enable(form, {"mnuEditDat"});
         EnableTools(form, {16});
     }
-    LoadDataOfProject(form.ps, path, dataFile);
+    ReplaceData(form, "loading of the project's data", ExpTableState::Extent::Data, unitBefore,
+                [&] { LoadDataOfProject(form.ps, path, dataFile); });
     ReopenModelDialog(form);
     ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
 }
@@ -239,6 +261,7 @@ MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
         tools.push_back(std::make_unique<Button>(*this, control, row.text));
         tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
     }
+    recoveries.emplace_back(ps, DataRecovery(ps));
     WireCommands(*this);
     SetDisabledTips(*this);
     cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
@@ -260,8 +283,11 @@ MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
     tmrRecovery.interval = kRecoveryInterval;
-    tmrRecovery.onTick = [this] { recovery.Keep(); };
-    onRefresh = [this] { lblStatus.text = StatusLine(ps); };
+    tmrRecovery.onTick = [this] {
+        for (RecoveryKeeper& keeper : recoveries)
+            keeper.Keep();
+    };
+    onRefresh = [this] { lblStatus.text = StatusLine(ps) + UnsafeNote(*this); };
     Declare();
 }
 
@@ -316,6 +342,10 @@ void MDIZOR_Load(MDIZOR& form) {
             dialog->left = place.left;
             dialog->top = place.top;
         }
+    form.recoveries.clear();
+    form.recoveries.emplace_back(ps, DataRecovery(ps));
+    if (auto* const list = dynamic_cast<frmZXYEditor*>(FindForm(ps.desktop, "frmZXYEditor")))
+        form.recoveries.emplace_back(ps, ListRecovery(*list));
     UpdateAvailability(form);
     ModelChanged(form);
     Show(form, "frmZorModel");
@@ -327,7 +357,7 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
     std::erase(ps.ProjectFile, '"');
     if (ps.ProjectFile.empty())
         return;
-    const std::string path = ps.ProjectFile;
+    const std::string path = ps.ProjectFile, unitBefore = ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(ps, path, dataFile, ok);
@@ -344,11 +374,13 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
         ReopenModelDialog(form);
         return;
     }
-    TakeLoadedProject(form, path, dataFile, "");
+    TakeLoadedProject(form, path, dataFile, "", unitBefore);
 }
 
 void OfferLostData(MDIZOR& form) {
-    if (!OfferRecovery(form.ps, form.recovery))
+    for (RecoveryKeeper& keeper : form.recoveries)
+        OfferRecovery(form.ps, keeper);
+    if (!form.ps.ExpDataChanged)
         return;
     Enable(form, {"mnuEditDat"});
     EnableTools(form, {16});
@@ -358,6 +390,7 @@ void OfferLostData(MDIZOR& form) {
 
 void OpenProject(MDIZOR& form, const std::string& path) {
     Unload(form, "frmBlutalkohol");
+    const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(form.ps, path, dataFile, ok);
@@ -366,7 +399,7 @@ void OpenProject(MDIZOR& form, const std::string& path) {
     form.ps.ProjectFile = path;
     form.ps.ProjectTitle = FileName(path);
     form.ps.ProjectDir = DirectoryOf(path);
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
 }
 
 // ---------------------------------------------------------------- dialogs
@@ -413,22 +446,24 @@ void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
 
 void mnuLoadLastSession_Click(MDIZOR& form) {
     Unload(form, "frmBlutalkohol");
+    const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(form.ps, form.ps.LastSessionFile, dataFile, ok);
     if (!ok)
         return;
-    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "");
+    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "", unitBefore);
 }
 
 void mnuLoadProject_Click(MDIZOR& form) {
     Unload(form, "frmBlutalkohol");
+    const std::string unitBefore = form.ps.TimeUnitText;
     std::string path, dataFile;
     bool ok = false, cancelled = false;
     FuLoadProjectDialog(form.ps, path, dataFile, ok, cancelled);
     if (cancelled || !ok)
         return;
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
 }
 
 void mnuSaveProject_Click(MDIZOR& form) {
@@ -445,10 +480,12 @@ void mnuNeudat_Click(MDIZOR& form) {
     if (ps.ExpPointCount > 0 &&
         Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
         return;
-    FuClearExpData(ps);
-    ps.ExpData.assign(2, {});
-    ps.LambdaInf = ps.LambdaZero = 0;
-    FuCheckExpData(ps);
+    ReplaceData(form, "new data", ExpTableState::Extent::File, ps.TimeUnitText, [&] {
+        FuClearExpData(ps);
+        ps.ExpData.assign(2, {});
+        ps.LambdaInf = ps.LambdaZero = 0;
+        FuCheckExpData(ps);
+    });
     Unload(form, "frmDatedit");
     Show(form, "frmDatedit");
 }
@@ -470,10 +507,8 @@ void mnuExit_Click(MDIZOR& form) {
         AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
     }
     form.tmrRecovery.interval = 0;
-    if (cancelled) // nothing is lost: the next start offers the data
-        form.recovery.Leave();
-    else
-        form.recovery.Remove();
+    RecoveryKeeper& data = form.recoveries.front();
+    cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
     FuSaveProjectFile(ps, ps.LastSessionFile);
     const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
                                      ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
@@ -487,6 +522,9 @@ void mnuExit_Click(MDIZOR& form) {
     for (auto each = open.rbegin(); each != open.rend(); ++each)
         if (*each != &form)
             UnloadForm(ps.desktop, **each);
+    // Likewise a list whose closing was cancelled, though the exit can't be.
+    for (std::size_t i = 1; i < form.recoveries.size(); ++i)
+        form.recoveries[i].Keep();
     host().closeHelp();
     host().quit();
 }

@@ -26,7 +26,8 @@ struct MDIZOR : Form {
     Label lblStatus{*this, "lblStatus"}; ///< model, time unit, data
     Timer Timer1{*this, "Timer1"};
     Timer tmrRecovery{*this, "tmrRecovery"}; ///< keeps unsaved data for the case of a crash
-    RecoveryKeeper recovery{ps};
+    /// One for each kind of unsaved work, the measured values first, which need no dialog.
+    std::vector<RecoveryKeeper> recoveries;
 
     /// Errors: std::out_of_range when the table has no such entry.
     MenuEntry& Entry(const std::string& control);

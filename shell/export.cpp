@@ -56,7 +56,7 @@ void OpenProject(CourseDesk& desk, const CommandLine& line) {
     FuLoadProjectFile(ps, line.project, dataFile, ok);
     if (!ok)
         return;
-    LoadDataOfProject(ps, line.project, dataFile);
+    LoadDataOfProject(ps, line.project, dataFile, false);
     for (Form* form : std::initializer_list<Form*>{&desk.model, &desk.table, &desk.diagram})
         ps.desktop.forms.push_back(form);
     // The model dialog opens last: as it loads it fills the open calculation dialog.

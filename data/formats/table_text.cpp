@@ -474,6 +474,13 @@ TableGuess GuessTableLayout(std::string_view text) {
     return guess;
 }
 
+std::size_t TableNumbers::Columns() const {
+    std::size_t columns = 0;
+    for (std::size_t row = 0; row < Rows(); ++row)
+        columns = std::max(columns, Row(row).size());
+    return columns;
+}
+
 TableNumbers ReadTable(std::string_view text, const TableLayout& layout) {
     TableNumbers table;
     TableScanner scanner(text, layout.separator);

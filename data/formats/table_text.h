@@ -56,6 +56,7 @@ std::optional<double> ParseCell(std::string_view cell, DecimalSign sign);
 /// The numbers of a table, row by row; rows may differ in length.
 struct TableNumbers {
     std::size_t Rows() const { return rowStart.size() - 1; }
+    std::size_t Columns() const; ///< of the longest row
     std::span<const double> Row(std::size_t row) const {
         return std::span(values).subspan(rowStart[row], rowStart[row + 1] - rowStart[row]);
     }

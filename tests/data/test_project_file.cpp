@@ -218,11 +218,15 @@ TEST_F(ProjectFiles, BringTheirMeasurementsAlong) {
     EXPECT_FALSE(LoadDataOfProject(ps, folder / "p.ZC3", ""));
     EXPECT_TRUE(script.boxes.empty());
 
+    script.answers = {Answer::No};
     EXPECT_FALSE(LoadDataOfProject(ps, folder / "p.ZC3", "lost.ZI3"));
     ASSERT_EQ(script.boxes.size(), 1U);
-    EXPECT_THAT(script.boxes[0].text, testing::EndsWith("lost.ZI3"));
+    EXPECT_THAT(script.boxes[0].text, testing::HasSubstr("lost.ZI3\r\n\r\nLook for it"));
     EXPECT_EQ(ps.DataFilePath, "");
     EXPECT_EQ(ps.ExpPointCount, 2);
+    script.files = {FileChoice{Put("elsewhere/lost.ZI3", kDataFile)}}; // the user knows where
+    EXPECT_TRUE(LoadDataOfProject(ps, folder / "p.ZC3", "lost.ZI3"));
+    EXPECT_EQ(ps.DataFilePath, folder / "elsewhere/lost.ZI3");
 }
 
 } // namespace

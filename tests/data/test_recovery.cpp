@@ -50,7 +50,7 @@ protected:
     TempFolder folder;
     ScriptedHost script;
     ProjectState ps;
-    RecoveryKeeper keeper{ps};
+    RecoveryKeeper keeper{ps, DataRecovery(ps)};
 };
 
 TEST_F(Recovery, DataOfAKilledProcessAreOfferedAtTheNextStart) {
@@ -63,12 +63,12 @@ TEST_F(Recovery, DataOfAKilledProcessAreOfferedAtTheNextStart) {
         ps.ExpData[2].cA = 0.25; // a change after the first writing
         keeper.Keep();
     });
-    ASSERT_EQ(FindRecoveries(ps).size(), 1U);
+    ASSERT_EQ(FindRecoveries(ps, ".ZI3").size(), 1U);
     script.answers = {Answer::Cancel, Answer::Yes};
     EXPECT_FALSE(OfferRecovery(ps, keeper));
     EXPECT_THAT(script.boxes[0].text, HasSubstr("3 measuring points"));
     EXPECT_THAT(script.boxes[0].text, HasSubstr("/data/run.ZI3"));
-    EXPECT_EQ(FindRecoveries(ps).size(), 1U); // asked again at the next start
+    EXPECT_EQ(FindRecoveries(ps, ".ZI3").size(), 1U); // asked again at the next start
     EXPECT_TRUE(OfferRecovery(ps, keeper));
     EXPECT_EQ(ps.ExpPointCount, 3);
     EXPECT_EQ(ps.ExpData[2].cA, 0.25);
@@ -96,10 +96,10 @@ TEST_F(Recovery, FilesOfProcessesThatRunAreLeftAlone) {
     char byte = 0;
     ASSERT_EQ(read(toParent[0], &byte, 1), 1);
     EXPECT_EQ(folder.Names().size(), 1U);
-    EXPECT_TRUE(FindRecoveries(ps).empty());
+    EXPECT_TRUE(FindRecoveries(ps, ".ZI3").empty());
     ASSERT_EQ(write(toChild[1], "x", 1), 1);
     waitpid(child, nullptr, 0);
-    EXPECT_EQ(FindRecoveries(ps).size(), 1U);
+    EXPECT_EQ(FindRecoveries(ps, ".ZI3").size(), 1U);
     script.answers = {Answer::No}; // not wanted: gone
     EXPECT_FALSE(OfferRecovery(ps, keeper));
     EXPECT_TRUE(folder.Names().empty());

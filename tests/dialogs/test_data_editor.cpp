@@ -209,7 +209,7 @@ TEST_F(DataEditor, PastingExtendsTheTableAndTellsOfColumnsWithoutRoom) {
     Paste("300\t0.5\t9\t9\n");
     EXPECT_EQ(ps.ExpData[1].T, 300);
     EXPECT_EQ(ps.ExpData[1].k, 0.5);
-    EXPECT_THAT(Box().text, HasSubstr("2 columns more"));
+    EXPECT_THAT(Box().text, HasSubstr("4 columns; from the cursor on the list has room for 2"));
     const auto before = ps.ExpData;
     Paste("no numbers here");
     EXPECT_EQ(Box().text, "The clipboard holds no numbers.");

@@ -193,7 +193,7 @@ TEST_F(XYEditor, WhatItCopiesPastesBackUnchanged) {
     Press(editor.cmdClipEinfuegen);
     EXPECT_THAT(Points(), ElementsAre(before[0], before[0], before[1]));
     Paste("1\t2\t3\n");
-    EXPECT_THAT(Box().text, HasSubstr("1 column more"));
+    EXPECT_THAT(Box().text, HasSubstr("3 columns; from the cursor on the list has room for 2"));
 }
 
 TEST_F(XYEditor, HandsTheActiveLinesToTheDiagram) {

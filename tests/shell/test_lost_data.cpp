@@ -3,7 +3,9 @@
 #include "data/frm_datedit.h"
 #include "data/frm_import_text.h"
 #include "data/frm_zxy_editor.h"
+#include "data/project_file.h"
 #include "engine/frm_zor_model.h"
+#include "platform/file_calls.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "shell/dropped_files.h"
@@ -15,6 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 
 namespace zorvant {
@@ -49,36 +52,61 @@ protected:
         Press(program.data.OKinput);
         program.window.tmrRecovery.onTick();
     }
+    /// A list with an inactive line and all digits of a Single.
+    static void TypeAPair(Program& program) {
+        Press(program.window.Entry("mnuEditXY"));
+        SetText(program.points.txtComment, "my \xC2\xB5 list");
+        program.points.XYData = ThePairs();
+        program.ps.XYCount = 2;
+        program.points.XYChanged = true;
+        program.window.tmrRecovery.onTick();
+    }
+    static std::vector<XYPoint> ThePairs() {
+        return {
+            {.x = 2},
+            {           .x = 0.1F / 3, .y = -1e-30F},
+            { .x = 16777217.0F,  .y = 4, .inactive = -1}
+        };
+    }
     std::string Put(const std::string& name, const std::string& bytes) {
         WriteFileAtomically(folder / name, bytes);
         return folder / name;
     }
 
+    ~LostData() override { fileCalls() = SystemFileCalls(); }
+
     TempFolder folder;
     ScriptedHost script;
 };
 
-TEST_F(LostData, SurviveAKilledProgramAndAreShownInTheirEditor) {
+TEST_F(LostData, SurviveAKilledProgramAndAreShownInTheirEditors) {
     const pid_t child = fork();
     if (child == 0) {
         Program program(folder.Path());
         TypeALine(program);
+        TypeAPair(program);
         kill(getpid(), SIGKILL);
     }
     int status = 0;
     waitpid(child, &status, 0);
     ASSERT_TRUE(WIFSIGNALED(status));
 
-    script.answers = {Answer::Yes};
+    script.answers = {Answer::Yes, Answer::Yes};
     Program next(folder.Path());
-    ASSERT_EQ(script.boxes.size(), 1U);
+    ASSERT_EQ(script.boxes.size(), 2U);
     EXPECT_THAT(script.boxes[0].text, HasSubstr("1 measuring points"));
     EXPECT_EQ(next.ps.ExpData[1].cA, 0.5);
     EXPECT_TRUE(next.data.loaded);
     EXPECT_EQ(next.data.Grid.cells[0][3], "0.5");
     EXPECT_TRUE(next.window.Entry("mnuEditDat").enabled);
+    EXPECT_THAT(script.boxes[1].text, HasSubstr("comment: my \xC2\xB5 list"));
+    EXPECT_EQ(next.points.XYData, ThePairs());
+    EXPECT_EQ(next.points.txtComment.text, "my \xC2\xB5 list");
+    EXPECT_TRUE(next.points.XYChanged); // both still have to be saved
+    EXPECT_TRUE(next.ps.ExpDataChanged);
     EXPECT_LE(next.window.tmrRecovery.interval, 5000);
     EXPECT_GT(next.window.tmrRecovery.interval, 0);
+    EXPECT_EQ(folder.Names().size(), 2U); // kept by this process from now on
 }
 
 TEST_F(LostData, CancelAtTheExitKeepsThemTheOtherAnswersDoNot) {
@@ -90,15 +118,68 @@ TEST_F(LostData, CancelAtTheExitKeepsThemTheOtherAnswersDoNot) {
         {
             Program program(folder.Path());
             TypeALine(program);
-            EXPECT_TRUE(FileExists(program.window.recovery.Path()));
-            script.answers = {answer};
+            TypeAPair(program);
+            EXPECT_EQ(folder.Names().size(), 2U);
+            script.answers = {answer, answer};
             Press(program.window.Entry("mnuExit"));
             EXPECT_TRUE(script.quitted);
         }
-        script.answers = {Answer::Yes};
+        EXPECT_EQ(folder.Names().size(), answer == Answer::Cancel ? 3U : 1U);
+        script.answers = {Answer::Yes, Answer::Yes};
         Program next(folder.Path());
         EXPECT_EQ(next.ps.ExpPointCount, answer == Answer::Cancel ? 1 : 0);
+        EXPECT_EQ(next.ps.XYCount, answer == Answer::Cancel ? 2 : 0);
     }
+}
+
+TEST_F(LostData, TheStatusLineTellsWhileTheyCannotBeKept) {
+    Program program(folder.Path());
+    const auto status = [&] {
+        program.window.tmrRecovery.onTick();
+        program.window.onRefresh();
+        return program.window.lblStatus.text;
+    };
+    const std::string safe = status();
+    fileCalls().write = [](int, const void*, std::size_t) -> ssize_t {
+        errno = ENOSPC;
+        return -1;
+    };
+    TypeALine(program);
+    EXPECT_THAT(status(), HasSubstr("not secured against a crash (No space left on device"));
+    EXPECT_TRUE(script.boxes.empty()); // nothing interrupts the work
+    fileCalls() = SystemFileCalls();
+    EXPECT_THAT(status(), testing::Not(HasSubstr("crash")));
+}
+
+TEST_F(LostData, WhatACommandReplacesCanBeTakenBack) {
+    Program program(folder.Path());
+    TypeALine(program);
+    const ExpPoint typed = program.ps.ExpData[1];
+    Put("p.ZI3", "run\r\nmin\r\nh\r\n1\r\n5,.5,0,0,0,0,0,0,0,0,0,0,0\r\n");
+    program.ps.DataFilePath = "p.ZI3";
+    program.ps.TimeUnitText = "min";
+    ASSERT_TRUE(FuSaveProjectFile(program.ps, folder / "p.ZC3"));
+    program.ps.TimeUnitText = "s";
+    OpenProject(program.window, folder / "p.ZC3");
+    EXPECT_EQ(program.ps.ExpData[1].t, 5);
+    EXPECT_EQ(program.ps.TimeUnitText, "min");
+    Press(program.data.cmdUndo);
+    EXPECT_EQ(program.ps.ExpData[1].t, typed.t / 60); // 3 s, in the project's unit
+    EXPECT_EQ(program.ps.TimeUnitText, "min");
+    Press(program.model.optZeit, 0); // a unit change elsewhere is a step as well
+    EXPECT_NEAR(program.ps.ExpData[1].t, 3, 1e-14);
+    Press(program.data.cmdUndo);
+    EXPECT_EQ(program.ps.TimeUnitText, "min");
+    Press(program.data.cmdUndo); // the typed line itself
+    EXPECT_EQ(program.ps.ExpPointCount, 0);
+    Press(program.data.cmdRedo);
+    EXPECT_EQ(program.ps.ExpData[1].t, typed.t / 60);
+    Press(program.window.Entry("mnuNeudat"));
+    EXPECT_EQ(program.ps.ExpPointCount, 0);
+    EXPECT_EQ(program.data.cmdUndo.text, "Undo new data");
+    Press(program.data.cmdUndo);
+    EXPECT_EQ(program.ps.ExpPointCount, 1);
+    EXPECT_TRUE(program.ps.ExpDataChanged);
 }
 
 TEST_F(LostData, ACleanExitLeavesNothing) {
