@@ -11,14 +11,17 @@ namespace zorvant {
 namespace {
 
 constexpr double kLargestScale = 8;
-constexpr std::array<const char*, 3> kPictureEndings{".PNG", ".SVG", ".PDF"};
+constexpr std::array<const char*, 6> kPictureEndings{".PNG", ".SVG", ".PDF",
+                                                     ".BMP", ".WMF", ".EMF"};
 
 void CheckPicture(const std::string& path) {
     const std::string name = UpperCase(FileName(path));
     for (const char* ending : kPictureEndings)
         if (name.size() > std::string_view(ending).size() && EndsWith(name, ending))
             return;
-    throw UsageError("\"" + path + "\" is no picture: it must end in .png, .svg or .pdf");
+    throw UsageError("\"" + path +
+                     "\" is no picture: it must end in .png, .svg, .pdf, "
+                     ".bmp, .wmf or .emf");
 }
 
 /// "1200x800"
@@ -52,7 +55,9 @@ struct OptionRow {
 
 const std::array<OptionRow, 8>& Options() {
     static const std::array<OptionRow, 8> table{
-        {{"--export", "FILE", "draw the course of the project (.png, .svg or .pdf)",
+        {{"--export", "FILE",
+          "draw the course of the project (.png, .svg, .pdf, .bmp, .wmf\n"
+          "                  or .emf)",
           [](CommandLine& line, const std::string& value) {
               CheckPicture(value);
               line.picture = value;
@@ -64,7 +69,7 @@ const std::array<OptionRow, 8>& Options() {
          {"--michaelis", nullptr, "enzyme model: r(P) against c(S) instead of a course",
           [](CommandLine& line, const std::string&) { line.michaelis = true; }},
          {"--size", "WxH", "size of the picture (900x600)", ReadSize},
-         {"--scale", "N", "pixels of a .png to each pixel of the size (1)", ReadScale},
+         {"--scale", "N", "pixels of a .png or .bmp to each pixel of the size (1)", ReadScale},
          {"--help", nullptr, "this text",
           [](CommandLine& line, const std::string&) { line.task = Task::Help; }},
          {"--version", nullptr, "the program's version",
@@ -106,9 +111,11 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
             throw UsageError("--export and --table need a project: zorvant --export FILE "
                              "PROJECT.ZC3");
     }
-    if (std::lround(std::max(line.width, line.height) * line.scale) > kLargestSide)
+    const double largest = std::max(line.width, line.height) * line.scale;
+    const double pixels = line.width * line.scale * line.height * line.scale;
+    if (std::lround(largest) > kLargestSide || pixels > kMostPixels)
         throw UsageError("the picture would be larger than " + std::to_string(kLargestSide) +
-                         " pixels");
+                         " pixels on a side or 150 million in all");
     return line;
 }
 

@@ -1,6 +1,8 @@
 // What the user asked for when starting the program.
 #pragma once
 
+#include "diagrams/picture_output.h"
+
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -8,7 +10,6 @@
 namespace zorvant {
 
 inline constexpr int kPictureWidth = 900, kPictureHeight = 600; ///< logical pixels
-inline constexpr int kLargestSide = 16384;                      ///< pixels
 
 /// A call that can't be understood; what() says why.
 struct UsageError : std::runtime_error {
@@ -25,7 +26,7 @@ struct CommandLine {
     bool rates = false;  ///< --rates: r(t) instead of c(t)
     bool michaelis = false;
     int width = kPictureWidth, height = kPictureHeight; ///< logical pixels
-    double scale = 1;                                   ///< pixels of a .png to a logical pixel
+    double scale = 1;                                   ///< pixels of a bitmap to a logical pixel
 };
 
 /// Reads the arguments behind the program's name. Whatever does not start with "--" is the name of

@@ -20,9 +20,9 @@ struct FontName {
 };
 /// Free fonts with the same widths.
 constexpr std::array<FontName, 3> kFontNames{
-    {{"ARIAL", "Liberation Sans"},
-     {"COURIER NEW", "Liberation Mono"},
-     {"TIMES NEW ROMAN", "Liberation Serif"}}
+    {{"Arial", "Liberation Sans"},
+     {"Courier New", "Liberation Mono"},
+     {"Times New Roman", "Liberation Serif"}}
 };
 
 double WidestLine(const QStringList& lines, const QFont& font) {
@@ -73,6 +73,14 @@ QFont ToFont(const FontChoice& choice, double pixelsPerPoint) {
         static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
+}
+
+QString ClassicFontName(const QFont& font) {
+    const QString family = font.families().value(0, font.family());
+    for (const FontName& name : kFontNames)
+        if (family == QLatin1String(name.ours))
+            return QLatin1String(name.classic);
+    return family;
 }
 
 QFont ExponentFont(const QFont& font) {

@@ -16,6 +16,8 @@ QColor ToColour(Colour colour, Colour ofStyle);
 /// The font of a choice, in pixels. The names of the classic system fonts stand for the free fonts
 /// of the same widths.
 QFont ToFont(const FontChoice& choice, double pixelsPerPoint);
+/// The other way round: the name of a font in files that other systems read.
+QString ClassicFontName(const QFont& font);
 
 /// A text in its box.
 struct TextBox {

@@ -304,13 +304,13 @@ void PlotView::Refresh() {
     canvas_->replot(QCustomPlot::rpQueuedRefresh);
 }
 
-void PlotView::PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size, double scale,
-                       bool vector) {
+void PlotView::PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size,
+                       const QTransform& place, bool vector) {
     canvas_->Build(surface, size, kPictureDotsPerInch / kPointsPerInch);
     QCPPainter painter;
     painter.begin(&device);
     painter.setMode(QCPPainter::pmVectorized, vector);
-    painter.scale(scale, scale);
+    painter.setTransform(place);
     canvas_->toPainter(&painter, size.width(), size.height());
     painter.end();
     if (surface_ != nullptr)

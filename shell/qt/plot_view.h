@@ -26,9 +26,10 @@ public:
     void Show(PlotSurface& surface);
     void Forget();
 
-    /// Paints a diagram on a device of that size without showing it. `vector` for devices that keep
-    /// lines and texts as such.
-    void PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size, double scale, bool vector);
+    /// Paints a diagram of that size on a device without showing it. `place` takes its logical
+    /// pixels to those of the device; `vector` for devices that keep lines and texts as such.
+    void PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size, const QTransform& place,
+                 bool vector);
 
     /// How often the picture was painted anew.
     int Repaints() const;

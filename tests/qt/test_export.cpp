@@ -233,7 +233,7 @@ TEST(Export, AnswersWithoutAProject) {
 
 TEST(Export, WritesTheSamePictureEachTime) {
     const TempFolder folder;
-    for (const std::string ending : {".png", ".svg", ".pdf"}) {
+    for (const std::string ending : {".png", ".svg", ".pdf", ".bmp", ".wmf", ".emf"}) {
         const std::string one = folder / ("one" + ending), two = folder / ("two" + ending);
         for (const std::string& path : {one, two})
             EXPECT_EQ(

@@ -27,16 +27,39 @@ PlotSurface Sample() {
 
 TEST(PlotPicture, IsTheSameFileEachTime) {
     PlotSurface surface = Sample();
+    const std::pair<const char*, std::string> starts[] = {
+        {".png",                  "\x89PNG"                         },
+        {                                                                    ".svg",                "<?xml"                                  },
+        {                                                               ".PDF",                       "%PDF-"                                                   },
+        {                                               ".bmp",                  "BM"                                 },
+        {                                                                                                     ".Wmf", "\xD7\xCD\xC6\x9A"},
+        { ".emf",                                 std::string("\1\0\0\0",                                                                    4)}
+    };
     std::vector<std::string> first;
-    for (const char* ending : {".png", ".svg", ".PDF"})
+    for (const auto& [ending, start] : starts) {
         first.push_back(PictureBytes(surface, ending, {600, 400}));
+        EXPECT_TRUE(first.back().starts_with(start)) << ending;
+    }
     std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // another second on the clock
     std::size_t i = 0;
-    for (const char* ending : {".png", ".svg", ".PDF"})
+    for (const auto& [ending, start] : starts)
         EXPECT_EQ(PictureBytes(surface, ending, {600, 400}), first[i++]) << ending;
-    EXPECT_EQ(first[0].substr(1, 3), "PNG");
-    EXPECT_NE(first[1].find("<svg"), std::string::npos);
-    EXPECT_EQ(first[2].substr(0, 5), "%PDF-");
+}
+
+TEST(PlotPicture, MeasuresCentimetresAndDots) {
+    PlotSurface surface = Sample();
+    const PictureMeasure measure =
+        MeasureOnPaper({.width = 15, .height = 10, .dotsPerInch = 300}, true);
+    for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Bitmap}) {
+        const QImage image =
+            QImage::fromData(QByteArray::fromStdString(PictureBytes(surface, format, measure)));
+        EXPECT_EQ(image.size(), QSize(1772, 1181));
+        EXPECT_NEAR(image.dotsPerMeterX(), 300 / 0.0254, 5);
+    }
+    EXPECT_THROW(MeasureOnPaper({.width = 100, .height = 100, .dotsPerInch = 600}, true),
+                 FileError);
+    EXPECT_EQ(MeasureOnPaper({.width = 100, .height = 100, .dotsPerInch = 600}, false).size,
+              QSize(3780, 3780));
 }
 
 TEST(PlotPicture, HasTheSizeAskedForAndLeavesTheRecordAlone) {

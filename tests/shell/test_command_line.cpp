@@ -48,24 +48,26 @@ TEST(CommandLine, RefusesWhatItCannotDo) {
         const char* says;
     };
     for (const Row& row : std::vector<Row>{
-             {{"--unknown"},                                                      "--unknown"     },
-             {{"--", "a.ZC3"},                                                    "unknown"       },
-             {{"--export=a.png", "a.ZC3"},                                        "--export=a.png"},
-             {{"a.ZC3", "--export"},                                              "FILE"          },
-             {{"--export", "", "a.ZC3"},                                          "--export"      },
-             {{"--export", "a.gif", "a.ZC3"},                                     "a.gif"         },
-             {{"--export", "png", "a.ZC3"},                                       ".svg"          },
-             {{"--export", "dir/.png", "a.ZC3"},                                  ".svg"          },
-             {{"--export", "a.png"},                                              "project"       },
-             {{"--table", "a.TXT"},                                               "project"       },
-             {{"--export", "a.png", "--size", "1200", "a.ZC3"},                   "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "0x800", "a.ZC3"},                  "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "-5x800", "a.ZC3"},                 "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "1e3x800", "a.ZC3"},                "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "99999x99999", "a.ZC3"},            "16384"         },
-             {{"--export", "a.png", "--scale", "0", "a.ZC3"},                     "--scale"       },
-             {{"--export", "a.png", "--scale", "nan", "a.ZC3"},                   "--scale"       },
-             {{"--export", "a.png", "--size", "9999x9", "--scale", "2", "a.ZC3"}, "larger"        }
+             {{"--unknown"},                                                           "--unknown"     },
+             {{"--", "a.ZC3"},                                                         "unknown"       },
+             {{"--export=a.png", "a.ZC3"},                                             "--export=a.png"},
+             {{"a.ZC3", "--export"},                                                   "FILE"          },
+             {{"--export", "", "a.ZC3"},                                               "--export"      },
+             {{"--export", "a.gif", "a.ZC3"},                                          "a.gif"         },
+             {{"--export", "png", "a.ZC3"},                                            ".svg"          },
+             {{"--export", "dir/.png", "a.ZC3"},                                       ".svg"          },
+             {{"--export", "a.png"},                                                   "project"       },
+             {{"--table", "a.TXT"},                                                    "project"       },
+             {{"--export", "a.png", "--size", "1200", "a.ZC3"},                        "WIDTHxHEIGHT"  },
+             {{"--export", "a.png", "--size", "0x800", "a.ZC3"},                       "WIDTHxHEIGHT"  },
+             {{"--export", "a.png", "--size", "-5x800", "a.ZC3"},                      "WIDTHxHEIGHT"  },
+             {{"--export", "a.png", "--size", "1e3x800", "a.ZC3"},                     "WIDTHxHEIGHT"  },
+             {{"--export", "a.png", "--size", "99999x99999", "a.ZC3"},                 "16384"         },
+             {{"--export", "a.png", "--scale", "0", "a.ZC3"},                          "--scale"       },
+             {{"--export", "a.png", "--scale", "nan", "a.ZC3"},                        "--scale"       },
+             {{"--export", "a.png", "--size", "9999x9", "--scale", "2", "a.ZC3"},      "larger"        },
+             {{"--export", "a.bmp", "--size", "9000x9000", "--scale", "1.5", "a.ZC3"},
+              "million"                                                                                }
     }) {
         try {
             ParseCommandLine(row.arguments);
