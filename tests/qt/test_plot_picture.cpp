@@ -27,23 +27,17 @@ PlotSurface Sample() {
 
 TEST(PlotPicture, IsTheSameFileEachTime) {
     PlotSurface surface = Sample();
-    const std::pair<const char*, std::string> starts[] = {
-        {".png",                  "\x89PNG"                         },
-        {                                                                    ".svg",                "<?xml"                                  },
-        {                                                               ".PDF",                       "%PDF-"                                                   },
-        {                                               ".bmp",                  "BM"                                 },
-        {                                                                                                     ".Wmf", "\xD7\xCD\xC6\x9A"},
-        { ".emf",                                 std::string("\1\0\0\0",                                                                    4)}
-    };
+    const std::vector<std::string> endings{".png", ".svg", ".PDF", ".bmp", ".Wmf", ".emf"};
+    const std::vector<std::string> starts{"\x89PNG",          "<?xml", "%PDF-", "BM",
+                                          "\xD7\xCD\xC6\x9A", "\1"};
     std::vector<std::string> first;
-    for (const auto& [ending, start] : starts) {
-        first.push_back(PictureBytes(surface, ending, {600, 400}));
-        EXPECT_TRUE(first.back().starts_with(start)) << ending;
+    for (std::size_t i = 0; i < endings.size(); ++i) {
+        first.push_back(PictureBytes(surface, endings[i], {600, 400}));
+        EXPECT_TRUE(first[i].starts_with(starts[i])) << endings[i];
     }
     std::this_thread::sleep_for(std::chrono::milliseconds(1100)); // another second on the clock
-    std::size_t i = 0;
-    for (const auto& [ending, start] : starts)
-        EXPECT_EQ(PictureBytes(surface, ending, {600, 400}), first[i++]) << ending;
+    for (std::size_t i = 0; i < endings.size(); ++i)
+        EXPECT_EQ(PictureBytes(surface, endings[i], {600, 400}), first[i]) << endings[i];
 }
 
 TEST(PlotPicture, MeasuresCentimetresAndDots) {
