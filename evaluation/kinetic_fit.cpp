@@ -64,7 +64,7 @@ FitReport MarquardtNashFitting(ProjectState& ps, int n, int m, FitVector& FitPar
 AutoFit RunAutoFit(ProjectState& ps) {
     AutoFit fit;
     if (ps.FitMode >= kFirstTemperatureMode) {
-        for (const std::size_t i : {1, 2}) {
+        for (std::size_t i = 1; i <= 2; ++i) {
             if (!(ps.FitParam[i] > 0 && ps.FitParam[i] <= kLargestStartT))
                 ps.FitParam[i] = kStartT;
         }
