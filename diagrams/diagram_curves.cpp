@@ -3,6 +3,7 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/curve_calculation.h"
 #include "diagrams/diagram_legend.h"
+#include "diagrams/diagram_marks.h"
 #include "diagrams/diagram_points.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
@@ -271,15 +272,6 @@ void cmdDelKurv_Click(ProjectState& ps, DiagramDocument& doc) {
         FuKurveLoeschen(ps, doc, slot);
 }
 
-void mnuDelHalbAB_Click(DiagramDocument& doc) {
-    const PlotBatch batch(doc.surface);
-    for (int mark = kHalfLifeASeries; mark <= kResidenceSeries; ++mark) {
-        SetLabelVisible(doc.surface, mark, false);
-        SetPointCount(doc.surface, kLines, mark, 0);
-    }
-    doc.mnuDelHalbAB.enabled = false;
-}
-
 void mnuDelTotal_Click(ProjectState& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     FuKurveLoeschen(ps, doc, 0);
@@ -301,6 +293,8 @@ void mnuDelete_Click(DiagramDocument& doc) {
     for (int set = 1; set <= kPointSets; ++set)
         doc.mnuSubDelPoints(set).visible = GetPointCount(doc.surface, kPoints, set) > 0;
     doc.mnuSubDelKurv(0).visible = doc.mnuSubDelPoints(0).visible = true;
+    doc.mnuDelMarkLabels.enabled = std::ranges::any_of(
+        doc.surface.labels, [](const PlotLabel& label) { return label.visible; });
 }
 
 void FuPunktLoeschen(ProjectState& ps, DiagramDocument& doc, int series, int point) {

@@ -21,8 +21,6 @@ void mnuSubDelKurv_Click(ProjectState& ps, DiagramDocument& doc, int slot);
 /// The curve of the page in front.
 void cmdDelKurv_Click(ProjectState& ps, DiagramDocument& doc);
 void mnuDelTotal_Click(ProjectState& ps, DiagramDocument& doc);
-/// The marks of half-lives and residence time.
-void mnuDelHalbAB_Click(DiagramDocument& doc);
 /// Shows an entry for what there is to delete.
 void mnuDelete_Click(DiagramDocument& doc);
 

@@ -1,8 +1,10 @@
 #include "diagrams/diagram_document.h"
 
 #include "diagrams/coordinates.h"
+#include "diagrams/curve_export.h"
 #include "diagrams/diagram_curves.h"
 #include "diagrams/diagram_legend.h"
+#include "diagrams/diagram_marks.h"
 #include "diagrams/diagram_points.h"
 #include "diagrams/diagram_texts.h"
 #include "engine/reaction_catalogue.h"
@@ -132,8 +134,8 @@ void SetUpMenus(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuHalbA.enabled = !tanks && (lines || IsModelKind(kind));
     doc.mnuHalbB.enabled =
         !tanks && std::ranges::find(kHalfLifeBKinds, kind) != std::end(kHalfLifeBKinds);
-    doc.mnuHalbA.text = std::string("Half-life of ") + SpeciesName(ps.ModelId, 1);
-    doc.mnuHalbB.text = std::string("Half-life of ") + SpeciesName(ps.ModelId, 2);
+    doc.mnuHalbA.text = std::string("&Half-life of ") + SpeciesName(ps.ModelId, 1);
+    doc.mnuHalbB.text = std::string("Half-li&fe of ") + SpeciesName(ps.ModelId, 2);
     for (MenuEntry* entry : {&doc.mnuDelKurv, &doc.mnuDelPoints, &doc.mnuDelHalbAB,
                              &doc.mnuDelLabels, &doc.mnuDelTotal})
         entry->enabled = false;
@@ -198,6 +200,10 @@ void WireCurvePanel(ProjectState& ps, DiagramDocument& doc) {
         entry.onClick = [&ps, &doc, slot] { mnuSubDelKurv_Click(ps, doc, slot); };
     }
     doc.cmdDelKurv.onClick = [&ps, &doc] { cmdDelKurv_Click(ps, doc); };
+    doc.cmdClipboard.onClick = [&doc] { cmdClipboard_Click(doc); };
+    doc.cmdClipboard.toolTip = "x and y with a tab between them, one line for each point";
+    doc.cmdSaveCurveAsXY.onClick = [&ps, &doc] { cmdSaveCurveAsXY_Click(ps, doc); };
+    doc.cmbSep.onClick = [&ps, &doc] { cmbSep_Click(ps, doc); };
 }
 
 void WirePointPanel(ProjectState& ps, DiagramDocument& doc) {
@@ -272,7 +278,12 @@ void WireMenus(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuAddLabels.onClick = [&doc] { mnuAddLabels_Click(doc); };
     doc.mnuDelLabels.onClick = [&doc] { mnuDelLabels_Click(doc); };
     doc.chkLabelNotVisible.onClick = [&doc] { chkLabelNotVisible_Click(doc); };
+    doc.mnuHalbA.onClick = [&ps, &doc] { mnuHalbA_Click(ps, doc); };
+    doc.mnuHalbB.onClick = [&ps, &doc] { mnuHalbB_Click(ps, doc); };
+    doc.cmdMarkConti.onClick = [&ps, &doc] { cmdMarkConti_Click(ps, doc); };
+    doc.mnuHalbA.disabledTip = doc.mnuHalbB.disabledTip = "not in this kind of diagram";
     doc.mnuDelHalbAB.onClick = [&doc] { mnuDelHalbAB_Click(doc); };
+    doc.mnuDelMarkLabels.onClick = [&doc] { mnuDelMarkLabels_Click(doc); };
     doc.mnuDelTotal.onClick = [&ps, &doc] { mnuDelTotal_Click(ps, doc); };
 }
 
@@ -338,10 +349,12 @@ void Form_Activate(ProjectState& ps, DiagramDocument& doc) {
     doc.cmdSingleCalc.visible =
         kind >= 1 && kind <= 111 && kind != kKindTracer && !ps.IsCSTR && !ps.IsCascade;
     ShowPointPages(ps, doc);
-    doc.cmbSep.index = ps.CsvSep == ";" ? 0 : ps.CsvSep == "," ? 1 : 2;
+    ShowDelimiter(ps, doc);
 }
 
 void Form_Unload(ProjectState& ps, DiagramDocument& doc) {
+    if (Form* calculator = FindForm(ps.desktop, "frmZGraphCalc"))
+        UnloadForm(ps.desktop, *calculator);
     if (!ps.Frame.SideWindow) {
         ps.DiagramLeft = doc.left;
         ps.DiagramTop = doc.top;

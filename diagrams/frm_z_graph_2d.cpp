@@ -1,6 +1,7 @@
 #include "diagrams/frm_z_graph_2d.h"
 
 #include "diagrams/coordinates.h"
+#include "diagrams/diagram_design.h"
 #include "platform/host.h"
 
 namespace zorvant {
@@ -17,14 +18,19 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
         "... to the Clipboard", "... Save as Image File (BMP, WMF, EMF)", "... to the Printer"};
     for (int i = 1; i <= 3; ++i)
         mnuBild(i).text = kOutputs[i - 1];
-    for (MenuEntry* later :
-         {&mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3), &mnuSaveOC2, &mnuLoadOC2,
-          &mnuHalbA, &mnuHalbB, &mnuDesignMore, &mnuDelMarkLabels}) {
+    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3),
+                             &mnuSaveOC2, &mnuLoadOC2, &mnuDesignMore}) {
         later->available = false;
         later->disabledTip = kNotYet;
     }
-    cmdSingleCalc.available = false;
-    cmdSingleCalc.disabledTip = kNotYet;
+    cmdSingleCalc.text = "Single &value ...";
+    cmdSingleCalc.toolTip = "the concentrations of the model at one x of the diagram";
+    cmdSingleCalc.onClick = [this] {
+        if (Form* calculator = FindForm(ps.desktop, "frmZGraphCalc"))
+            ShowForm(ps.desktop, *calculator);
+    };
+    mnuSaveOC2.onClick = [this] { mnuSaveOC2_Click(ps, *this); };
+    mnuLoadOC2.onClick = [this] { mnuLoadOC2_Click(ps, *this); };
     mnuXLog.onClick = [this] { cmdXLog_Click(*this); };
     mnuYLog.onClick = [this] { cmdYLog_Click(*this); };
     mnuHaupt.onClick = [this] {
@@ -82,8 +88,8 @@ void frmZGraph2D::BuildMenu() {
     row(2, mnuAddLabels, "La&bels of the curves");
     row(2, mnuAddText, "Additional &text ...");
     line(2);
-    row(2, mnuHalbA);
-    row(2, mnuHalbB);
+    row(2, mnuHalbA, "&Half-life of A");
+    row(2, mnuHalbB, "Half-li&fe of B");
     line(2);
     row(2, mnuManuXY, "&X-Y editor ...");
     row(1, mnuScale, "&Scale");

@@ -7,6 +7,7 @@
 #include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
 #include "diagrams/frm_z_graph_2d.h"
+#include "diagrams/frm_z_graph_calc.h"
 #include "engine/frm_prepare_time_diagram.h"
 #include "engine/frm_sim_tabelle.h"
 #include "engine/frm_zor_model.h"
@@ -21,6 +22,7 @@
 #include "ui_frmPrepareTimeDiagram.h"
 #include "ui_frmSimTabelle.h"
 #include "ui_frmZCmnDlg.h"
+#include "ui_frmZGraphCalc.h"
 #include "ui_frmZXYEditor.h"
 #include "ui_frmZorModel.h"
 #include "ui_frmmatrix.h"
@@ -55,6 +57,7 @@ void Application::RegisterForms() {
         WindowLife::Kept);
     DiagramDocument& document = graph;
     Register<frmPrepareTimeDiagram, Ui::frmPrepareTimeDiagram>(WindowPlacement::Stored, document);
+    Register<frmZGraphCalc, Ui::frmZGraphCalc>(WindowPlacement::Stored, document);
     Register<frmSimTabelle, Ui::frmSimTabelle>();
     auto& data = Register<frmDatedit, Ui::frmDatedit>(WindowPlacement::BesideOthers, document);
     Register<frmZXYEditor, Ui::frmZXYEditor>(WindowPlacement::BesideOthers, document);

@@ -75,7 +75,12 @@ TextBox MakeBlock(const TextBlock& block, const QRectF& inner, const QRectF& pic
         rect.moveLeft(inner.center().x() - rect.width() / 2);
         above ? rect.moveTop(inner.top()) : rect.moveBottom(inner.bottom());
     } else {
-        rect.moveTopLeft({picture.width() * block.location.x, picture.height() * block.location.y});
+        // Never out of the picture: a text that can't be seen can't be fetched back.
+        const double left =
+            std::min(picture.width() * block.location.x, picture.width() - rect.width());
+        const double top =
+            std::min(picture.height() * block.location.y, picture.height() - rect.height());
+        rect.moveTopLeft({std::max(left, 0.0), std::max(top, 0.0)});
     }
     box.rect = rect;
     box.fore = ToColour(block.colours.fore, kBlack);
@@ -83,6 +88,15 @@ TextBox MakeBlock(const TextBlock& block, const QRectF& inner, const QRectF& pic
         box.back = ToColour(block.colours.back, kWhite);
     box.border = block.border;
     return box;
+}
+
+/// What header and additional text leave to the chart. A text that was shifted keeps its room as
+/// long as it touches the strip that it has without being shifted.
+void ReserveBlock(QRectF& inner, const QRectF& block, bool above, double gap) {
+    if (above && block.top() < inner.top() + block.height())
+        inner.setTop(std::max(inner.top() + block.height(), block.bottom()) + gap);
+    if (!above && block.bottom() > inner.bottom() - block.height())
+        inner.setBottom(std::min(inner.bottom() - block.height(), block.top()) - gap);
 }
 
 // --- numbers of an axis
@@ -436,13 +450,11 @@ PictureLayout LayOut(const PlotSurface& surface, QSize size, double pixelsPerPoi
     QRectF inner = layout.picture.adjusted(edge, edge, -edge, -edge);
     if (!surface.header.text.empty()) {
         layout.header = MakeBlock(surface.header, inner, layout.picture, true, ppp);
-        if (surface.header.location.automatic)
-            inner.setTop(layout.header->rect.bottom() + kTextGap * ppp);
+        ReserveBlock(inner, layout.header->rect, true, kTextGap * ppp);
     }
     if (!surface.footer.text.empty()) {
         layout.footer = MakeBlock(surface.footer, inner, layout.picture, false, ppp);
-        if (surface.footer.location.automatic)
-            inner.setBottom(layout.footer->rect.top() - kTextGap * ppp);
+        ReserveBlock(inner, layout.footer->rect, false, kTextGap * ppp);
     }
     const ChartAreaBox& box = surface.chartAreaBox;
     layout.chartArea = box.automatic ? inner

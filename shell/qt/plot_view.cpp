@@ -67,6 +67,13 @@ protected:
     QRect clipRect() const override { return mParentPlot->viewport(); }
 };
 
+/// A vertical mark runs through the whole plot area, also where y is logarithmic or below 0.
+PlotSeries OverWholeHeight(PlotSeries mark, const ShownAxisRange& y) {
+    mark.y.assign(mark.y.size(), y.min);
+    mark.y.back() = y.max;
+    return mark;
+}
+
 struct SeriesItems {
     LineSeries* line = nullptr;
     SymbolSeries* symbols = nullptr;
@@ -231,9 +238,12 @@ void PlotView::Canvas::Build(PlotSurface& surface, QSize size, double pixelsPerP
         for (std::size_t i = static_cast<std::size_t>(count); i < items.size(); ++i)
             BuildSeries(items[i], {}, group);
         items.resize(std::max(items.size(), static_cast<std::size_t>(count)));
-        for (int series = 1; series <= count; ++series)
+        for (int series = 1; series <= count; ++series) {
+            const PlotSeries& source = GetSeries(surface, group, series);
+            const bool mark = group == kLines && series >= kHalfLifeASeries && !source.x.empty();
             BuildSeries(items[static_cast<std::size_t>(series - 1)],
-                        GetSeries(surface, group, series), group);
+                        mark ? OverWholeHeight(source, layout_.y.scale.range) : source, group);
+        }
     }
 }
 

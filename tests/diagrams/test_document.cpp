@@ -96,7 +96,7 @@ TEST_F(Document, OffersHalfLivesWhereThereAreSome) {
         GrafZentrale(ps, doc);
         EXPECT_EQ(doc.mnuHalbA.enabled, row.a) << row.kind;
         EXPECT_EQ(doc.mnuHalbB.enabled, row.b) << row.kind;
-        EXPECT_EQ(doc.mnuHalbB.text, row.model == 10 ? "Half-life of S" : "Half-life of B");
+        EXPECT_EQ(doc.mnuHalbB.text, row.model == 10 ? "Half-li&fe of S" : "Half-li&fe of B");
     }
     ps.IsCSTR = true;
     DrawModel(4);

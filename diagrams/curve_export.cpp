@@ -1,0 +1,81 @@
+#include "diagrams/curve_export.h"
+
+#include "data/formats/xy.h"
+#include "data/previous_version.h"
+#include "diagrams/diagram_curves.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/number_text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zorvant {
+namespace {
+
+constexpr std::array<const char*, 3> kDelimiters{";", ",", "\t"}; ///< by index of cmbSep
+constexpr const char* kComment = "\"Curve points\"";
+
+/// The points of a curve; holes are none.
+std::vector<XYPoint> PointsOf(const PlotSeries& series) {
+    std::vector<XYPoint> points;
+    for (std::size_t i = 0; i < series.x.size(); ++i)
+        if (!IsHole(series, static_cast<int>(i) + 1))
+            points.push_back(
+                {.x = static_cast<float>(series.x[i]), .y = static_cast<float>(series.y[i])});
+    return points;
+}
+
+} // namespace
+
+void cmdClipboard_Click(DiagramDocument& doc) {
+    const int slot = SlotOfFrontPage(doc);
+    if (slot == 0)
+        return;
+    std::string text;
+    for (const XYPoint& point : PointsOf(GetSeries(doc.surface, kLines, slot)))
+        text += SingleText(static_cast<double>(point.x)) + '\t' +
+                SingleText(static_cast<double>(point.y)) + kCrLf;
+    host().setClipboardText(text);
+}
+
+void cmdSaveCurveAsXY_Click(ProjectState& ps, DiagramDocument& doc) {
+    const int slot = SlotOfFrontPage(doc);
+    if (slot == 0)
+        return;
+    const std::optional<FileChoice> choice = host().chooseFile({
+        .save = true,
+        .title = "Save curve under ...",
+        .directory = ps.XYDir,
+        .name = "",
+        .extension = ".XY",
+        .filters = {{"x-y data (*.XY)", "*.XY"}},
+        .overwritePrompt = true,
+    });
+    if (!choice || choice->path.empty())
+        return;
+    ps.XYFile = choice->path;
+    ps.XYDir = DirectoryOf(choice->path);
+    if (ps.XYDir.size() > 1)
+        ps.XYDir.pop_back();
+    try {
+        WriteKeepingPrevious(
+            choice->path,
+            WriteXY(kComment, PointsOf(GetSeries(doc.surface, kLines, slot)), ps.CsvSep));
+    } catch (const FileError& error) {
+        ShowMessage(error.what(), "Message from cmdSaveCurveAsXY", Icon::Critical);
+    }
+}
+
+void cmbSep_Click(ProjectState& ps, DiagramDocument& doc) {
+    const auto index = static_cast<std::size_t>(std::clamp(doc.cmbSep.index, 0, 2));
+    ps.CsvSep = kDelimiters.at(index);
+}
+
+void ShowDelimiter(const ProjectState& ps, DiagramDocument& doc) {
+    const auto found = std::ranges::find(kDelimiters, ps.CsvSep);
+    doc.cmbSep.index = found == kDelimiters.end() ? static_cast<int>(kDelimiters.size()) - 1
+                                                  : static_cast<int>(found - kDelimiters.begin());
+}
+
+} // namespace zorvant

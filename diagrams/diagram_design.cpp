@@ -1,0 +1,202 @@
+#include "diagrams/diagram_design.h"
+
+#include "diagrams/coordinates.h"
+#include "diagrams/design_file.h"
+#include "diagrams/diagram_curves.h"
+#include "diagrams/diagram_legend.h"
+#include "platform/files.h"
+#include "platform/host.h"
+#include "platform/number_text.h"
+
+#include <algorithm>
+
+namespace zorvant {
+namespace {
+
+constexpr const char* kFilter = "Diagram file (*.oc2)";
+constexpr const char* kPattern = "*.oc2";
+
+std::optional<std::string> AskForDesign(ProjectState& ps, bool save, const char* title) {
+    const std::optional<FileChoice> choice = host().chooseFile({
+        .save = save,
+        .title = title,
+        .directory = ps.GraphDir,
+        .name = "",
+        .extension = ".oc2",
+        .filters = {{kFilter, kPattern}},
+        .overwritePrompt = true,
+    });
+    if (!choice || choice->path.empty())
+        return std::nullopt;
+    ps.GraphDir = DirectoryOf(choice->path);
+    if (ps.GraphDir.size() > 1)
+        ps.GraphDir.pop_back();
+    return choice->path;
+}
+
+/// As many series and labels as a diagram has; the frame's series is the document's own.
+void FitSeries(PlotContents& contents) {
+    contents.series[kLines].resize(kLineSeries + 1);
+    contents.series[kPoints].resize(kPointSets + 1);
+    contents.labels.resize(kPlotLabels + 1);
+    contents.series[kLines][kFrameSeries] = {};
+    contents.series[kLines][kFrameSeries].display = SeriesDisplay::Hidden;
+    for (PlotLabel& label : contents.labels) {
+        const auto count = contents.series.at(static_cast<std::size_t>(label.group)).size();
+        if (static_cast<std::size_t>(label.series) >= count)
+            label.attachment = Attachment::None;
+    }
+}
+
+void TakeCurves(ProjectState& ps, DiagramDocument& doc) {
+    ps.CurveCount = 0;
+    for (int slot = 1; slot <= kCurveSlots; ++slot) {
+        const int points = GetPointCount(doc.surface, kLines, slot);
+        const bool taken = points > 0;
+        ps.CurveCount += taken ? 1 : 0;
+        doc.CurveSlotFree[static_cast<std::size_t>(slot)] = !taken;
+        doc.CurveSlot = taken ? slot : doc.CurveSlot;
+        doc.tabKurven.pages[static_cast<std::size_t>(slot - 1)] = {
+            .text = "K. " + std::to_string(slot), .visible = taken};
+        doc.mnuSubDelKurv(slot).enabled = taken;
+        const PlotLabel& label = GetLabel(doc.surface, slot);
+        doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
+        doc.txtLabel(slot).text = label.text;
+        doc.chkEinzelLabelSichtbar(slot).checked = label.visible;
+        Slider& shift = doc.scrShiftLab(slot);
+        shift.maximum = std::max(1, points);
+        shift.value = std::clamp(label.point, 1, shift.maximum);
+    }
+    doc.mnuDelKurv.enabled = doc.mnuSubDelKurv(0).enabled = ps.CurveCount > 0;
+}
+
+void TakePoints(DiagramDocument& doc) {
+    bool any = false;
+    for (int set = 1; set <= kPointSets; ++set) {
+        const bool shown = GetPointCount(doc.surface, kPoints, set) > 0;
+        ShowPage(doc.tabPunkte, set - 1, shown);
+        doc.mnuSubDelPoints(set).enabled = shown;
+        doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
+        if (shown)
+            doc.tabPunkte.selected = set - 1;
+        any = any || shown;
+    }
+    doc.mnuDelPoints.enabled = doc.mnuSubDelPoints(0).enabled = any;
+}
+
+void TakeMarksAndTexts(DiagramDocument& doc) {
+    const PlotSurface& surface = doc.surface;
+    bool marks = false, labels = false;
+    for (int mark = kHalfLifeASeries; mark <= kResidenceSeries; ++mark)
+        marks = marks || GetPointCount(surface, kLines, mark) > 0;
+    for (int slot = 1; slot <= kCurveSlots; ++slot)
+        labels = labels || GetLabel(surface, slot).visible;
+    doc.mnuDelHalbAB.enabled = marks;
+    doc.mnuDelLabels.enabled = labels;
+    doc.mnuAddLabels.enabled = true;
+    doc.chkLabelNotVisible.checked = !labels;
+    doc.mnuAddText.enabled = surface.footer.text.empty();
+    doc.LegendBackColor = surface.legend.colours.back;
+    ShowLegend(doc, surface.legend.visible);
+}
+
+float ToLimit(double value) {
+    return static_cast<float>(value); // the file has no limits beyond those of a Single
+}
+
+/// The boxes with the spacings of the axes, open for typing.
+void ShowSpacings(DiagramDocument& doc) {
+    const PlotAxis &x = GetAxis(doc.surface, AxisId::X), &y = GetAxis(doc.surface, AxisId::Y);
+    const std::pair<TextField*, double> boxes[] = {
+        {&doc.txtXGridValue, x.grid.value  },
+        {&doc.txtYGridValue, y.grid.value  },
+        {&doc.txtXTickValue, x.tick.value  },
+        {&doc.txtYTickValue, y.tick.value  },
+        {&doc.txtXZiffValue, x.number.value},
+        {&doc.txtYZiffValue, y.number.value},
+    };
+    for (const auto& [box, value] : boxes) {
+        box->text = PlainText(value);
+        box->enabled = true;
+    }
+    doc.optScaling.selected = 1;
+}
+
+/// The frame of the axes, and their grid and spacings in the controls. A spacing that the design
+/// sets by hand stays; the others are chosen anew.
+void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
+    const PlotAxis x = GetAxis(doc.surface, AxisId::X), y = GetAxis(doc.surface, AxisId::Y);
+    ps.Frame.xMin = ToLimit(x.min);
+    ps.Frame.xMax = ToLimit(x.max);
+    ps.Frame.yMin = ToLimit(y.min);
+    ps.Frame.yMax = ToLimit(y.max);
+    SetPoints(doc.surface, kLines, kFrameSeries, {x.min, x.max}, {y.min, y.max});
+    ShowFrame(ps.Frame, doc.coord);
+    ShowFrame(ps.Frame, doc.Tabcoord);
+    const bool xGrid = x.gridPattern != LinePattern::None;
+    const bool yGrid = y.gridPattern != LinePattern::None;
+    doc.GridMode = (xGrid ? 2 : 0) + (yGrid ? 1 : 0);
+    if (xGrid || yGrid)
+        doc.GridPattern = xGrid ? x.gridPattern : y.gridPattern;
+    optScaling_Click(doc, 1);
+    optScaling_Click(doc, 0);
+    const auto byHand = [](const PlotAxis& axis) {
+        return !(axis.grid.automatic && axis.tick.automatic && axis.number.automatic);
+    };
+    if (!byHand(x) && !byHand(y))
+        return;
+    for (const auto& [id, axis] : {std::pair(AxisId::X, &x), std::pair(AxisId::Y, &y)}) {
+        SetGridSpacing(doc.surface, id, axis->grid.value, axis->grid.automatic);
+        SetTickSpacing(doc.surface, id, axis->tick.value, axis->tick.automatic);
+        SetNumberSpacing(doc.surface, id, axis->number.value, axis->number.automatic);
+    }
+    ShowSpacings(doc);
+}
+
+} // namespace
+
+void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents) {
+    const PlotBatch batch(doc.surface);
+    FuPanelsZu(doc);
+    CancelRubberZoom(doc.surface);
+    FitSeries(contents);
+    static_cast<PlotContents&>(doc.surface) = std::move(contents);
+    MarkChanged(doc.surface);
+    TakeCurves(ps, doc);
+    TakePoints(doc);
+    TakeMarksAndTexts(doc);
+    TakeAxes(ps, doc);
+    doc.mnuDelTotal.enabled =
+        doc.mnuDelKurv.enabled || doc.mnuDelPoints.enabled || doc.mnuDelHalbAB.enabled;
+}
+
+void mnuSaveOC2_Click(ProjectState& ps, DiagramDocument& doc) {
+    const auto path = AskForDesign(ps, true, "Save this diagram design");
+    if (!path)
+        return;
+    try {
+        WriteFileAtomically(*path, WriteDesign(doc.surface));
+    } catch (const FileError& error) {
+        ShowMessage(error.what(), "ERROR", Icon::Critical);
+    }
+}
+
+void mnuLoadOC2_Click(ProjectState& ps, DiagramDocument& doc) {
+    const auto path = AskForDesign(ps, false, "Load a saved pattern (*.oc2)");
+    if (!path)
+        return;
+    PlotContents contents;
+    try {
+        contents = ParseDesign(ReadFile(*path));
+    } catch (const FileError& error) {
+        ShowMessage(error.what(), "ERROR", Icon::Critical);
+        return;
+    } catch (const FormatError& error) {
+        ShowMessage(JoinLines({FileName(*path), error.what(), "", "The diagram stays as it was."}),
+                    "ERROR", Icon::Critical);
+        return;
+    }
+    TakeDesign(ps, doc, std::move(contents));
+}
+
+} // namespace zorvant
