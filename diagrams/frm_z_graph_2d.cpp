@@ -16,10 +16,15 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     helpTopic = kHelpDiagram;
     constexpr const char* kOutputs[] = {
         "... to the Clipboard", "... Save as Image File (BMP, WMF, EMF)", "... to the Printer"};
-    for (int i = 1; i <= 3; ++i)
+    for (int i = 1; i <= 3; ++i) {
         mnuBild(i).text = kOutputs[i - 1];
-    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuBild(1), &mnuBild(2), &mnuBild(3),
-                             &mnuSaveOC2, &mnuLoadOC2, &mnuDesignMore}) {
+        mnuBild(i).onClick = [this, i] {
+            mnuBild_Click(*this, pictures, static_cast<OutputTarget>(i));
+        };
+    }
+    mnuCopyPicture.onClick = [this] { CopyPicture(*this, pictures); };
+    WirePicturePanel(*this, pictures);
+    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuSaveOC2, &mnuLoadOC2, &mnuDesignMore}) {
         later->available = false;
         later->disabledTip = kNotYet;
     }
@@ -115,6 +120,7 @@ void frmZGraph2D::BuildMenu() {
     line(2);
     row(2, mnuDelTotal, "E&verything");
     row(1, mnuOutput, "&Picture");
+    row(2, mnuCopyPicture, "&Copy picture\tCtrl+Shift+C");
     for (int i = 1; i <= 3; ++i)
         row(2, mnuBild(i));
     line(2);

@@ -3,6 +3,7 @@
 
 #include "diagrams/diagram_document.h"
 #include "diagrams/diagram_mouse.h"
+#include "diagrams/diagram_pictures.h"
 
 #include <deque>
 #include <string>
@@ -21,7 +22,9 @@ struct frmZGraph2D : DiagramDocument {
     MenuEntry mnuXLog{*this, "mnuXLog", "X axis logarithmic"};
     MenuEntry mnuYLog{*this, "mnuYLog", "Y axis logarithmic"};
     MenuEntry mnuOutput{*this, "mnuOutput", "Picture"};
+    MenuEntry mnuCopyPicture{*this, "mnuCopyPicture", "Copy picture"};
     Array<MenuEntry, 3, 1> mnuBild{*this, "mnuBild"};
+    PicturePanel pictures{*this};
     MenuEntry mnuSaveOC2{*this, "mnuSaveOC2", "Save this diagram design"};
     MenuEntry mnuLoadOC2{*this, "mnuLoadOC2", "Load a saved pattern"};
     MenuEntry mnuManuXY{*this, "mnuManuXY", "X-Y editor"};

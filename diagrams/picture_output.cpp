@@ -40,13 +40,13 @@ PaperRect PlaceOnPaper(const PrintRequest& request, double aspect) {
     PaperRect rect{request.left + kPaperEdge, request.top + kPaperEdge, request.width,
                    request.height};
     switch (request.scaling) {
-    case PrintScaling::Width:
+    case PaperScaling::Width:
         rect.height = rect.width * aspect;
         break;
-    case PrintScaling::Height:
+    case PaperScaling::Height:
         rect.width = rect.height / aspect;
         break;
-    case PrintScaling::Page:
+    case PaperScaling::Page:
         rect.width = kA4Width - 2 * rect.left;
         rect.height = kA4Height - 2 * rect.top;
         break;

@@ -40,7 +40,7 @@ struct PictureSize {
 void CheckPixels(double width, double height);
 
 /// `PrintScaling`.
-enum class PrintScaling {
+enum class PaperScaling {
     Width = 2,  ///< as wide as asked for, the height as on the screen
     Height = 3, ///< the other way round
     Page = 5    ///< an A4 page, upright, between margins as wide as left and top
@@ -49,7 +49,7 @@ enum class PrintScaling {
 /// What a print is asked for, in cm. Left and top count from `kPaperEdge` inside the paper.
 struct PrintRequest {
     PictureFormat format = PictureFormat::Bitmap;
-    PrintScaling scaling = PrintScaling::Width;
+    PaperScaling scaling = PaperScaling::Width;
     double left = 3, top = 2.5, width = 15, height = 10;
 };
 /// A rectangle on paper, cm from the paper's corner.

@@ -13,6 +13,7 @@
 #include "engine/frm_zor_model.h"
 #include "platform/host.h"
 #include "shell/qt/graph_window.h"
+#include "shell/qt/plot_output.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/qt_text.h"
 
@@ -71,6 +72,7 @@ void Application::RegisterForms() {
 
 Application::Application() {
     InstallQtHost();
+    InstallPictureOutput();
     UseDrawings();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/zorvant.svg")));
     window_ = std::make_unique<MainWindow>(record_);

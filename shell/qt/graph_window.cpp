@@ -51,6 +51,10 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
                                          ui.fraCoordInput, ui.fraPrintIt, ui.fraResolution})
         Float(*panel);
     ConnectMouse();
+    auto* const copy = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), this);
+    copy->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(copy, &QShortcut::activated, this,
+            [this] { Binder::Run(&document_.mnuCopyPicture, document_.mnuCopyPicture.onClick); });
     // A line break ends what was typed: the cursor goes behind the text, and so it does at opening.
     texts_ = ui.schrift;
     texts_->setFixedHeight(texts_->fontMetrics().lineSpacing() * kTextLines +

@@ -1,7 +1,7 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER [editors]    with "editors" those of data alone
+//     zorvant_tour FOLDER [editors|pictures]    with a second word those stations alone
 #include "diagrams/diagram_document.h"
 #include "engine/calc_dialog.h"
 #include "engine/frm_zor_model.h"
@@ -125,6 +125,23 @@ public:
         Picture(QStringLiteral("xy_editor_with_curve"));
     }
 
+    /// The panels of pictures and the print preview.
+    void Pictures() {
+        Command("mnuctGraph");
+        Click("frmPrepareTimeDiagram", "cmdDrawctDiagram");
+        for (const char* entry : {"mnuBild_1", "mnuBild_2", "mnuBild_3"}) {
+            Click("frmZGraph2D", entry);
+            Picture(QString::fromLatin1(entry));
+        }
+        QTimer::singleShot(800, &program_.window(), [this] { // the preview is modal
+            if (QWidget* const dialog = QApplication::activeModalWidget()) {
+                dialog->grab().save(folder_.filePath(QStringLiteral("preview.png")));
+                dialog->close();
+            }
+        });
+        Click("frmZGraph2D", "cmdPreview");
+    }
+
     void MichaelisMenten() {
         Command("mnuctGraph");
         auto& model =
@@ -160,7 +177,7 @@ private:
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fputs("zorvant_tour FOLDER [editors]\n", stderr);
+        std::fputs("zorvant_tour FOLDER [editors|pictures]\n", stderr);
         return 2;
     }
     QDir folder(QString::fromLocal8Bit(argv[1]));
@@ -175,6 +192,8 @@ int main(int argc, char** argv) {
     Tour tour(program, folder);
     if (argc > 2 && std::string_view(argv[2]) == "editors")
         tour.Editors();
+    else if (argc > 2 && std::string_view(argv[2]) == "pictures")
+        tour.Pictures();
     else
         tour.Run();
     return 0;
