@@ -82,6 +82,12 @@ void ShowPlace(DiagramDocument& doc) {
     doc.cmdTextPlaceAuto.enabled = !location.automatic;
 }
 
+/// The view has laid the picture out anew: a text at its automatic place has moved.
+void FollowPlace(DiagramDocument& doc) {
+    if (IsBlock(doc.TextTarget))
+        ShowPlace(doc);
+}
+
 } // namespace
 
 void ShowText(DiagramDocument& doc) {
@@ -129,6 +135,7 @@ void schrift_Change(DiagramDocument& doc) {
     for (std::size_t at; (at = text.find(kTextBreakMark)) != std::string::npos;)
         text.replace(at, 1, kCrLf);
     SetTextOf(doc, ToSurface(text));
+    FollowPlace(doc);
 }
 
 void cmdSchriftFertig_Click(DiagramDocument& doc) {
@@ -143,6 +150,7 @@ void cmdFont_Click(DiagramDocument& doc) {
             return;
         block.font = *font;
         SetBlock(doc, block);
+        FollowPlace(doc);
         return;
     }
     const AxisId id = AxisOf(doc.TextTarget);
@@ -166,6 +174,7 @@ void chkTextFrame_Click(DiagramDocument& doc) {
     TextBlock block = BlockOf(doc);
     block.border.type = doc.chkTextFrame.checked ? BorderType::Plain : BorderType::None;
     SetBlock(doc, block);
+    FollowPlace(doc);
 }
 
 void TextPlace_Change(DiagramDocument& doc) {

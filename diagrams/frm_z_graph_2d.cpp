@@ -24,7 +24,7 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     }
     mnuCopyPicture.onClick = [this] { CopyPicture(*this, pictures); };
     WirePicturePanel(*this, pictures);
-    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuSaveOC2, &mnuLoadOC2, &mnuDesignMore}) {
+    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuDesignMore}) {
         later->available = false;
         later->disabledTip = kNotYet;
     }
@@ -48,12 +48,6 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     };
     cmdEscGraph.isCancel = true;
     cmdEscGraph.onClick = [this] { Escape(); };
-    // mnuManuXY is on as soon as its editor exists.
-    onActivate = [this] {
-        Form_Activate(ps, *this);
-        mnuManuXY.available = FindForm(ps.desktop, "frmZXYEditor") != nullptr;
-        mnuManuXY.disabledTip = mnuManuXY.available ? "" : kNotYet;
-    };
     BuildMenu();
     Declare();
 }

@@ -107,8 +107,10 @@ void cmdGraphCalcExec_Click(frmZGraphCalc& form) {
         const double value = c[static_cast<std::size_t>(i + 1)];
         form.lblResult(i).text = err ? "" : PlainText(value);
     }
-    if (!form.hidden)
+    if (!form.hidden) {
         form.setFocus = &form.txtX;
+        form.txtX.selectAll = true; // the next x is typed at once
+    }
 }
 
 } // namespace zorvant

@@ -37,6 +37,8 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     ui.setupUi(this);
     setProperty("maximizes", true);
     chart_ = ui.chart;
+    // It takes what height is left: a long result line must not push it out of the window.
+    chart_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* const layout = new QVBoxLayout(chart_);
     layout->setContentsMargins(0, 0, 0, 0);
     view_ = new PlotView(chart_);
@@ -60,8 +62,10 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     texts_->setFixedHeight(texts_->fontMetrics().lineSpacing() * kTextLines +
                            2 * static_cast<int>(texts_->document()->documentMargin() + 2));
     texts_->setAccessibleName(QStringLiteral("Text of the diagram"));
-    connect(texts_, &QPlainTextEdit::textChanged, this, [this] {
-        if (texts_->toPlainText().contains(QChar(kTextBreakMark)))
+    connect(texts_->document(), &QTextDocument::contentsChanged, this, [this] {
+        const bool another =
+            std::exchange(shownText_, document_.TextTarget) != document_.TextTarget;
+        if (another || texts_->toPlainText().contains(QChar(kTextBreakMark)))
             QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
     });
     document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
@@ -101,6 +105,13 @@ void GraphWindow::Float(QWidget& panel) {
     panel.setParent(chart_);
     panel.hide();
     panel.setAutoFillBackground(true);
+    if (qobject_cast<QGroupBox*>(&panel) != nullptr) // its title inside the frame, as it floats
+        panel.setStyleSheet(QStringLiteral("QGroupBox#%1 {border: 1px solid palette(mid);"
+                                           " background: palette(window); margin-top: 0;"
+                                           " padding-top: 1.8em}"
+                                           "QGroupBox#%1::title {subcontrol-origin: border;"
+                                           " subcontrol-position: top left; left: 8px; top: 6px}")
+                                .arg(panel.objectName()));
     panel.installEventFilter(this);
     panels_.push_back(&panel);
 }

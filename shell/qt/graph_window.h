@@ -35,8 +35,9 @@ private:
     QWidget* chart_ = nullptr;
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
-    QWidget* dragged_ = nullptr;      ///< the panel that the mouse has hold of
-    QPoint grab_;                     ///< where, from the panel's corner
+    DiagramText shownText_ = DiagramText::Header;
+    QWidget* dragged_ = nullptr; ///< the panel that the mouse has hold of
+    QPoint grab_;                ///< where, from the panel's corner
 };
 
 } // namespace zorvant

@@ -101,6 +101,18 @@ std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& lay
     return parts;
 }
 
+/// A vertical mark, which runs through the whole plot area, in pieces as short as labels are high.
+std::vector<QLineF> MarkParts(const PlotSeries& mark, const PictureLayout& layout) {
+    constexpr double kPiece = 8; // pixels
+    std::vector<QLineF> parts;
+    const double x = layout.x.scale.Pixel(mark.x.front());
+    if (!layout.x.scale.Shows(mark.x.front()))
+        return parts;
+    for (double y = layout.plotArea.top(); y < layout.plotArea.bottom(); y += kPiece)
+        parts.emplace_back(x, y, x, std::min(y + kPiece, layout.plotArea.bottom()));
+    return parts;
+}
+
 std::vector<Obstacle> Obstacles(const PlotSurface& surface, const PictureLayout& layout) {
     std::vector<Obstacle> obstacles;
     for (const int group : {kLines, kPoints}) {
@@ -109,8 +121,9 @@ std::vector<Obstacle> Obstacles(const PlotSurface& surface, const PictureLayout&
             if (series.display != SeriesDisplay::Shown || series.x.empty())
                 continue;
             Obstacle obstacle{.group = group, .series = number, .symbols = {}, .line = {}};
+            const bool mark = group == kLines && number >= kHalfLifeASeries;
             if (series.line.pattern != LinePattern::None)
-                obstacle.line = LineParts(series, layout);
+                obstacle.line = mark ? MarkParts(series, layout) : LineParts(series, layout);
             if (series.symbol.shape != SymbolShape::Hidden) {
                 obstacle.reach = series.symbol.size / 2.0;
                 for (std::size_t i = 0; i < series.x.size(); ++i)

@@ -1,7 +1,7 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER [editors|pictures]    with a second word those stations alone
+//     zorvant_tour FOLDER [editors|notes|pictures]    with a second word those stations alone
 #include "diagrams/diagram_document.h"
 #include "engine/calc_dialog.h"
 #include "engine/frm_zor_model.h"
@@ -83,6 +83,7 @@ public:
             Picture(QStringLiteral("diagram_") + QString::fromLatin1(panel));
         }
         Close("frmZGraph2D");
+        Notes();
         MichaelisMenten();
         EveryOtherCommand();
         Editors();
@@ -140,6 +141,43 @@ public:
             }
         });
         Click("frmZGraph2D", "cmdPreview");
+        Close("frmZGraph2D");
+    }
+
+    /// Texts, marks, labels and legend of a diagram, its curve panel and the calculator.
+    void Notes() {
+        Command("mnuctGraph");
+        auto& model =
+            dynamic_cast<frmZorModel&>(*FindForm(program_.state().desktop, "frmZorModel"));
+        Press(model.optTyp, 4);
+        Click("frmPrepareTimeDiagram", "cmdDrawctDiagram");
+        auto& diagram =
+            dynamic_cast<DiagramDocument&>(*FindForm(program_.state().desktop, "frmZGraph2D"));
+        for (int text = 1; text <= kCurveTexts; ++text) {
+            Press(diagram.mnuTextDesign(text));
+            Picture(QStringLiteral("notes_text_%1").arg(text));
+        }
+        Press(diagram.mnuTextDesign(1));
+        Type(diagram.schrift, "\nalkaline hydrolysis of ethyl acetate");
+        Press(diagram.chkTextFrame, true);
+        Press(diagram.mnuAddText);
+        Type(diagram.schrift, "25 \xC2\xB0"
+                              "C, conductivity cell 2\nrun 12 of 14");
+        Picture(QStringLiteral("notes_additional_text"));
+        Press(diagram.cmdSchriftFertig);
+        Press(diagram.mnuHalbA);
+        Press(diagram.mnuHalbB);
+        program_.state().tVerweil = program_.state().tMax / 3;
+        Press(diagram.cmdMarkConti);
+        Press(diagram.mnuAddLegend);
+        Picture(QStringLiteral("notes_annotated"));
+        Click("frmZGraph2D", "cmdSingleCalc");
+        SetText(dynamic_cast<TextField&>(
+                    *FindForm(program_.state().desktop, "frmZGraphCalc")->Find("txtX")),
+                "10");
+        Click("frmZGraphCalc", "cmdGraphCalcExec");
+        Picture(QStringLiteral("notes_calculator"));
+        Close("frmZGraph2D");
     }
 
     void MichaelisMenten() {
@@ -148,6 +186,7 @@ public:
             dynamic_cast<frmZorModel&>(*FindForm(program_.state().desktop, "frmZorModel"));
         Press(model.optTyp, 10);
         Click("frmPrepareTimeDiagram", "cmdMMdiagram");
+        Click("frmZGraph2D", "cmdSingleCalc");
         Picture(QStringLiteral("michaelis_menten"));
         Close("frmZGraph2D");
         Close("frmPrepareTimeDiagram");
@@ -177,7 +216,7 @@ private:
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fputs("zorvant_tour FOLDER [editors|pictures]\n", stderr);
+        std::fputs("zorvant_tour FOLDER [editors|notes|pictures]\n", stderr);
         return 2;
     }
     QDir folder(QString::fromLocal8Bit(argv[1]));
@@ -194,7 +233,10 @@ int main(int argc, char** argv) {
         tour.Editors();
     else if (argc > 2 && std::string_view(argv[2]) == "pictures")
         tour.Pictures();
-    else
+    else if (argc > 2 && std::string_view(argv[2]) == "notes") {
+        tour.Notes();
+        tour.MichaelisMenten();
+    } else
         tour.Run();
     return 0;
 }
