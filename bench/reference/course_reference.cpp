@@ -41,7 +41,7 @@ void IntegrateCourse(ProjectState& ps, int model, double tEnd, double dt) {
     const int n = model == 20 ? 2 : model == 14 || model == 15 ? 3 : 4;
     const bool hasB = n == 4;
     const auto& c0 = ps.c0;
-    Vector y(6), yOut(6), yPrev(6);
+    Vector y{}, yOut{}, yPrev{};
     y[1] = c0[1];
     y[2] = n == 3 ? c0[3] : n == 2 ? c0[4] : c0[2];
     y[3] = n == 3 ? c0[4] : c0[3];
@@ -296,10 +296,10 @@ void Extents(ProjectState& ps, double tEnd) {
 
 void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) {
     err = false;
-    ps.tSim = std::vector<double>(451);
+    ps.tSim.assign(451, 0);
     for (int s = 1; s <= kSpecies; ++s) {
-        cSim(ps, s) = std::vector<double>(451);
-        rSim(ps, s) = std::vector<float>(451);
+        cSim(ps, s).assign(451, 0);
+        rSim(ps, s).assign(451, 0);
     }
     ps.NPoints = 200;
     const double dt = tEnd / 200;
@@ -341,7 +341,7 @@ void AkimaKoeffizienten(AkimaTables& tables, int s, int n, float smoothing) {
     auto& X = tables.SplineX;
     const auto Y = [&](int i) -> double& { return tables.SplineY[At(i)][At(s)]; };
     const auto T = [&](int i) -> double& { return tables.SplineB[At(i)][At(s)]; };
-    std::vector<double> m(At(n + 4));
+    std::array<double, 401> m; // slopes of the chords, for up to 397 knots
 
     for (int i = n; i >= 1; --i) {
         X[At(i + 2)] = X[At(i)];

@@ -2,8 +2,6 @@
 
 #include "engine/numeric_models.h"
 
-#include <algorithm>
-
 namespace zorvant::reference {
 namespace {
 
@@ -72,30 +70,30 @@ void FuDerivatives(const ProjectState& ps, const Vector& y, Vector& dydt) {
     }
 }
 
-void IntegrateRK4(const ProjectState& ps, const int& n, const Vector& yStart, Vector& yOut,
-                  const int& nSteps, const double& h, WorkVectors& w) {
+void IntegrateRK4(const ProjectState& ps, int n, const Vector& yStart, Vector& yOut, int nSteps,
+                  double h, WorkVectors& w) {
     for (int i = 1; i <= n; ++i)
         yOut[At(i)] = yStart[At(i)];
     for (int step = 1; step <= nSteps; ++step) {
-        std::ranges::fill(w.dy, 0);
+        w.dy.fill(0);
         FuDerivatives(ps, yOut, w.dy);
         for (int i = 1; i <= n; ++i) {
             w.k1[At(i)] = h * w.dy[At(i)];
             w.at[At(i)] = yOut[At(i)] + w.k1[At(i)] / 2;
         }
-        std::ranges::fill(w.dy, 0);
+        w.dy.fill(0);
         FuDerivatives(ps, w.at, w.dy);
         for (int i = 1; i <= n; ++i) {
             w.k2[At(i)] = h * w.dy[At(i)];
             w.at[At(i)] = yOut[At(i)] + w.k2[At(i)] / 2;
         }
-        std::ranges::fill(w.dy, 0);
+        w.dy.fill(0);
         FuDerivatives(ps, w.at, w.dy);
         for (int i = 1; i <= n; ++i) {
             w.k3[At(i)] = h * w.dy[At(i)];
             w.at[At(i)] = yOut[At(i)] + w.k3[At(i)];
         }
-        std::ranges::fill(w.dy, 0);
+        w.dy.fill(0);
         FuDerivatives(ps, w.at, w.dy);
         for (int i = 1; i <= n; ++i)
             w.k4[At(i)] = h * w.dy[At(i)];

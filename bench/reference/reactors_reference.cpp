@@ -46,7 +46,7 @@ void CalcBatchKessel(const ProjectState& ps, double t, SpeciesArray& cOut, bool&
     err = false;
     const int n = ps.ModelId == 20 ? 2 : ps.ModelId == 14 || ps.ModelId == 15 ? 3 : 4;
     const auto& c0 = ps.c0;
-    Vector y(6), yNow(6), yOut(6), yPrev(6);
+    Vector y{}, yNow{}, yOut{}, yPrev{};
     y[1] = c0[1];
     y[2] = n == 3 ? c0[3] : n == 2 ? c0[4] : c0[2];
     y[3] = n == 3 ? c0[4] : c0[3];
