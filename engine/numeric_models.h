@@ -38,8 +38,10 @@ inline PowerKind KindOfPower(double n) {
     return PowerKind::Other;
 }
 
-/// k c^n for c >= 0, factors in the order that waits least for the slowest. Real: double or Pair.
-template <PowerKind Kind, class Real> inline Real OrderRate(double k, Real c, double n) {
+/// k c^n for c >= 0, factors in the order that waits least for the slowest. Real: double or Pair;
+/// Constant: double or Real. Of whole orders only one stands in both lanes.
+template <PowerKind Kind, class Constant, class Real>
+[[gnu::always_inline]] inline Real OrderRate(Constant k, Real c, Constant n) {
     if constexpr (Kind == PowerKind::Half) {
         return k * SquareRoot(c);
     } else if constexpr (Kind == PowerKind::One) {
@@ -52,20 +54,18 @@ template <PowerKind Kind, class Real> inline Real OrderRate(double k, Real c, do
         return (k * c) * (c * c);
     } else if constexpr (Kind == PowerKind::Integer) {
         Real rate = k * c;
-        for (int i = static_cast<int>(n); i > 1; --i)
+        for (int i = static_cast<int>(Lane(n, 0)); i > 1; --i)
             rate *= c;
         return rate;
-    } else if constexpr (std::is_same_v<Real, Pair>) {
-        return k * Pair{std::pow(c[0], n), std::pow(c[1], n)};
     } else {
-        return k * std::pow(c, n);
+        return k * EachLane<Real>([&](int lane) { return std::pow(Lane(c, lane), Lane(n, lane)); });
     }
 }
 
 /// Calls f with the kind of the exponent as a compile-time constant.
-template <class F> inline auto WithPowerKind(double n, F&& f) {
+template <class F> inline auto WithPowerKind(PowerKind kind, F&& f) {
     using enum PowerKind;
-    switch (KindOfPower(n)) {
+    switch (kind) {
     case Half:
         return f(std::integral_constant<PowerKind, Half>{});
     case One:
@@ -86,16 +86,17 @@ template <class F> inline auto WithPowerKind(double n, F&& f) {
 
 /// k c^n for c >= 0.
 inline double OrderRate(double k, double c, double n) {
-    return WithPowerKind(n, [&](auto kind) { return OrderRate<kind.value>(k, c, n); });
+    return WithPowerKind(KindOfPower(n), [&](auto kind) { return OrderRate<kind.value>(k, c, n); });
 }
 
 // The right-hand sides. y and dy count from 0 in the packed order; kSlots names the species of each.
+// K: a double, or a Pair where each lane has constants of its own.
 
 /// 7: A + B => C; A + C => P
-struct ConcurrentConsecutive {
+template <class K = double> struct ConcurrentConsecutive {
     static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real first = k1 * y[0] * y[1];
         const Real second = k2 * y[0] * y[2];
         dy[0] = -first - second;
@@ -106,10 +107,10 @@ struct ConcurrentConsecutive {
 };
 
 /// 9: A + B => C => P
-struct Consecutive {
+template <class K = double> struct Consecutive {
     static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real first = k1 * y[0] * y[1];
         const Real second = k2 * y[2];
         dy[0] = -first;
@@ -120,10 +121,10 @@ struct Consecutive {
 };
 
 /// 10: E + S <=> ES => P + E
-struct Enzyme {
+template <class K = double> struct Enzyme {
     static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real bind = k1 * y[0] * y[1];
         const Real release = k2 * y[2];
         const Real turnOver = k3 * y[2];
@@ -135,10 +136,10 @@ struct Enzyme {
 };
 
 /// 13: A + B => C <=> P
-struct SecondOrderDownstream {
+template <class K = double> struct SecondOrderDownstream {
     static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real first = k1 * y[0] * y[1];
         const Real forth = k2 * y[2];
         const Real back = k3 * y[3];
@@ -150,10 +151,10 @@ struct SecondOrderDownstream {
 };
 
 /// 14: A => C <=> P
-struct FirstOrderDownstream {
+template <class K = double> struct FirstOrderDownstream {
     static constexpr std::array<int, 3> kSlots{1, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real first = k1 * y[0];
         const Real forth = k2 * y[1];
         const Real back = k3 * y[2];
@@ -164,10 +165,10 @@ struct FirstOrderDownstream {
 };
 
 /// 15: A <=> C => P
-struct FirstOrderUpstream {
+template <class K = double> struct FirstOrderUpstream {
     static constexpr std::array<int, 3> kSlots{1, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real forth = k1 * y[0];
         const Real back = k2 * y[1];
         const Real second = k3 * y[1];
@@ -178,10 +179,10 @@ struct FirstOrderUpstream {
 };
 
 /// 18: A + B <=> C => P
-struct SecondOrderUpstream {
+template <class K = double> struct SecondOrderUpstream {
     static constexpr std::array<int, 4> kSlots{1, 2, 3, 4};
-    double k1, k2, k3;
-    template <class Real> void operator()(const Real* y, Real* dy) const {
+    K k1, k2, k3;
+    template <class Real> [[gnu::always_inline]] void operator()(const Real* y, Real* dy) const {
         const Real forth = k1 * y[0] * y[1];
         const Real back = k2 * y[2];
         const Real second = k3 * y[2];
@@ -193,14 +194,18 @@ struct SecondOrderUpstream {
 };
 
 /// 20: A => P of order n. Below 0 nothing reacts: no power of a negative base is taken.
-template <PowerKind Kind> struct OrderN {
+template <PowerKind Kind, class K = double> struct OrderN {
     static constexpr std::array<int, 2> kSlots{1, 4};
-    double k1, n;
+    K k1, n;
     bool IsAtRest(const std::array<double, 2>& y) const { return y[0] < 0; }
-    double RateOfA(double c) const { return c < 0 ? 0 : OrderRate<Kind>(-k1, c, n); }
-    Pair RateOfA(Pair c) const {
-        return c[0] < 0 || c[1] < 0 ? Pair{RateOfA(c[0]), RateOfA(c[1])}
-                                    : OrderRate<Kind>(-k1, c, n);
+    template <class Real> [[gnu::always_inline]] Real RateOfA(Real c) const {
+        return AnyBelowZero(c) ? RateInLanes(c) : OrderRate<Kind>(-k1, c, n);
+    }
+    template <class Real> [[gnu::noinline]] Real RateInLanes(Real c) const {
+        return EachLane<Real>([&](int lane) {
+            const double left = Lane(c, lane);
+            return left < 0 ? 0 : OrderRate<Kind>(-Lane(k1, lane), left, Lane(n, lane));
+        });
     }
     void operator()(const double* y, double* dy) const {
         dy[0] = RateOfA(y[0]);
@@ -209,37 +214,42 @@ template <PowerKind Kind> struct OrderN {
 };
 
 /// Calls f(law) with the right-hand side of a numeric model.
+/// Given:    k 1/TU, L/(mol TU), (mol/L)^(1 - n)/TU; kind of the order n of model 20
 /// Returned: false, f not called, for a model that is not integrated
-template <class F> bool WithNumericModel(int model, const ConstantArray& k, double orderN, F&& f) {
-    const double k1 = k[1], k2 = k[2], k3 = k[3];
+template <class K, class F>
+bool WithNumericModel(int model, const std::array<K, 4>& k, PowerKind kind, K n, F&& f) {
+    const K k1 = k[1], k2 = k[2], k3 = k[3];
     switch (model) {
     case 7:
-        f(ConcurrentConsecutive{k1, k2, k3});
+        f(ConcurrentConsecutive<K>{k1, k2, k3});
         return true;
     case 9:
-        f(Consecutive{k1, k2, k3});
+        f(Consecutive<K>{k1, k2, k3});
         return true;
     case 10:
-        f(Enzyme{k1, k2, k3});
+        f(Enzyme<K>{k1, k2, k3});
         return true;
     case 13:
-        f(SecondOrderDownstream{k1, k2, k3});
+        f(SecondOrderDownstream<K>{k1, k2, k3});
         return true;
     case 14:
-        f(FirstOrderDownstream{k1, k2, k3});
+        f(FirstOrderDownstream<K>{k1, k2, k3});
         return true;
     case 15:
-        f(FirstOrderUpstream{k1, k2, k3});
+        f(FirstOrderUpstream<K>{k1, k2, k3});
         return true;
     case 18:
-        f(SecondOrderUpstream{k1, k2, k3});
+        f(SecondOrderUpstream<K>{k1, k2, k3});
         return true;
     case 20:
-        WithPowerKind(orderN, [&](auto kind) { f(OrderN<kind.value>{k1, orderN}); });
+        WithPowerKind(kind, [&](auto known) { f(OrderN<known.value, K>{k1, n}); });
         return true;
     default:
         return false;
     }
+}
+template <class F> bool WithNumericModel(int model, const ConstantArray& k, double n, F&& f) {
+    return WithNumericModel(model, k, KindOfPower(n), n, std::forward<F>(f));
 }
 
 /// dc/dt at a state; the rate of model 20 ends with A itself, whatever n.
@@ -309,8 +319,8 @@ template <class Law, class Real>
 }
 
 /// The same for A => P, where P gains to the last digit what A loses.
-template <PowerKind Kind, class Real>
-[[gnu::always_inline]] inline void StepRK4(const OrderN<Kind>& law, Real* y, Real h) {
+template <PowerKind Kind, class K, class Real>
+[[gnu::always_inline]] inline void StepRK4(const OrderN<Kind, K>& law, Real* y, Real h) {
     const Real half = h * 0.5;
     const Real dy1 = law.RateOfA(y[0]);
     const Real dy2 = law.RateOfA(y[0] + half * dy1);

@@ -1,8 +1,9 @@
-// Two numbers (or four Singles) side by side, worked on by one instruction each. Each lane gives the same digits as a
-// number alone.
+// Numbers side by side, two (or four Singles) worked on by one instruction. Each lane gives the same
+// digits as a number alone.
 #pragma once
 
 #include <cmath>
+#include <type_traits>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -58,6 +59,17 @@ template <class Lanes> Lanes Larger(Lanes a, Lanes b) {
 }
 #endif
 
+inline bool AnyBelowZero(double x) {
+    return x < 0;
+}
+inline bool AnyBelowZero(Pair x) {
+#ifdef __SSE2__
+    return _mm_movemask_pd(_mm_cmplt_pd(x, _mm_setzero_pd())) != 0;
+#else
+    return x[0] < 0 || x[1] < 0;
+#endif
+}
+
 /// a where the lane of `condition` holds, else b.
 inline double Select(bool condition, double a, double b) {
     return condition ? a : b;
@@ -71,6 +83,22 @@ inline bool IsZero(double x) {
 }
 inline bool IsZero(Pair x) {
     return x[0] == 0 && x[1] == 0;
+}
+
+/// One lane; a number alone stands in every lane.
+inline double Lane(double x, int) {
+    return x;
+}
+inline double Lane(Pair x, int lane) {
+    return x[lane];
+}
+
+/// f(lane) in every lane.
+template <class Real, class F> [[gnu::always_inline]] inline Real EachLane(F&& f) {
+    if constexpr (std::is_same_v<Real, Pair>)
+        return Pair{f(0), f(1)};
+    else
+        return f(0);
 }
 
 } // namespace zorvant

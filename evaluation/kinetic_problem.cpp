@@ -4,6 +4,7 @@
 #include "engine/arithmetic.h"
 #include "engine/closed_forms.h"
 #include "engine/numeric_models.h"
+#include "engine/side_by_side.h"
 #include "evaluation/model_value.h"
 #include "evaluation/temperature.h"
 
@@ -15,6 +16,9 @@
 namespace zorvant {
 
 namespace {
+
+/// Components of the largest state that is integrated.
+constexpr std::size_t kMostPacked = 4;
 
 std::size_t At(int i) {
     return static_cast<std::size_t>(i);
@@ -152,6 +156,7 @@ public:
             offsets_.push_back(t - spline_.SplineX[At(std::max(interval, 1))]);
         }
         curve_.resize(At(knots_ + 1));
+        nodes_.resize(At(knots_) * kMostPacked);
     }
 
     int Count() const override { return rows_.Count(); }
@@ -160,8 +165,10 @@ public:
         last_ = b;
         if (knots_ == 0)
             ThrowArithmetic(kInvalidCall);
-        WithNumericModel(model_, ConstantsOf(b), fitsOrder_ ? b[2] : order_,
-                         [&](const auto& law) { Integrate(law); });
+        if (!TakeAnnounced(b)) {
+            WithNumericModel(model_, ConstantsOf(b), Order(b),
+                             [&](const auto& law) { Integrate(law); });
+        }
         for (std::size_t j = 0; j < rows_.slots.size(); ++j) {
             AkimaKoeffizienten(spline_, rows_.slots[j], knots_, 0);
             AddDeviations(j, res);
@@ -170,7 +177,74 @@ public:
             LeaveOutWithoutValue(res);
     }
 
+    bool TakesAnnouncements() const override { return true; }
+
+    void Announce(const FitVector& first, const FitVector& second) override {
+        if (knots_ == 0 || LaneOfVector(first) >= 0)
+            return;
+        knownLanes_ = 0;
+        const double n1 = Order(first), n2 = Order(second);
+        const PowerKind kind = KindOfPower(n1);
+        if (kind == PowerKind::Other ? KindOfPower(n2) != kind : n1 != n2)
+            return;
+        announced_ = {first, second};
+        const std::array<Pair, 4> k{
+            {{}, {first[1], second[1]}, {first[2], second[2]}, {first[3], second[3]}}
+        };
+        WithNumericModel(model_, k, kind, Pair{n1, n2},
+                         [&](const auto& law) { knownLanes_ = MarchSideBySide(law); });
+    }
+
 private:
+    double Order(const FitVector& b) const { return fitsOrder_ ? b[2] : order_; }
+
+    template <class Law> StateOf<Law> Start() const {
+        StateOf<Law> y;
+        for (std::size_t i = 0; i < y.size(); ++i)
+            y[i] = c0_[At(Law::kSlots[i])];
+        return y;
+    }
+
+    /// The nodes of two courses. Returned: how many came through.
+    template <class Law> [[gnu::noinline]] int MarchSideBySide(const Law& law) {
+        StatesOf<Law> y;
+        for (std::size_t i = 0; i < y.size(); ++i)
+            y[i] = Pair{} + c0_[At(Law::kSlots[i])];
+        bool both = true;
+        int subSteps = 1;
+        Pair* node = nodes_.data();
+        for (int j = 1; j <= knots_; ++j, node += y.size()) {
+            std::ranges::copy(y, node);
+            if (!IntegrateSideBySide(law, y, step_, subSteps, both))
+                return 0;
+            subSteps = std::max(subSteps / 4, 1);
+        }
+        return both ? 2 : 1;
+    }
+
+    int LaneOfVector(const FitVector& b) const {
+        for (int lane = 0; lane < knownLanes_; ++lane) {
+            if (announced_[At(lane)] == b)
+                return lane;
+        }
+        return -1;
+    }
+
+    /// Whether the course of b has been integrated beside another; puts its nodes into the spline.
+    bool TakeAnnounced(const FitVector& b) {
+        const int lane = LaneOfVector(b);
+        if (lane < 0)
+            return false;
+        WithNumericModel(model_, ConstantArray{}, 1.0, [&]<class Law>(const Law&) {
+            const Pair* node = nodes_.data();
+            for (int j = 1; j <= knots_; ++j, node += Law::kSlots.size()) {
+                for (std::size_t i = 0; i < Law::kSlots.size(); ++i)
+                    spline_.SplineY[At(j)][At(Law::kSlots[i])] = Lane(node[i], lane);
+            }
+        });
+        return true;
+    }
+
     /// One piece of the spline: y = ((d h + c) h + b) h + a.
     struct Piece {
         double a, b, c, d;
@@ -205,9 +279,7 @@ private:
     }
 
     template <class Law> void Integrate(const Law& law) {
-        StateOf<Law> y;
-        for (std::size_t i = 0; i < y.size(); ++i)
-            y[i] = c0_[At(Law::kSlots[i])];
+        StateOf<Law> y = Start<Law>();
         int subSteps = 1;
         for (int j = 1; j <= knots_; ++j) {
             for (std::size_t i = 0; i < y.size(); ++i)
@@ -227,6 +299,9 @@ private:
     std::vector<int> pieces_;     ///< of the spline, by row
     std::vector<double> offsets_; ///< t less the first knot of the piece, by row
     std::vector<Piece> curve_;    ///< of one species, by piece
+    std::vector<Pair> nodes_;     ///< of the announced vectors' courses, by node and component
+    std::array<FitVector, 2> announced_{};
+    int knownLanes_ = 0; ///< how many of them have their nodes
     AkimaTables spline_;
     int knots_ = 0;
 };

@@ -59,6 +59,11 @@ NormalSystem BuildNormalSystem(int count, const double* res, const JacobianColum
     return sums;
 }
 
+FitVector Shifted(FitVector b, int j) {
+    b[At(j)] += DerivativeStep(b[At(j)]);
+    return b;
+}
+
 /// One run: the state that its steps share.
 class Iteration {
 public:
@@ -73,6 +78,7 @@ public:
 
     void Run() {
         MoveIntoBounds();
+        AnnounceTrial(false);
         double f = 0;
         if (!calcFQS_Marquardt(f))
             return;
@@ -83,13 +89,16 @@ public:
             if (!BuildJacobian())
                 return;
             // Steps from here, each shorter than the last, until one lowers F or none moves.
-            for (bool lowered = false; moving && !lowered;) {
+            bool rejected = false;
+            for (bool lowered = false; moving && !lowered; rejected = true) {
                 const Trial trial = TrialAt(lambda_);
                 if (trial.usable) {
                     param_ = trial.param;
                     moving = trial.unmoved != freeCount_;
                     if (!moving)
                         break;
+                    if (problem_.TakesAnnouncements())
+                        AnnounceTrial(rejected);
                     if (!calcFQS_Marquardt(f))
                         return;
                     lowered = f < run_.sumSquares;
@@ -140,6 +149,25 @@ private:
             f += res * res;
         Finite(f);
         return !Passed(run_.ifn, limits_.sums);
+    }
+
+    /// Beside the residuals at param_ will be wanted: after a step that was accepted, as most are, the
+    /// derivatives; after a rejected one the next trial, as rejections come in rows.
+    void AnnounceTrial(bool rejected) const {
+        if (rejected) {
+            try {
+                if (const Trial next = TrialAt(Damped(lambda_)); next.usable)
+                    problem_.Announce(param_, next.param);
+            } catch (const ArithmeticError&) { // met again should the iteration come there
+            }
+            return;
+        }
+        for (int j = 1; j <= n_; ++j) {
+            if (mask_[At(j)] != kFixed) {
+                problem_.Announce(param_, Shifted(param_, j));
+                return;
+            }
+        }
     }
 
     bool Passed(int used, int limit) {
@@ -322,6 +350,10 @@ private:
             if (mask_[At(i)] == kFixed)
                 continue;
             const double step = (std::fabs(accepted_[At(i)]) + shift) * shift;
+            FitVector below = param_, above = param_;
+            below[At(i)] = accepted_[At(i)] - step;
+            above[At(i)] = accepted_[At(i)] + step;
+            problem_.Announce(below, above);
             param_[At(i)] = accepted_[At(i)] - step;
             if (!(param_[At(i)] < limits_.lower[At(i)]) && !probe(i))
                 return;
@@ -364,8 +396,13 @@ void LeastSquaresProblem::CalcAbleitungen(int n, const FitVector& b, const doubl
         if (column == nullptr)
             continue;
         const double h = DerivativeStep(b[At(j)]);
-        FitVector shifted = b;
-        shifted[At(j)] += h;
+        const FitVector shifted = Shifted(b, j);
+        for (int next = j + 1; next <= n; ++next) {
+            if (columns[At(next)] != nullptr) {
+                Announce(shifted, Shifted(b, next));
+                break;
+            }
+        }
         CalcResiduals(shifted, column);
         for (int i = 0; i < count; ++i)
             column[i] = (column[i] - res[i]) / h;

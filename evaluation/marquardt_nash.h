@@ -59,6 +59,11 @@ public:
     /// The residuals at one parameter vector into res[0..Count() - 1].
     /// Errors: ArithmeticError. A residual that is not finite is found by the caller.
     virtual void CalcResiduals(const FitVector& b, double* res) = 0;
+    /// Whether it is worth while to announce vectors.
+    virtual bool TakesAnnouncements() const { return false; }
+    /// These two are asked for next, the first more surely: what they share may be computed now.
+    /// Changes no result.
+    virtual void Announce(const FitVector&, const FitVector&) {}
     /// The derivatives at b into columns[j][0..Count() - 1], for every wanted j of 1..n. `res` holds
     /// the residuals at b.
     /// Formula:  forward difference (res(b(j) + h) - res(b)) / h with h = DerivativeStep(b(j))
