@@ -7,25 +7,8 @@ namespace zorvant {
 namespace closed_forms {
 namespace {
 
-/// Below this k t the share of P in A => C => P is summed as a series: the closed difference loses
-/// digits there as eps / (k t).
-constexpr double kSeriesBelow = 0.5;
 /// Terms for full precision up to kSeriesBelow.
 constexpr int kSeriesTerms = 17;
-
-/// What A => C => P has made of A into P for a = k1 t, b = k2 t near 0:
-///     a b sum (-1)^(n+1) h(n - 1) / (n + 1)!,  h(m) = a^m + a^(m-1) b + ... + b^m.
-double SharePassedSeries(double a, double b) {
-    double sum = 0, homogeneous = 1, power = 1, factorial = 2, sign = 1;
-    for (int n = 1; n <= kSeriesTerms; ++n) {
-        sum += sign * homogeneous / factorial;
-        power *= b;
-        homogeneous = a * homogeneous + power;
-        factorial *= n + 2;
-        sign = -sign;
-    }
-    return a * b * sum;
-}
 
 /// 2^e, within the range of doubles.
 double PowerOfTwo(int e) {
@@ -42,81 +25,16 @@ int LargestExponent(std::initializer_list<double> values) {
 
 } // namespace
 
-void TwoReactants::operator()(double t, SpeciesArray& c) const {
-    if (A0 == B0) {
-        const double d = k1 * t * A0;
-        c[1] = c[2] = A0 / (1 + d);
-        c[4] = P0 + A0 * Share(d);
-        return;
+double SharePassedSeries(double a, double b) {
+    double sum = 0, homogeneous = 1, power = 1, factorial = 2, sign = 1;
+    for (int n = 1; n <= kSeriesTerms; ++n) {
+        sum += sign * homogeneous / factorial;
+        power *= b;
+        homogeneous = a * homogeneous + power;
+        factorial *= n + 2;
+        sign = -sign;
     }
-    const bool lessA = A0 < B0;
-    const double less = lessA ? A0 : B0;
-    const double more = lessA ? B0 : A0;
-    const double excess = more - less;
-    const double z = excess * (k1 * t);
-    const Decay d(std::abs(z));
-    double cLess, cMore, x;
-    if (z >= 0) {
-        const double share = less * d.gone / (excess + less * d.gone);
-        const double rest = excess / (excess + less * d.gone);
-        cLess = less * d.left * rest;
-        cMore = more * rest;
-        x = more * share;
-    } else { // k1 < 0, as a search may try
-        const double denominator = excess * d.left - less * d.gone;
-        cLess = less * (excess / denominator);
-        cMore = more * (excess / denominator) * d.left;
-        x = -more * (less * d.gone / denominator);
-    }
-    c[1] = lessA ? cLess : cMore;
-    c[2] = lessA ? cMore : cLess;
-    c[4] = P0 + x;
-}
-
-void Autocatalysis::operator()(double t, SpeciesArray& c) const {
-    const double sum = A0 + P0;
-    const double z = sum * (k1 * t);
-    const Decay d(std::abs(z));
-    double x = 0;
-    c[1] = A0;
-    if (z >= 0) {
-        if (const double denominator = P0 + A0 * d.left; denominator != 0) {
-            c[1] = A0 * d.left * (sum / denominator);
-            x = A0 * (P0 * d.gone / denominator);
-        }
-    } else {
-        const double denominator = P0 * d.left + A0;
-        c[1] = A0 * (sum / denominator);
-        x = -A0 * (P0 * d.gone / denominator);
-    }
-    c[4] = P0 + x;
-    if (withQ)
-        c[5] = Q0 + x;
-}
-
-void Consecutive::operator()(double t, SpeciesArray& c) const {
-    const Decay first(k1 * t), second(k2 * t);
-    const bool firstIsSlow = k1 < k2;
-    const double slow = firstIsSlow ? k1 : k2;
-    const Decay& slowDecay = firstIsSlow ? first : second;
-    const Decay& fastDecay = firstIsSlow ? second : first;
-
-    // (exp(-k1 t) - exp(-k2 t)) / (k2 - k1), also for equal constants
-    const double difference = std::abs(k2 - k1);
-    double between;
-    if (difference * t > 0.7)
-        between = (slowDecay.left - fastDecay.left) / difference;
-    else if (difference == 0)
-        between = slowDecay.left * t;
-    else
-        between = slowDecay.left * (Decay(difference * t).gone / difference);
-
-    const bool early = std::abs(k1 * t) < kSeriesBelow && std::abs(k2 * t) < kSeriesBelow;
-    const double passed =
-        early ? SharePassedSeries(k1 * t, k2 * t) : slowDecay.gone - slow * between;
-    c[1] = A0 * first.left;
-    c[3] = A0 * (k1 * between) + C0 * second.left;
-    c[4] = P0 + A0 * passed + C0 * second.gone;
+    return a * b * sum;
 }
 
 Reversible2::Reversible2(int modelId, const ConstantArray& k, const SpeciesArray& c0, bool& err)
@@ -182,35 +100,6 @@ Reversible2::Reversible2(int modelId, const ConstantArray& k, const SpeciesArray
         g[4] = P0 * gap(f, rest) + k1 * (P0 * sumAB + 2 * A0 * B0);
         g[5] = Q0 * gap(-f, rest) + k1 * (Q0 * sumAB + 2 * A0 * B0);
     }
-}
-
-void Reversible2::operator()(double t, SpeciesArray& c) const {
-    double old = 2, fresh = 0, denominator = 2; // the state at t = 0
-    if (t > 0 && !frozen) {
-        const double time = t * rate;
-        const Decay d(discriminant * time);
-        const double w = discriminant > 0 ? d.gone / discriminant : time;
-        if (w > 1) { // both parts divided by w, which may be beyond all bounds
-            old = 2 * d.left / w;
-            fresh = 1;
-            denominator = (1 + d.left) / w + b;
-        } else {
-            old = 2 * d.left;
-            fresh = w;
-            denominator = 1 + d.left + w * b;
-        }
-        if (denominator == 0) {
-            if (model == 19)
-                throw NoSolution{};
-            ThrowArithmetic(kDivisionByZero);
-        }
-    }
-    const double scale = concentration / denominator;
-    c[1] = scale * (old * start[1] + fresh * g[1]);
-    c[2] = scale * (old * start[2] + fresh * g[2]);
-    c[4] = scale * (old * start[4] + fresh * g[4]);
-    if (model == 19)
-        c[5] = scale * (old * start[5] + fresh * g[5]);
 }
 
 } // namespace closed_forms

@@ -199,10 +199,9 @@ template <PowerKind Kind, class K = double> struct OrderN {
     K k1, n;
     bool IsAtRest(const std::array<double, 2>& y) const { return y[0] < 0; }
     template <class Real> [[gnu::always_inline]] Real RateOfA(Real c) const {
-        return AnyBelowZero(c) ? RateInLanes(c) : OrderRate<Kind>(-k1, c, n);
-    }
-    template <class Real> [[gnu::noinline]] Real RateInLanes(Real c) const {
-        return EachLane<Real>([&](int lane) {
+        if (!AnyBelowZero(c))
+            return OrderRate<Kind>(-k1, c, n);
+        return EachLane<Real>([&](int lane) __attribute__((always_inline)) {
             const double left = Lane(c, lane);
             return left < 0 ? 0 : OrderRate<Kind>(-Lane(k1, lane), left, Lane(n, lane));
         });

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cmath>
+#include <cstring>
 #include <type_traits>
 
 #ifdef __SSE2__
@@ -83,6 +84,16 @@ inline bool IsZero(double x) {
 }
 inline bool IsZero(Pair x) {
     return x[0] == 0 && x[1] == 0;
+}
+
+/// Two neighbours in memory.
+inline Pair Load(const double* at) {
+    Pair x;
+    std::memcpy(&x, at, sizeof x);
+    return x;
+}
+inline void Store(double* at, Pair x) {
+    std::memcpy(at, &x, sizeof x);
 }
 
 /// One lane; a number alone stands in every lane.

@@ -36,7 +36,7 @@ bool NotFinite(const double* res, int count) {
 struct Measured {
     std::vector<int> slots;     ///< species that count
     std::vector<double> t;      ///< TU
-    std::vector<double> values; ///< mol/L, slots.size() of them for each row
+    std::vector<double> values; ///< mol/L, the rows of one species behind those of another
 
     Measured(const ProjectState& ps, int m) {
         for (int slot = 1; slot <= kSpecies; ++slot) {
@@ -45,23 +45,32 @@ struct Measured {
         }
         if (slots.empty())
             return;
+        t.reserve(At(m));
+        values.reserve(At(m) * slots.size());
+        // No model has a value at a time that is none.
+        const auto takesPart = [](const ExpPoint& row) {
+            return row.exclude == 0 && std::isfinite(row.t);
+        };
         for (int i = 1; i <= m; ++i) {
-            const ExpPoint& row = ps.ExpData[At(i)];
-            if (row.exclude != 0 || !std::isfinite(row.t))
-                continue; // no model has a value at a time that is none
-            t.push_back(row.t);
-            for (const int slot : slots)
-                values.push_back(row.c(slot));
+            if (takesPart(ps.ExpData[At(i)]))
+                t.push_back(ps.ExpData[At(i)].t);
+        }
+        for (const int slot : slots) {
+            for (int i = 1; i <= m; ++i) {
+                if (takesPart(ps.ExpData[At(i)]))
+                    values.push_back(ps.ExpData[At(i)].c(slot));
+            }
         }
     }
     int Count() const { return static_cast<int>(t.size()); }
-    const double* Row(int i) const { return values.data() + At(i) * slots.size(); }
+    /// The values of the j-th species that counts.
+    const double* Column(std::size_t j) const { return values.data() + j * t.size(); }
 
     /// Residual of row i against the model's concentrations there.
     double Deviation(int i, const SpeciesArray& c) const {
         double res = 0;
         for (std::size_t j = 0; j < slots.size(); ++j)
-            res += std::fabs(c[At(slots[j])] - Row(i)[j]);
+            res += std::fabs(c[At(slots[j])] - Column(j)[i]);
         return res;
     }
 };
@@ -97,19 +106,37 @@ public:
 private:
     template <class Form> void Fill(const Form& at, double* res) const {
         const int count = rows_.Count();
-        if (rows_.slots.size() == 1) {
-            const std::size_t slot = At(rows_.slots[0]);
-            for (int i = 0; i < count; ++i) {
-                SpeciesArray c{};
-                at(rows_.t[At(i)], c);
-                res[i] = std::fabs(c[slot] - rows_.values[At(i)]);
-            }
-        } else {
+        if (rows_.slots.size() != 1) {
             for (int i = 0; i < count; ++i) {
                 SpeciesArray c{};
                 at(rows_.t[At(i)], c);
                 res[i] = rows_.Deviation(i, c);
             }
+            return;
+        }
+        switch (rows_.slots[0]) {
+        case 1:
+            return FillOne<1>(at, res);
+        case 2:
+            return FillOne<2>(at, res);
+        case 3:
+            return FillOne<3>(at, res);
+        case 4:
+            return FillOne<4>(at, res);
+        default:
+            return FillOne<5>(at, res);
+        }
+    }
+
+    /// One species: what only the others need is not computed.
+    template <std::size_t Slot, class Form>
+    [[gnu::flatten]] void FillOne(const Form& prepared, double* res) const {
+        const Form at = prepared; // no residual can change it
+        const double *t = rows_.t.data(), *measured = rows_.values.data();
+        for (int i = 0, count = rows_.Count(); i < count; ++i) {
+            SpeciesArray c{};
+            at(t[i], c);
+            res[i] = std::fabs(c[Slot] - measured[i]);
         }
     }
 
@@ -149,11 +176,14 @@ public:
         knots_ = static_cast<int>(knots.size());
         ReserveAkima(spline_, knots_);
         std::ranges::copy(knots, spline_.SplineX.begin() + 1);
+        offsets_.reserve(rows_.t.size());
         int interval = 1;
         for (const double t : rows_.t) {
             interval = AkimaInterval(spline_, t, knots_, interval);
-            pieces_.push_back(interval);
             offsets_.push_back(t - spline_.SplineX[At(std::max(interval, 1))]);
+            if (stretches_.empty() || stretches_.back().piece != interval)
+                stretches_.push_back({interval, 0});
+            ++stretches_.back().count;
         }
         curve_.resize(At(knots_ + 1));
         nodes_.resize(At(knots_) * kMostPacked);
@@ -248,6 +278,13 @@ private:
     /// One piece of the spline: y = ((d h + c) h + b) h + a.
     struct Piece {
         double a, b, c, d;
+        template <class Real> Real Deviation(Real h, Real measured) const {
+            return Magnitude(((d * h + c) * h + b) * h + a - measured);
+        }
+    };
+    /// Rows behind each other that lie on one piece.
+    struct Stretch {
+        int piece, count;
     };
 
     /// Adds the deviations of the j-th selected species, whose coefficients are fresh.
@@ -257,13 +294,16 @@ private:
             curve_[i] = {spline_.SplineA[i][slot], spline_.SplineB[i][slot],
                          spline_.SplineC[i][slot], spline_.SplineD[i][slot]};
         curve_[0] = {curve_[1].a, curve_[1].b, 0, 0}; // straight before the first knot
-        const std::size_t stride = rows_.slots.size();
-        const double* measured = rows_.values.data() + j;
-        for (int i = 0; i < rows_.Count(); ++i, measured += stride) {
-            const Piece& p = curve_[At(pieces_[At(i)])];
-            const double h = offsets_[At(i)];
-            const double deviation = std::fabs(((p.d * h + p.c) * h + p.b) * h + p.a - *measured);
-            res[i] = j == 0 ? deviation : res[i] + deviation;
+        const double *h = offsets_.data(), *measured = rows_.Column(j);
+        for (const Stretch& stretch : stretches_) {
+            const Piece p = curve_[At(stretch.piece)];
+            int i = 0;
+            for (; i + 2 <= stretch.count; i += 2)
+                Store(res + i, p.Deviation(Load(h + i), Load(measured + i)) +
+                                   (j == 0 ? Pair{} : Load(res + i)));
+            for (; i < stretch.count; ++i)
+                res[i] = p.Deviation(h[i], measured[i]) + (j == 0 ? 0 : res[i]);
+            h += i, measured += i, res += i;
         }
     }
 
@@ -271,8 +311,8 @@ private:
     void LeaveOutWithoutValue(double* res) const {
         for (int i = 0; i < rows_.Count(); ++i) {
             for (const int slot : rows_.slots) {
-                if (!std::isfinite(AkimaWertIn(spline_, AkimaMode::Value, slot, rows_.t[At(i)],
-                                               knots_, pieces_[At(i)])))
+                if (!std::isfinite(
+                        AkimaWert(spline_, AkimaMode::Value, slot, rows_.t[At(i)], knots_)))
                     res[i] = 0;
             }
         }
@@ -296,7 +336,7 @@ private:
     const double tEnd_;
     const double step_; ///< of the grid, TU
     const Measured rows_;
-    std::vector<int> pieces_;     ///< of the spline, by row
+    std::vector<Stretch> stretches_;
     std::vector<double> offsets_; ///< t less the first knot of the piece, by row
     std::vector<Piece> curve_;    ///< of one species, by piece
     std::vector<Pair> nodes_;     ///< of the announced vectors' courses, by node and component

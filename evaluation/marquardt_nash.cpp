@@ -2,6 +2,7 @@
 #include "evaluation/marquardt_nash.h"
 
 #include "engine/arithmetic.h"
+#include "engine/pair.h"
 
 #include <cmath>
 #include <stdexcept>
@@ -404,7 +405,10 @@ void LeastSquaresProblem::CalcAbleitungen(int n, const FitVector& b, const doubl
             }
         }
         CalcResiduals(shifted, column);
-        for (int i = 0; i < count; ++i)
+        int i = 0;
+        for (; i + 2 <= count; i += 2)
+            Store(column + i, (Load(column + i) - Load(res + i)) / h);
+        for (; i < count; ++i)
             column[i] = (column[i] - res[i]) / h;
     }
 }

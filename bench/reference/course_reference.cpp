@@ -341,7 +341,7 @@ void AkimaKoeffizienten(AkimaTables& tables, int s, int n, float smoothing) {
     auto& X = tables.SplineX;
     const auto Y = [&](int i) -> double& { return tables.SplineY[At(i)][At(s)]; };
     const auto T = [&](int i) -> double& { return tables.SplineB[At(i)][At(s)]; };
-    std::array<double, 401> m; // slopes of the chords, for up to 397 knots
+    std::array<double, 2001> m; // slopes of the chords, n + 3 of them
 
     for (int i = n; i >= 1; --i) {
         X[At(i + 2)] = X[At(i)];

@@ -1,5 +1,5 @@
-#include "engine/numeric_models.h"
 #include "engine/rate_laws.h"
+#include "engine/side_by_side.h"
 #include "tests/engine/selected_state.h"
 
 #include <gtest/gtest.h>
@@ -113,6 +113,55 @@ TEST(RateLaws, TwoRunsAtOnceGiveTheDigitsOfEach) {
             });
 }
 
+// Soft and stiff constants, alike and far apart, from starts above and below 0.
+TEST(RateLaws, CoursesSideBySideHaveTheDigitsOfEach) {
+    int kept = 0, givenUp = 0, handedOver = 0;
+    for (const int model : kNumericModels)
+        for (const double n : {0.5, 1.5, 2.7, 5.0})
+            for (const double scale : {1.0, 60.0, 2e6})
+                for (const double ratio : {1 + 1e-7, 3.0, 300.0})
+                    for (const double c : {1.1, -1e-4}) {
+                        const std::array<Pair, 4> k{
+                            {{}, {scale, ratio * scale}, {0.4, 0.5}, {0.2, 0.2 * ratio}}
+                        };
+                        WithNumericModel(
+                            model, k, KindOfPower(n), Pair{n, n}, [&]<class Law>(const Law& law) {
+                                StatesOf<Law> y;
+                                y.fill(Pair{0.2, 0.2});
+                                y[0] = Pair{c, c};
+                                std::array one{LaneOf<Law>(y, 0), LaneOf<Law>(y, 1)};
+                                int m = 1, ms[2] = {1, 1};
+                                bool both = true;
+                                for (int step = 0; step < 10; ++step) {
+                                    if (!IntegrateSideBySide(law, y, 0.2, m, both)) {
+                                        EXPECT_EQ(LaneOf<Law>(y, 0), one[0]);
+                                        ++handedOver;
+                                        return;
+                                    }
+                                    for (const int lane : {0, 1}) {
+                                        if (lane == 1 && !both)
+                                            break;
+                                        const auto i = static_cast<std::size_t>(lane);
+                                        WithNumericModel(
+                                            model, {0, k[1][lane], k[2][lane], k[3][lane]}, n,
+                                            [&]<class Alone>(const Alone& alone) {
+                                                if constexpr (kSizeOf<Alone> == kSizeOf<Law>)
+                                                    IntegrateInterval(alone, one[i], 0.2, ms[i]);
+                                            });
+                                        EXPECT_EQ(LaneOf<Law>(y, lane), one[i]);
+                                        EXPECT_EQ(m, ms[i]);
+                                        ms[i] = std::max(ms[i] / 4, 1);
+                                    }
+                                    m = std::max(m / 4, 1);
+                                }
+                                ++(both ? kept : givenUp);
+                            });
+                    }
+    EXPECT_GT(kept, 100);
+    EXPECT_GT(givenUp, 50);
+    EXPECT_GT(handedOver, 20);
+}
+
 // At k1 = 9 and n = 1.5 few sub-steps run below 0 or away; what is not finite agrees with nothing.
 TEST(RateLaws, StepDoublingGoesOnUntilTheRunsAreSound) {
     std::array<double, 2> a{1, 0};
@@ -120,7 +169,7 @@ TEST(RateLaws, StepDoublingGoesOnUntilTheRunsAreSound) {
     IntegrateInterval(OrderN<PowerKind::OneAndHalf>{9, 1.5}, a, 0.5, count);
     EXPECT_NEAR(a[0], std::pow(1 + 9 * 0.5 * 0.5, -2), 1e-4);
     EXPECT_GT(count, 2);
-    const Consecutive stiff{1, 4e4, 0};
+    const Consecutive<> stiff{1, 4e4, 0};
     for (int m = 1; m <= 32000; m = m * 3 + 1) { // wherever the doubling begins
         std::array<double, 4> y{1, 1, 0, 0};
         int subSteps = m;
@@ -129,7 +178,7 @@ TEST(RateLaws, StepDoublingGoesOnUntilTheRunsAreSound) {
         EXPECT_NEAR(y[0], 1 / 1.5, 1e-9);
         EXPECT_LE(subSteps, 32000);
     }
-    const Consecutive tooStiff{1, 1e9, 0};
+    const Consecutive<> tooStiff{1, 1e9, 0};
     std::array<double, 4> y{1, 1, 0, 0};
     int m = 1;
     EXPECT_THROW(IntegrateInterval(tooStiff, y, 0.5, m), ArithmeticError);
