@@ -74,13 +74,97 @@ QRectF Inside(QRectF rect, const QRectF& area) {
     return rect;
 }
 
-/// What a label had better not cover, in pixels.
-struct Obstacle {
-    int group, series;
-    double reach = 0;             ///< half the size of its symbols
-    std::vector<QPointF> symbols; ///< those that are painted
-    std::vector<QLineF> line;     ///< its parts near the plot area
+/// What labels had better not cover, in pixels, sorted into squares: a label looks only at what lies
+/// near it.
+class Obstacles {
+public:
+    struct Line {
+        QLineF at;
+        int group, series;
+    };
+    struct Symbol {
+        QPointF at;
+        double reach; ///< half its size
+    };
+
+    explicit Obstacles(const QRectF& area)
+        : origin_(area.topLeft()), columns_(Count(area.width())), rows_(Count(area.height())),
+          squares_(columns_ * rows_) {}
+
+    void Add(const Line& line) {
+        const std::size_t one = Square(line.at.p1()), two = Square(line.at.p2());
+        squares_[one].lines.push_back(lines_.size());
+        if (two != one)
+            squares_[two].lines.push_back(lines_.size());
+        lines_.push_back(line);
+        seen_.push_back(0);
+    }
+    void Add(const Symbol& symbol) {
+        squares_[Square(symbol.at)].symbols.push_back(symbol);
+        farthest_ = std::max(farthest_, symbol.reach);
+    }
+
+    /// Calls `take` for each line that has an end inside the rectangle, once.
+    template <class Take> void EachLine(const QRectF& rect, Take take) {
+        ++round_;
+        EachSquare(rect, [&](const Contents& square) {
+            for (const std::size_t number : square.lines) {
+                const Line& line = lines_[number];
+                if (std::exchange(seen_[number], round_) != round_ &&
+                    (Contains(rect, line.at.p1()) || Contains(rect, line.at.p2())))
+                    take(line);
+            }
+        });
+    }
+    /// How many symbols the rectangle touches.
+    int Symbols(const QRectF& rect) const {
+        int count = 0;
+        EachSquare(Grown(rect, farthest_), [&](const Contents& square) {
+            for (const Symbol& symbol : square.symbols)
+                count += Contains(Grown(rect, symbol.reach), symbol.at) ? 1 : 0;
+        });
+        return count;
+    }
+
+private:
+    struct Contents {
+        std::vector<std::size_t> lines;
+        std::vector<Symbol> symbols;
+    };
+    static constexpr double kSide = 24; ///< pixels, about the height of a label
+
+    static std::size_t Count(double length) {
+        return static_cast<std::size_t>(std::max(0.0, length / kSide)) + 1;
+    }
+    static bool Contains(const QRectF& rect, QPointF point) {
+        return point.x() >= rect.left() && point.x() <= rect.right() && point.y() >= rect.top() &&
+               point.y() <= rect.bottom();
+    }
+    static QRectF Grown(const QRectF& rect, double by) { return rect.adjusted(-by, -by, by, by); }
+    /// What lies outside the area belongs to the square at its edge.
+    static std::size_t Place(double distance, std::size_t count) {
+        return static_cast<std::size_t>(
+            std::clamp(distance / kSide, 0.0, static_cast<double>(count - 1)));
+    }
+    std::size_t Column(double x) const { return Place(x - origin_.x(), columns_); }
+    std::size_t Row(double y) const { return Place(y - origin_.y(), rows_); }
+    std::size_t Square(QPointF at) const { return Row(at.y()) * columns_ + Column(at.x()); }
+    template <class Visit> void EachSquare(const QRectF& rect, Visit visit) const {
+        for (std::size_t row = Row(rect.top()); row <= Row(rect.bottom()); ++row)
+            for (std::size_t column = Column(rect.left()); column <= Column(rect.right()); ++column)
+                visit(squares_[row * columns_ + column]);
+    }
+
+    QPointF origin_;
+    std::size_t columns_, rows_;
+    std::vector<Contents> squares_;
+    std::vector<Line> lines_;
+    std::vector<unsigned> seen_; ///< the last round in which a line was found
+    unsigned round_ = 0;
+    double farthest_ = 0;
 };
+
+constexpr double kShortest = 6; ///< pixels, of a part of a line
 
 std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& layout) {
     std::vector<QLineF> parts;
@@ -94,6 +178,8 @@ std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& lay
             continue;
         }
         const QPointF at(x.Pixel(series.x[i]), y.Pixel(series.y[i]));
+        if (before && (at - *before).manhattanLength() < kShortest)
+            continue; // as good as straight, against the size of a label
         if (before && (layout.plotArea.contains(at) || layout.plotArea.contains(*before)))
             parts.emplace_back(*before, at);
         before = at;
@@ -113,26 +199,27 @@ std::vector<QLineF> MarkParts(const PlotSeries& mark, const PictureLayout& layou
     return parts;
 }
 
-std::vector<Obstacle> Obstacles(const PlotSurface& surface, const PictureLayout& layout) {
-    std::vector<Obstacle> obstacles;
+Obstacles FindObstacles(const PlotSurface& surface, const PictureLayout& layout) {
+    Obstacles obstacles(layout.plotArea);
     for (const int group : {kLines, kPoints}) {
         for (int number = 1; number <= GetSeriesCount(surface, group); ++number) {
             const PlotSeries& series = GetSeries(surface, group, number);
             if (series.display != SeriesDisplay::Shown || series.x.empty())
                 continue;
-            Obstacle obstacle{.group = group, .series = number, .symbols = {}, .line = {}};
             const bool mark = group == kLines && number >= kHalfLifeASeries;
             if (series.line.pattern != LinePattern::None)
-                obstacle.line = mark ? MarkParts(series, layout) : LineParts(series, layout);
-            if (series.symbol.shape != SymbolShape::Hidden) {
-                obstacle.reach = series.symbol.size / 2.0;
-                for (std::size_t i = 0; i < series.x.size(); ++i)
-                    if (!IsHole(series, static_cast<int>(i) + 1) &&
-                        layout.x.scale.Shows(series.x[i]) && layout.y.scale.Shows(series.y[i]))
-                        obstacle.symbols.emplace_back(layout.x.scale.Pixel(series.x[i]),
-                                                      layout.y.scale.Pixel(series.y[i]));
-            }
-            obstacles.push_back(std::move(obstacle));
+                for (const QLineF& part :
+                     mark ? MarkParts(series, layout) : LineParts(series, layout))
+                    obstacles.Add(Obstacles::Line{part, group, number});
+            if (series.symbol.shape == SymbolShape::Hidden)
+                continue;
+            for (std::size_t i = 0; i < series.x.size(); ++i)
+                if (!IsHole(series, static_cast<int>(i) + 1) && layout.x.scale.Shows(series.x[i]) &&
+                    layout.y.scale.Shows(series.y[i]))
+                    obstacles.Add(Obstacles::Symbol{
+                        {layout.x.scale.Pixel(series.x[i]), layout.y.scale.Pixel(series.y[i])},
+                        series.symbol.size / 2.0
+                    });
         }
     }
     return obstacles;
@@ -143,16 +230,23 @@ double Overlap(const QRectF& one, const QRectF& other) {
     return common.width() * common.height();
 }
 
-/// Roughly how long a line runs under a box.
+/// How long a line runs under a box: the share between its crossings with the edges.
 double LengthInside(const QLineF& line, const QRectF& rect) {
-    constexpr int kSteps = 8;
-    const QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1);
-    if (!bounds.intersects(rect))
-        return 0;
-    int inside = 0;
-    for (int i = 0; i < kSteps; ++i)
-        inside += rect.contains(line.pointAt((i + 0.5) / kSteps)) ? 1 : 0;
-    return line.length() * inside / kSteps;
+    double begin = 0, end = 1;
+    const auto cut = [&](double from, double by, double least, double most) {
+        if (by == 0) {
+            if (from < least || from > most)
+                end = -1;
+            return;
+        }
+        const double one = (least - from) / by, two = (most - from) / by;
+        begin = std::max(begin, std::min(one, two));
+        end = std::min(end, std::max(one, two));
+    };
+    cut(line.x1(), line.dx(), rect.left(), rect.right());
+    cut(line.y1(), line.dy(), rect.top(), rect.bottom());
+    return begin < end ? (end - begin) * std::sqrt(line.dx() * line.dx() + line.dy() * line.dy())
+                       : 0;
 }
 
 double Distance(const QLineF& line, QPointF point) {
@@ -161,38 +255,34 @@ double Distance(const QLineF& line, QPointF point) {
     const double share =
         length > 0 ? std::clamp(QPointF::dotProduct(point - line.p1(), along) / length, 0.0, 1.0)
                    : 0;
-    const QPointF apart = point - line.pointAt(share);
-    return std::hypot(apart.x(), apart.y());
+    const QPointF apart = point - line.p1() - share * along;
+    return std::sqrt(QPointF::dotProduct(apart, apart));
 }
 
+/// Returned: what a place costs; at least `enough` as soon as it is so much.
 double Cost(const QRectF& rect, const PlotLabel& label, const std::vector<TextBox>& placed,
-            const std::optional<LegendLayout>& legend, const std::vector<Obstacle>& obstacles) {
+            const std::optional<LegendLayout>& legend, Obstacles& obstacles, double enough) {
     double cost = 0;
     for (const TextBox& other : placed)
         if (rect.intersects(other.rect))
             cost += kCostOfLabel + Overlap(rect, other.rect);
     if (legend && rect.intersects(legend->rect))
         cost += kCostOfLabel;
+    if (cost < enough)
+        cost += kCostOfSymbol * obstacles.Symbols(rect);
+    if (cost >= enough)
+        return cost;
     // Lines farther away than this can neither be covered nor mislead.
     const QRectF around =
         rect.adjusted(-rect.height(), -rect.height(), rect.height(), rect.height());
     double toOwn = std::numeric_limits<double>::max(), toOther = toOwn;
-    for (const Obstacle& obstacle : obstacles) {
-        const bool own = label.attachment == Attachment::Point && label.group == obstacle.group &&
-                         label.series == obstacle.series;
+    obstacles.EachLine(around, [&](const Obstacles::Line& line) {
+        const bool own = label.attachment == Attachment::Point && label.group == line.group &&
+                         label.series == line.series;
         double& nearest = own ? toOwn : toOther;
-        for (const QLineF& line : obstacle.line) {
-            if (!around.contains(line.p1()) && !around.contains(line.p2()))
-                continue;
-            cost += kCostOfLine * LengthInside(line, rect);
-            nearest = std::min(nearest, Distance(line, rect.center()));
-        }
-        const QRectF near =
-            rect.adjusted(-obstacle.reach, -obstacle.reach, obstacle.reach, obstacle.reach);
-        for (const QPointF& symbol : obstacle.symbols)
-            if (near.contains(symbol))
-                cost += kCostOfSymbol;
-    }
+        cost += kCostOfLine * LengthInside(line.at, rect);
+        nearest = std::min(nearest, Distance(line.at, rect.center()));
+    });
     if (label.attachment == Attachment::Point && toOther < toOwn)
         cost += kCostOfOtherCurve;
     return cost;
@@ -200,15 +290,17 @@ double Cost(const QRectF& rect, const PlotLabel& label, const std::vector<TextBo
 
 QRectF BestPlace(QPointF point, QSizeF size, const PlotLabel& label, const QRectF& area,
                  const std::vector<TextBox>& placed, const std::optional<LegendLayout>& legend,
-                 const std::vector<Obstacle>& obstacles) {
+                 Obstacles& obstacles) {
     QRectF best = Inside(Beside(point, size, label.anchor, label.offset), area);
-    double least = Cost(best, label, placed, legend, obstacles);
+    double least = Cost(best, label, placed, legend, obstacles, std::numeric_limits<double>::max());
     for (int ring = 0; ring <= kRings && least > kCostOfRing * ring; ++ring) {
         for (const LabelAnchor side : kSides) {
             const QRectF place =
                 Inside(Beside(point, size, side, label.offset + ring * size.height() / 2), area);
-            const double cost = Cost(place, label, placed, legend, obstacles) + kCostOfRing * ring +
-                                (side == label.anchor ? 0 : kCostOfOtherSide);
+            const double away = kCostOfRing * ring + (side == label.anchor ? 0 : kCostOfOtherSide);
+            if (away >= least)
+                continue;
+            const double cost = Cost(place, label, placed, legend, obstacles, least - away) + away;
             if (cost < least) {
                 least = cost;
                 best = place;
@@ -261,7 +353,7 @@ std::optional<QPointF> Anchorage(const PlotSurface& surface, int number,
 std::vector<TextBox> PlaceLabels(const PlotSurface& surface, const PictureLayout& layout,
                                  double pixelsPerPoint) {
     std::vector<TextBox> placed;
-    std::vector<Obstacle> obstacles;
+    std::optional<Obstacles> obstacles;
     const double inset = kInset * pixelsPerPoint;
     const QRectF area = layout.plotArea.adjusted(inset, inset, -inset, -inset);
     const double padX = kPaddingX * pixelsPerPoint, padY = kPaddingY * pixelsPerPoint;
@@ -270,8 +362,8 @@ std::vector<TextBox> PlaceLabels(const PlotSurface& surface, const PictureLayout
         const std::optional<QPointF> point = Anchorage(surface, number, layout);
         if (!point || label.text.find_first_not_of(' ') == std::string::npos)
             continue;
-        if (obstacles.empty())
-            obstacles = Obstacles(surface, layout);
+        if (!obstacles)
+            obstacles = FindObstacles(surface, layout);
         TextBox box = FitText(label.text, ToFont(label.font, pixelsPerPoint), area.width());
         const double frame = label.border.type == BorderType::None ? 0 : label.border.width;
         const QSizeF size = box.rect.size() + QSizeF(2 * (padX + frame), 2 * (padY + frame));
@@ -279,7 +371,7 @@ std::vector<TextBox> PlaceLabels(const PlotSurface& surface, const PictureLayout
         if (!label.colours.transparent)
             box.back = ToColour(label.colours.back, kWhite);
         box.border = label.border;
-        box.rect = BestPlace(*point, size, label, area, placed, layout.legend, obstacles);
+        box.rect = BestPlace(*point, size, label, area, placed, layout.legend, *obstacles);
         placed.push_back(std::move(box));
     }
     return placed;

@@ -11,8 +11,6 @@
 namespace zorvant {
 namespace {
 
-/// A line of width 1 as wide as print and enlarged screens need it.
-constexpr double kLineWidthFactor = 1.3;
 constexpr double kSymbolPen = 1.3;                        ///< pixels
 constexpr double kTickWithNumber = 3.5, kTickWithout = 2; ///< points
 
@@ -121,8 +119,8 @@ bool ClipEdge(double approach, double distance, double& begin, double& end) {
 
 } // namespace
 
-QPen ToPen(const LineStyle& style) {
-    QPen pen(ToColour(style.colour, kBlack), style.width * kLineWidthFactor);
+QPen ToPen(const LineStyle& style, double widthFactor) {
+    QPen pen(ToColour(style.colour, kBlack), style.width * widthFactor);
     pen.setCapStyle(Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
     SetPattern(pen, style.pattern);
@@ -237,7 +235,8 @@ void DrawAxes(QCPPainter& painter, const PlotSurface& surface, const PictureLayo
     DrawAxis(painter, y, layout.y, layout.x, false, pixelsPerPoint);
 }
 
-void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLayout& legend) {
+void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLayout& legend,
+                double widthFactor) {
     const PlotLegend& source = surface.legend;
     if (!source.colours.transparent) {
         painter.setPen(Qt::NoPen);
@@ -251,7 +250,7 @@ void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLay
         const QPointF centre = entry.sample.center();
         const LineStyle& line = GetLineStyle(surface, group, series);
         if (line.pattern != LinePattern::None) {
-            painter.setPen(ToPen(line));
+            painter.setPen(ToPen(line, widthFactor));
             painter.drawLine(QPointF(entry.sample.left(), centre.y()),
                              QPointF(entry.sample.right(), centre.y()));
         }

@@ -1,6 +1,7 @@
 #include "shell/qt/plot_view.h"
 
 #include "shell/qt/plot_paint.h"
+#include "shell/qt/symbol_stamps.h"
 
 #include <qcustomplot.h>
 
@@ -65,6 +66,15 @@ public:
 
 protected:
     QRect clipRect() const override { return mParentPlot->viewport(); }
+    void drawScatterPlot(QCPPainter* painter, const QVector<QPointF>& points,
+                         const QCPScatterStyle& style) const override {
+        applyScattersAntialiasingHint(painter);
+        if (!stamps_.Draw(*painter, points, style))
+            QCPCurve::drawScatterPlot(painter, points, style);
+    }
+
+private:
+    mutable SymbolStamps stamps_;
 };
 
 /// A vertical mark runs through the whole plot area, also where y is logarithmic or below 0.
@@ -72,6 +82,10 @@ PlotSeries OverWholeHeight(PlotSeries mark, const ShownAxisRange& y) {
     mark.y.assign(mark.y.size(), y.min);
     mark.y.back() = y.max;
     return mark;
+}
+
+bool PaintsChartArea(const PlotSurface& surface) {
+    return !surface.chartArea.transparent && surface.chartArea.back != surface.chart.back;
 }
 
 struct SeriesItems {
@@ -88,8 +102,21 @@ public:
     explicit Canvas(PlotView& view);
 
     /// Everything from the record; nothing is painted yet.
-    void Build(PlotSurface& surface, QSize size, double pixelsPerPoint);
-    void PaintOverlay() { layer(QStringLiteral("overlay"))->replot(); }
+    void Build(PlotSurface& surface, QSize size, double pixelsPerPoint, double lineFactor);
+    /// The rectangle of the zoom has a buffer of its own only while it is drawn: laying one more over
+    /// the picture takes as long as the curves.
+    void PaintOverlay() {
+        QCPLayer& overlay = *layer(QStringLiteral("overlay"));
+        const bool dragging = surface_ != nullptr && surface_->rubber.dragging;
+        const QCPLayer::LayerMode mode = dragging ? QCPLayer::lmBuffered : QCPLayer::lmLogical;
+        if (overlay.mode() == mode) {
+            if (dragging)
+                overlay.replot();
+            return;
+        }
+        overlay.setMode(mode);
+        replot(rpQueuedRefresh);
+    }
     void Clear() { surface_ = nullptr; }
 
     int repaints = 0;
@@ -130,6 +157,7 @@ private:
     PlotSurface* surface_ = nullptr;
     PictureLayout layout_;
     double pixelsPerPoint_ = kPictureDotsPerInch / kPointsPerInch;
+    double lineFactor_ = kScreenLine;
     QSharedPointer<MarkTicker> xTicker_{new MarkTicker}, yTicker_{new MarkTicker};
     std::array<std::vector<SeriesItems>, 3> items_; ///< by group, as the record's series
 };
@@ -140,7 +168,7 @@ PlotView::Canvas::Canvas(PlotView& view) : QCustomPlot(&view), view_(view) {
     axisRect()->setAutoMargins(QCP::msNone);
     axisRect()->setMinimumSize(1, 1);
     addLayer(QStringLiteral("symbols"), layer(QStringLiteral("main")));
-    layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmBuffered);
+    layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
     axisRect()->setupFullAxesBox();
     for (QCPAxis* axis : {xAxis, yAxis, xAxis2, yAxis2}) {
         axis->setBasePen(Qt::NoPen);
@@ -193,7 +221,7 @@ void PlotView::Canvas::BuildSeries(SeriesItems& items, const PlotSeries& series,
                            none ? kNoNumber : series.y[i]});
         }
         items.line->data()->set(points, true);
-        items.line->setPen(ToPen(series.line));
+        items.line->setPen(ToPen(series.line, lineFactor_));
         items.line->frame = layout_.plotArea;
     }
     if (hasSymbols) {
@@ -217,8 +245,10 @@ void PlotView::Canvas::BuildSeries(SeriesItems& items, const PlotSeries& series,
         items.symbols->setVisible(hasSymbols);
 }
 
-void PlotView::Canvas::Build(PlotSurface& surface, QSize size, double pixelsPerPoint) {
+void PlotView::Canvas::Build(PlotSurface& surface, QSize size, double pixelsPerPoint,
+                             double lineFactor) {
     surface_ = &surface;
+    lineFactor_ = lineFactor;
     pixelsPerPoint_ = pixelsPerPoint;
     layout_ = LayOut(surface, size, pixelsPerPoint);
     surface.layout = ToPlotLayout(layout_);
@@ -227,9 +257,11 @@ void PlotView::Canvas::Build(PlotSurface& surface, QSize size, double pixelsPerP
     axisRect()->setMargins({area.left(), area.top(), size.width() - area.left() - area.width(),
                             size.height() - area.top() - area.height()});
     setBackground(QBrush(ToColour(surface.chart.back, kWhite)));
-    axisRect()->setBackground(surface.plotArea.transparent
-                                  ? QBrush(Qt::NoBrush)
-                                  : QBrush(ToColour(surface.plotArea.back, kWhite)));
+    // What has the colour of the ground below need not be painted.
+    const Colour ground = PaintsChartArea(surface) ? surface.chartArea.back : surface.chart.back;
+    const bool same = surface.plotArea.transparent || surface.plotArea.back == ground;
+    axisRect()->setBackground(same ? QBrush(Qt::NoBrush)
+                                   : QBrush(ToColour(surface.plotArea.back, kWhite)));
     BuildAxis(*xAxis, *xTicker_, GetAxis(surface, AxisId::X), layout_.x);
     BuildAxis(*yAxis, *yTicker_, GetAxis(surface, AxisId::Y), layout_.y);
     for (const int group : {kLines, kPoints}) {
@@ -248,7 +280,7 @@ void PlotView::Canvas::Build(PlotSurface& surface, QSize size, double pixelsPerP
 }
 
 void PlotView::Canvas::PaintBackground(QCPPainter& painter) const {
-    if (surface_ == nullptr || surface_->chartArea.transparent)
+    if (surface_ == nullptr || !PaintsChartArea(*surface_))
         return;
     painter.setPen(Qt::NoPen);
     painter.setBrush(ToColour(surface_->chartArea.back, kWhite));
@@ -265,7 +297,7 @@ void PlotView::Canvas::PaintTexts(QCPPainter& painter) const {
     if (layout_.footer)
         DrawTextBox(painter, *layout_.footer);
     if (layout_.legend)
-        DrawLegend(painter, *surface_, *layout_.legend);
+        DrawLegend(painter, *surface_, *layout_.legend, lineFactor_);
     const Border& border = surface_->chartBorder;
     const double half = border.width * 0.5;
     DrawBorder(painter, layout_.picture.adjusted(half, half, -half - 1, -half - 1), border,
@@ -310,13 +342,13 @@ void PlotView::Refresh() {
     shownSize_ = size();
     canvas_->setGeometry(rect());
     canvas_->setViewport(rect());
-    canvas_->Build(*surface_, size(), logicalDpiY() / kPointsPerInch);
+    canvas_->Build(*surface_, size(), logicalDpiY() / kPointsPerInch, kScreenLine);
     canvas_->replot(QCustomPlot::rpQueuedRefresh);
 }
 
 void PlotView::PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size,
                        const QTransform& place, bool vector) {
-    canvas_->Build(surface, size, kPictureDotsPerInch / kPointsPerInch);
+    canvas_->Build(surface, size, kPictureDotsPerInch / kPointsPerInch, kPictureLine);
     QCPPainter painter;
     painter.begin(&device);
     painter.setMode(QCPPainter::pmVectorized, vector);

@@ -2,6 +2,7 @@
 #include "diagrams/frm_z_graph_2d.h"
 #include "shell/qt/application.h"
 #include "shell/qt/plot_output.h"
+#include "shell/qt/plot_view.h"
 #include "tests/qt/plot_samples.h"
 #include "tests/qt/qt_user.h"
 
@@ -87,17 +88,24 @@ bool HasOutline(const std::vector<QRectF>& outlines, const QRectF& wanted) {
     });
 }
 
+/// The frame of the axes of a diagram that covers a rectangle on paper, mm.
+QRectF AxesOn(const QRectF& paper, PlotSurface surface) {
+    const QSizeF pixels = paper.size() * (96 / 25.4);
+    QImage image(pixels.toSize(), QImage::Format_RGB32);
+    PlotView().PaintOn(image, surface, image.size(), QTransform(), false);
+    const PixelRect& axes = surface.layout.plotArea;
+    const double x = paper.width() / image.width(), y = paper.height() / image.height();
+    return {paper.left() + axes.left * x, paper.top() + axes.top * y, axes.width * x,
+            axes.height * y};
+}
+
 } // namespace
 
 TEST(PlotOutput, APageHasTheDiagramWhereItWasAskedFor) {
     PlotSurface surface = EmptyDiagram();
     AddDecay(surface, 1, 3, "c(A)");
     surface.layout.picture = {0, 0, 750, 450};
-    // The plot area, in a box whose place on the picture is given: 20 % to 80 % of it.
-    SetChartAreaBox(surface,
-                    {.left = 0.2, .top = 0.2, .width = 0.6, .height = 0.6, .automatic = false});
-    const Margin none{.width = 0, .automatic = false};
-    SetPlotAreaMargins(surface, {.left = none, .right = none, .top = none, .bottom = none});
+    SetChartColours(surface, {.back = 0xF0F0F0}); // the picture can be told from the paper
     const PlotLayout before = surface.layout;
     struct Row {
         PrintRequest request;
@@ -128,10 +136,7 @@ TEST(PlotOutput, APageHasTheDiagramWhereItWasAskedFor) {
         for (const QByteArray& pdf : {written, printed.readAll()}) {
             const auto outlines = Outlines(PageContent(pdf), 297);
             EXPECT_TRUE(HasOutline(outlines, row.picture));
-            const QRectF& whole = row.picture;
-            EXPECT_TRUE(HasOutline(outlines, QRectF(whole.left() + 0.2 * whole.width(),
-                                                    whole.top() + 0.2 * whole.height(),
-                                                    0.6 * whole.width(), 0.6 * whole.height())));
+            EXPECT_TRUE(HasOutline(outlines, AxesOn(row.picture, surface)));
         }
     }
     EXPECT_EQ(surface.layout.picture, before.picture);

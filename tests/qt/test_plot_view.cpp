@@ -37,7 +37,8 @@ int Darkest(const QImage& image, double px, double py) {
 
 bool IsDark(const QImage& image, const PlotSurface& surface, double x, double y) {
     const auto pixel = DataToPixel(surface, x, y);
-    return pixel && Darkest(image, pixel->x, pixel->y) < 100;
+    // a line may lie between two pixels
+    return pixel && Darkest(image, pixel->x, pixel->y) < 140;
 }
 
 /// A diagram without what could be mistaken for data.
