@@ -162,6 +162,8 @@ void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents) {
     FitSeries(contents);
     static_cast<PlotContents&>(doc.surface) = std::move(contents);
     MarkChanged(doc.surface);
+    doc.StatusBar2.text.clear(); // it spoke of what was shown before
+    doc.StatusBar2.toolTip.clear();
     TakeCurves(ps, doc);
     TakePoints(doc);
     TakeMarksAndTexts(doc);

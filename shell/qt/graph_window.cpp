@@ -38,6 +38,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     setProperty("maximizes", true);
     chart_ = ui.chart;
     // It takes what height is left: a long result line must not push it out of the window.
+    smallestChart_ = chart_->minimumSize();
     chart_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     auto* const layout = new QVBoxLayout(chart_);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -116,9 +117,20 @@ void GraphWindow::Float(QWidget& panel) {
     panels_.push_back(&panel);
 }
 
+/// The chart is never smaller than the panels upon it: the window scrolls before a button is cut off.
+void GraphWindow::MakeRoom() {
+    QSize needed = smallestChart_;
+    for (const QWidget* panel : panels_)
+        if (!panel->isHidden())
+            needed = needed.expandedTo(panel->size());
+    if (chart_->minimumSize() != needed)
+        chart_->setMinimumSize(needed);
+}
+
 void GraphWindow::PlacePanel(QWidget& panel) {
     panel.adjustSize();
     panel.raise();
+    MakeRoom();
     const QRect room = chart_->rect();
     QPoint place = panel.pos();
     if (!panel.property(kPlaced).toBool())
@@ -142,6 +154,9 @@ bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
         PlacePanel(*panel);
         if (texts_ != nullptr && panel->isAncestorOf(texts_))
             QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
+        break;
+    case QEvent::Hide:
+        MakeRoom();
         break;
     case QEvent::LayoutRequest: // its contents were shown or hidden
         if (panel->isVisible())

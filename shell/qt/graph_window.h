@@ -27,12 +27,14 @@ protected:
 private:
     void ConnectMouse();
     void Float(QWidget& panel);
+    void MakeRoom();
     void PlacePanel(QWidget& panel);
     void ShowPointer();
 
     frmZGraph2D& document_;
     PlotView* view_ = nullptr;
     QWidget* chart_ = nullptr;
+    QSize smallestChart_;
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
     DiagramText shownText_ = DiagramText::Header;

@@ -46,7 +46,15 @@ TEST_F(DiagramNotes, AreMadeKeptAndBroughtBack) {
     auto& document =
         dynamic_cast<DiagramDocument&>(*FindForm(program.state().desktop, "frmZGraph2D"));
     QWidget& window = Window("frmZGraph2D");
-    Trigger(window, "mnuTextDesign_1");
+    const PixelRect& place = document.surface.layout.header;
+    const QPoint at(static_cast<int>(place.left + place.width / 2),
+                    static_cast<int>(place.top + place.height / 2));
+    QWidget* picture = Child<QWidget>(window, "chart").childAt(at);
+    ASSERT_NE(picture, nullptr);
+    QMouseEvent press(QEvent::MouseButtonPress, at, picture->mapToGlobal(at), Qt::RightButton,
+                      Qt::RightButton, {});
+    QCoreApplication::sendEvent(picture, &press);
+    Settle();
     auto& text = Child<QPlainTextEdit>(window, "schrift");
     ASSERT_TRUE(text.isVisible());
     EXPECT_TRUE(text.textCursor().atEnd());
@@ -67,6 +75,8 @@ TEST_F(DiagramNotes, AreMadeKeptAndBroughtBack) {
     Settle();
     EXPECT_FALSE(text.isVisible());
 
+    Trigger(window, "mnuManuXY");
+    EXPECT_TRUE(Window("frmZXYEditor").isVisible());
     Trigger(window, "mnuHalbA");
     EXPECT_TRUE(Child<QLabel>(window, "StatusBar2").text().startsWith(u"Half-life tau(A) = "));
     Child<QPushButton>(window, "cmdSingleCalc").click();
