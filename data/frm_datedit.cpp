@@ -19,7 +19,7 @@ constexpr int kEnzymeModel = 10;
 /// Columns of the list: number, mark, then the values.
 constexpr int kMarkColumn = 1, kFirstValue = 2, kGridColumns = kFirstValue + kExpColumns;
 /// Widths in characters; all columns have room beside each other, and the user can widen them.
-constexpr int kNumberWidth = 4, kMarkWidth = 4, kTimeWidth = 11, kValueWidth = 9;
+constexpr int kNumberWidth = 4, kMarkWidth = 4, kTimeWidth = 11, kConcWidth = 11, kValueWidth = 9;
 constexpr std::string_view kExclude = "-1";
 
 using Heads = std::array<std::string, 6>;
@@ -296,6 +296,8 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
     Grid.heads[Index(kFirstValue + kExpTemperature)] = "T/K";
     Grid.heads[Index(kFirstValue + kExpRate)] = "k";
     Grid.columnWidths.assign(kGridColumns, kValueWidth);
+    for (int slot = 1; slot <= kSpecies; ++slot)
+        Grid.columnWidths[Index(kFirstValue + slot)] = kConcWidth;
     Grid.columnWidths[0] = kNumberWidth;
     Grid.columnWidths[kMarkColumn] = kMarkWidth;
     Grid.columnWidths[kFirstValue] = kTimeWidth;
@@ -397,13 +399,19 @@ void FuGridHeads(frmDatedit& form) {
         }
         form.lblY(static_cast<int>(i)).text = texts.labels[i];
     }
-    for (int box = 0; box < kExpColumns; ++box)
+    for (int box = 0; box < kExpColumns; ++box) {
         form.y(box).enabled = BoxEnabled(ps, box);
+        form.y(box).disabledTip = "not for data of the MICHAELIS-MENTEN enzyme reaction";
+    }
     const bool couples = ps.ModelId == kEnzymeModel && ps.RcSMode;
     form.y(0).toolTip = couples ? " reaction rate of P" : "";
     form.TSort.text = couples ? "r(P) sorting" : "Time sorting";
     form.cmdDraw_rcS.enabled = couples;
+    form.cmdDraw_rcS.disabledTip =
+        "only for r(P)-c(S) data of the MICHAELIS-MENTEN enzyme reaction";
     form.cmdDraw_ct.enabled = !couples;
+    form.cmdDraw_ct.disabledTip = "the list holds r(P)-c(S) data";
+    form.cmdDraw_Tk.disabledTip = form.cmdSave.disabledTip = kEmptyList;
     if (ps.ModelId != kEnzymeModel)
         form.cmdDraw_Tk.enabled = ps.ExpPointCount > 0;
 }

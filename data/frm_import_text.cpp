@@ -243,6 +243,7 @@ frmImportText::frmImportText(ProjectState& state, frmDatedit& dataEditor)
     for (int field = 0; field < kExpColumns; ++field)
         lblField(field).text = kExpColumnNames[Index(field)];
     cmdOK.isDefault = true;
+    cmdOK.disabledTip = "no row of numbers, or no column for a field";
     cmdCancel.isCancel = true;
 
     onLoad = [this] { Form_Load(*this); };

@@ -13,7 +13,7 @@ constexpr int kHelpXYEditor = 10120;
 constexpr const char* kEmptyList = "empty list";
 /// Columns of the list.
 constexpr int kMarkColumn = 1, kXColumn = 2, kYColumn = 3, kGridColumns = 4;
-constexpr int kNumberWidth = 6, kMarkWidth = 4, kValueWidth = 18;
+constexpr int kNumberWidth = 6, kMarkWidth = 4, kValueWidth = 14;
 constexpr const char* kSeparators[] = {";", ",", "\t"};
 
 std::size_t Index(int i) {
@@ -231,8 +231,10 @@ void EnableListCommands(frmZXYEditor& form) {
     const bool rows = form.ps.XYCount > 0;
     for (Control* control : std::initializer_list<Control*>{
              &form.cmdSave, &form.cmdErase, &form.cmdManip, &form.cmdChangeXY, &form.optDeleteXY,
-             &form.cmdPrint, &form.cmdAus, &form.XSort, &form.YSort, &form.optIsPoints})
+             &form.cmdPrint, &form.cmdAus, &form.XSort, &form.YSort, &form.optIsPoints}) {
         control->enabled = rows;
+        control->disabledTip = kEmptyList;
+    }
     for (const char* entry : {"mnuErase2", "mnuCopy2"})
         EnableControl(form.ps.desktop, "MDIZOR", entry, rows);
 }

@@ -50,8 +50,9 @@ TableSnapshot TakeSnapshot(std::size_t rows, std::size_t columns, const Get& get
     TableSnapshot taken;
     taken.rows = rows;
     taken.columns.resize(columns);
-    for (std::size_t column = 0; column < columns; ++column)
-        for (std::size_t start = 0; start < rows; start += TableSnapshot::kPiece) {
+    // Piece by piece: its rows stay in the cache while one column after the other is compared.
+    for (std::size_t start = 0; start < rows; start += TableSnapshot::kPiece)
+        for (std::size_t column = 0; column < columns; ++column) {
             const std::size_t size = std::min(TableSnapshot::kPiece, rows - start);
             std::vector<TableSnapshot::Piece>& pieces = taken.columns[column];
             const std::size_t at = pieces.size();

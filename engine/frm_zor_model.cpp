@@ -132,13 +132,17 @@ void MarkSelection(frmZorModel& form, int index) {
         scheme.label.bold = scheme.option == index;
 }
 
+void ShowTimeUnit(frmZorModel& form) {
+    form.optZeit.selected = form.ps.TimeUnitIdx;
+    for (int i = 0; i < 5; ++i)
+        form.optZeit(i).bold = i == form.ps.TimeUnitIdx;
+}
+
 void Form_Load(frmZorModel& form) {
     ProjectState& ps = form.ps;
     form.txtOrdnung.text = GeneralText(static_cast<double>(ps.OrderN));
     ps.TimeUnitIdx = TimeUnitIndex(ps.TimeUnitText);
-    form.optZeit.selected = ps.TimeUnitIdx;
-    for (int i = 0; i < 5; ++i)
-        form.optZeit(i).bold = i == ps.TimeUnitIdx;
+    ShowTimeUnit(form);
     form.optMichMent.selected = ps.RcSMode ? 0 : 1;
     for (int i = 0; i < 2; ++i)
         form.optMichMent(i).toolTip = " ... for the setting of the editor ";
@@ -156,6 +160,7 @@ frmZorModel::frmZorModel(ProjectState& state)
     for (int i = 0; i < kModels; ++i)
         optTyp(i).text = Model(ModelOfOption(i)).caption;
     onLoad = [this] { Form_Load(*this); };
+    onTimeUnitChanged = [this] { ShowTimeUnit(*this); };
     optTyp.onClick = [this](int i) { optTyp_Click(*this, i); };
     optZeit.onClick = [this](int i) { optZeit_Click(*this, i); };
     optMichMent.onClick = [this](int) { optMichMent_Click(*this); };
@@ -218,9 +223,7 @@ void optZeit_Click(frmZorModel& form, int index) {
     ProjectState& ps = form.ps;
     ps.TimeUnitOldIdx = TimeUnitIndex(ps.TimeUnitText);
     ps.TimeUnitIdx = index;
-    form.optZeit.selected = index;
-    for (int i = 0; i < 5; ++i)
-        form.optZeit(i).bold = i == index;
+    ShowTimeUnit(form);
     ChangeTimeUnit(ps, index, ps.TimeUnitOldIdx);
 }
 

@@ -211,6 +211,20 @@ void OpenTangentMenu(MDIZOR& form) {
             form.ps.ColumnHasData[static_cast<std::size_t>(slot)];
 }
 
+/// The entries of undo and redo name their steps as the buttons of the list under the menu do.
+void NameSteps(MDIZOR& form, const std::string& index) {
+    for (const char* entry : {"mnuUndo", "mnuRedo"}) {
+        MenuEntry& shown = form.Entry(entry + index);
+        const PopupRow* const row = PopupOf(shown.name);
+        Form* const editor = FindForm(form.ps.desktop, row->form);
+        if (const Control* const button = editor == nullptr ? nullptr : editor->Find(row->button)) {
+            shown.text = button->text;
+            shown.enabled = button->enabled;
+            shown.disabledTip = button->disabledTip;
+        }
+    }
+}
+
 /// Replaces the table so that the editor can take it back.
 /// Given: timeUnit: of the times that stand in the table
 void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
@@ -278,6 +292,7 @@ MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
     for (const char* index : {"1", "2"})
         Entry(std::string("mnuEdit") + index).onOpen = [this, index] {
             Entry(std::string("mnuPaste") + index).enabled = host().clipboardText().has_value();
+            NameSteps(*this, index);
         };
 
     onLoad = [this] { MDIZOR_Load(*this); };

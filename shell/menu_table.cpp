@@ -98,12 +98,18 @@ constexpr MenuRow kMenu[] = {
     {2,                                                 "mnuErase1",                                                                                                                                                   "Delete"                                                                                                                                                                                                                                                                                                                               },
     {3,                                                       "mnuSubDelNull1",                                                                                           "marked cell(s) => 0"},
     {3,                                                       "mnuSubDelLine1",                                                                        "remove marked line(s)"},
-    {1,                                                       "mnuEdit2",                       "PopUpMenue XY-editor"},
-    {2,                                                       "mnuCopy2",                                     "Copy"},
-    {2,                                                       "mnuPaste2",                          "Insert"},
-    {2,                                                       "mnuErase2",                          "Delete"},
+    {2,                                                       "sepEdit1",                       "-"},
+    {2,                                                       "mnuUndo1",                                     "Undo"},
+    {2,                                                       "mnuRedo1",                          "Redo"},
+    {1,                                                       "mnuEdit2",                          "PopUpMenue XY-editor"},
+    {2,                                                       "mnuCopy2",                                "Copy"},
+    {2,                                                       "mnuPaste2",                                "Insert"},
+    {2,                                                       "mnuErase2",                                "Delete"},
     {3,                                                       "mnuSubDelNull2",                                "marked cell(s) => 0"},
     {3,                                                       "mnuSubDelLine2",                                "remove marked line(s)"},
+    {2,                                                       "sepEdit2",                               "-"},
+    {2,                                                       "mnuUndo2",                               "Undo"},
+    {2,                                                       "mnuRedo2",                          "Redo"},
 };
 
 constexpr ToolRow kTools[] = {
@@ -193,10 +199,14 @@ constexpr PopupRow kPopups[] = {
     {"mnuPaste1",      "frmDatedit",   "cmdClipEinfuegen"},
     {"mnuSubDelNull1", "frmDatedit",   "cmdEraseSelected"},
     {"mnuSubDelLine1", "frmDatedit",   "cmdErase"        },
+    {"mnuUndo1",       "frmDatedit",   "cmdUndo"         },
+    {"mnuRedo1",       "frmDatedit",   "cmdRedo"         },
     {"mnuCopy2",       "frmZXYEditor", "cmdClipboard"    },
     {"mnuPaste2",      "frmZXYEditor", "cmdClipEinfuegen"},
     {"mnuSubDelNull2", "frmZXYEditor", "cmdEraseSelected"},
     {"mnuSubDelLine2", "frmZXYEditor", "cmdErase"        },
+    {"mnuUndo2",       "frmZXYEditor", "cmdUndo"         },
+    {"mnuRedo2",       "frmZXYEditor", "cmdRedo"         },
 };
 
 constexpr HelpRow kHelps[] = {

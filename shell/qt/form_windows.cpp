@@ -11,6 +11,8 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 /// Smallest part of a window that scrolls because the work area has no room for it, in pixels.
 constexpr int kLeastWidth = 240, kLeastHeight = 160;
+/// What a window manager adds around a dialog, in pixels.
+constexpr QSize kFrameOfDialog(16, 48);
 
 /// A view of a form's widget that scrolls only when there is no room for the whole of it.
 class FormScroll : public QScrollArea {
@@ -87,6 +89,15 @@ private:
     bool& flag_;
     bool before_;
 };
+
+/// The size that a dialog gets on its screen for contents of this size: where they are too high,
+/// there is room for the bar that scrolls them.
+QSize WithinScreen(const QScrollArea& scroll, QSize size) {
+    const QSize room = scroll.screen()->availableSize() - kFrameOfDialog;
+    if (size.height() > room.height())
+        size.rwidth() += scroll.verticalScrollBar()->sizeHint().width();
+    return size.boundedTo(room);
+}
 
 /// Lets the layouts of a window that was never shown take notice of the texts that have been written
 /// into it, from the innermost one outwards; the toolkit does so only for what is seen.
@@ -183,6 +194,7 @@ void FormWindows::Show(Form& form) {
     Entry* const entry = Find(form);
     if (entry == nullptr)
         return;
+    const Control* const focus = form.setFocus;
     {
         const Flag arranging(arranging_);
         if (!entry->frame)
@@ -197,6 +209,7 @@ void FormWindows::Show(Form& form) {
             active_ = &form;
         }
     }
+    form.setFocus = focus; // coming to the front has given it to the first field
     Binder::PushAll();
     if (form.modal)
         RunModal(*entry);
@@ -266,9 +279,18 @@ void FormWindows::OpenWindow(Entry& entry) {
         dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
         auto* const layout = new QVBoxLayout(dialog);
         layout->setContentsMargins(0, 0, 0, 0);
-        layout->addWidget(root);
+        auto* const scroll = new FormScroll(root);
+        layout->addWidget(scroll);
         dialog->setWindowTitle(root->windowTitle());
         entry.frame = dialog;
+
+        MeasureAnew(*root);
+        const auto keepWhole = [dialog, scroll] {
+            dialog->setMinimumSize(WithinScreen(*scroll, scroll->NeededSize()));
+        };
+        keepWhole();
+        scroll->onNeededSize = keepWhole;
+        dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
     } else {
         auto* const scroll = new FormScroll(root);
         auto* const window = new SubWindow;

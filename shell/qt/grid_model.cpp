@@ -128,6 +128,13 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 GridDelegate::GridDelegate(Grid& grid, GridModel::Runner run, QObject* parent)
     : QStyledItemDelegate(parent), grid_(grid), run_(std::move(run)) {}
 
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    // A number without its exponent would be another one.
+    if (option->text.contains(u'E'))
+        option->textElideMode = Qt::ElideMiddle;
+}
+
 QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                                     const QModelIndex& index) const {
     QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);

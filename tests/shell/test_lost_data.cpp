@@ -176,8 +176,10 @@ TEST_F(LostData, WhatACommandReplacesCanBeTakenBack) {
     EXPECT_EQ(program.ps.ExpData[1].t, typed.t / 60);
     Press(program.window.Entry("mnuNeudat"));
     EXPECT_EQ(program.ps.ExpPointCount, 0);
-    EXPECT_EQ(program.data.cmdUndo.text, "Undo new data");
-    Press(program.data.cmdUndo);
+    program.window.Entry("mnuEdit1").onOpen(); // the menu names the step as the button does
+    EXPECT_EQ(program.window.Entry("mnuUndo1").text, "Undo new data");
+    EXPECT_FALSE(program.window.Entry("mnuRedo1").enabled);
+    Press(program.window.Entry("mnuUndo1"));
     EXPECT_EQ(program.ps.ExpPointCount, 1);
     EXPECT_TRUE(program.ps.ExpDataChanged);
 }

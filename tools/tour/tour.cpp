@@ -1,7 +1,9 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER [editors|notes|pictures]    with a second word those stations alone
+//     zorvant_tour FOLDER [editors|notes|pictures] [dark]    with a second word those stations alone
+#include "data/file_dialog.h"
+#include "data/project_file.h"
 #include "diagrams/diagram_document.h"
 #include "engine/calc_dialog.h"
 #include "engine/frm_zor_model.h"
@@ -89,6 +91,42 @@ public:
         Editors();
     }
 
+    /// Saves a picture of the modal dialog that opens next, then does what the user does.
+    void Modal(const char* name, const std::function<void()>& act) {
+        QTimer::singleShot(800, &program_.window(), [this, name, act] {
+            if (QWidget* const dialog = QApplication::activeModalWidget()) {
+                dialog->grab().save(
+                    folder_.filePath(QStringLiteral("%1.png").arg(QString::fromLatin1(name))));
+                act();
+            }
+        });
+    }
+
+    /// The file dialog with the preview of a data file and of a project.
+    void FileDialog(const std::string& folder) {
+        ProjectState& ps = program_.state();
+        const auto choose = [&](const std::string& path) {
+            host().chooseFile = [path](const FileRequest&) { return FileChoice{path}; };
+        };
+        ps.ExpComment = "Hydrolysis of ethyl acetate, run 12, 25 degrees, pH 7.4";
+        choose(folder + "/run12.ZI3");
+        Click("frmDatedit", "cmdSave");
+        ps.ProjectComment = "Which order has the hydrolysis?";
+        Modal("comment", [this] { Click("frmCommentInput", "cmdOK"); });
+        FuSaveProjectFile(ps, folder + "/hydrolysis.ZC3");
+        ps.ProjectTitle = "hydrolysis.ZC3";
+        for (const char* const pattern : {"*.ZI3", "*.ZC3"}) {
+            Modal(pattern[3] == 'I' ? "files_data" : "files_project",
+                  [this] { Click("frmZCmnDlg", "cmdOpenCancel"); });
+            std::string path, name, directory = folder;
+            bool cancelled = false;
+            Binder::Run(nullptr, [&] {
+                FuFileDialog(path, name, directory, pattern, "Loading experimental data",
+                             cancelled);
+            });
+        }
+    }
+
     /// The editors of data and the import, with measured values in them.
     void Editors() {
         Close("frmZorModel");
@@ -102,14 +140,10 @@ public:
             text.close();
         }
         const std::string path = text.fileName().toStdString();
-        QTimer::singleShot(800, &program_.window(), [this] { // the dialog is modal
-            if (QWidget* const dialog = QApplication::activeModalWidget()) {
-                dialog->grab().save(folder_.filePath(QStringLiteral("import.png")));
-                Click("frmImportText", "cmdOK");
-            }
-        });
+        Modal("import", [this] { Click("frmImportText", "cmdOK"); });
         Binder::Run(nullptr, [&] { OpenDropped(program_.record(), path); });
         Picture(QStringLiteral("data_editor"));
+        FileDialog(files.path().toStdString());
         Click("frmDatedit", "TSort");
         Click("frmDatedit", "cmdAus");
         Click("frmDatedit", "cmdDraw_ct");
@@ -216,9 +250,12 @@ private:
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fputs("zorvant_tour FOLDER [editors|notes|pictures]\n", stderr);
+        std::fputs("zorvant_tour FOLDER [editors|notes|pictures] [dark]\n", stderr);
         return 2;
     }
+    const QStringList wanted = QCoreApplication::arguments().mid(2);
+    if (wanted.contains(QStringLiteral("dark")))
+        QApplication::setPalette(QPalette(QColor(0x353535), QColor(0x2b2b2b)));
     QDir folder(QString::fromLocal8Bit(argv[1]));
     folder.mkpath(QStringLiteral("."));
     Application program;
@@ -227,13 +264,15 @@ int main(int argc, char** argv) {
         std::printf("box: %s: %s\n", box.title.c_str(), box.text.c_str());
         return Answer::Ok;
     };
+    const QTemporaryDir own; // what it leaves unsaved is nobody's
+    host().programDirectory = own.path().toStdString();
     program.Start("");
     Tour tour(program, folder);
-    if (argc > 2 && std::string_view(argv[2]) == "editors")
+    if (wanted.contains(QStringLiteral("editors")))
         tour.Editors();
-    else if (argc > 2 && std::string_view(argv[2]) == "pictures")
+    else if (wanted.contains(QStringLiteral("pictures")))
         tour.Pictures();
-    else if (argc > 2 && std::string_view(argv[2]) == "notes") {
+    else if (wanted.contains(QStringLiteral("notes"))) {
         tour.Notes();
         tour.MichaelisMenten();
     } else
