@@ -6,6 +6,7 @@
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "tests/failing_calls.h"
 #include "tests/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -128,70 +129,7 @@ TEST_F(Recovery, TheFileStandsOnlyWhileSomethingIsUnsaved) {
     EXPECT_TRUE(folder.Names().empty());
 }
 
-TEST_F(Recovery, AFailingDiskIsTriedAgainAndNeverInterrupts) {
-    Fill(ps, 2);
-    fileCalls().write = [](int, const void*, std::size_t) -> ssize_t {
-        errno = ENOSPC;
-        return -1;
-    };
-    keeper.Keep();
-    EXPECT_FALSE(keeper.lastError.empty());
-    fileCalls() = SystemFileCalls();
-    keeper.Keep();
-    EXPECT_TRUE(FileExists(keeper.Path()));
-    EXPECT_TRUE(script.boxes.empty());
-}
-
 // ---------------------------------------------------------------- the version before
-
-/// Makes the n-th of the calls that change files fail, or kill the process.
-class Saboteur {
-public:
-    Saboteur(int fatal, bool kills) : left_(fatal), kills_(kills) {
-        const FileCalls real = SystemFileCalls();
-        FileCalls& calls = fileCalls();
-        calls.open = Wrap(real.open);
-        calls.fchmod = Wrap(real.fchmod);
-        calls.fsync = Wrap(real.fsync);
-        calls.rename = Wrap(real.rename);
-        calls.close = [this, real](int file) { // a failing close has closed all the same
-            const int result = real.close(file);
-            return Strikes() ? -1 : result;
-        };
-        calls.write = [this, real](int file, const void* bytes, std::size_t count) -> ssize_t {
-            if (Strikes()) { // some of it is on the disk by then
-                (void)real.write(file, bytes, count / 2);
-                Die();
-                return -1;
-            }
-            return real.write(file, bytes, count);
-        };
-    }
-    bool Struck() const { return left_ <= 0; }
-
-private:
-    bool Strikes() {
-        const bool now = --left_ == 0;
-        if (now)
-            errno = EIO;
-        return now;
-    }
-    void Die() const {
-        if (kills_)
-            kill(getpid(), SIGKILL);
-        errno = EIO;
-    }
-    template <class R, class... A> std::function<R(A...)> Wrap(std::function<R(A...)> call) {
-        return [this, call](A... arguments) -> R {
-            if (!Strikes())
-                return call(arguments...);
-            Die();
-            return -1;
-        };
-    }
-    int left_;
-    bool kills_;
-};
 
 TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBefore) {
     const std::string path = folder / "data.ZI3";
@@ -199,7 +137,6 @@ TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBef
     for (const bool kills : {false, true})
         for (int n = 1;; ++n) {
             SCOPED_TRACE((kills ? "killed at call " : "failing call ") + std::to_string(n));
-            fileCalls() = SystemFileCalls();
             std::filesystem::remove_all(folder.Path());
             std::filesystem::create_directory(folder.Path());
             WriteFileAtomically(path, old);
@@ -208,7 +145,7 @@ TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBef
             if (kills) {
                 const pid_t child = fork();
                 if (child == 0) {
-                    Saboteur saboteur(n, true);
+                    const Saboteur saboteur(n, true);
                     try {
                         WriteKeepingPrevious(path, fresh);
                     } catch (const FileError&) {
@@ -219,7 +156,7 @@ TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBef
                 waitpid(child, &status, 0);
                 struck = WIFSIGNALED(status) || WEXITSTATUS(status) == 2;
             } else {
-                Saboteur saboteur(n, false);
+                const Saboteur saboteur(n, false);
                 try {
                     WriteKeepingPrevious(path, fresh);
                 } catch (const FileError&) {
@@ -227,7 +164,6 @@ TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBef
                 }
                 struck = saboteur.Struck();
             }
-            fileCalls() = SystemFileCalls();
             const std::string now = ReadFile(path), before = ReadFile(path + "~");
             EXPECT_TRUE(now == old || now == fresh);
             EXPECT_TRUE(before == oldest || before == old);

@@ -9,8 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace zorvant {
 namespace {
 
@@ -158,33 +156,6 @@ TEST_F(DataEditor, ListsSmallConcentrationsWithAnExponent) {
     EXPECT_EQ(Cell(0, 6), "0.123456789012345");
 }
 
-TEST_F(DataEditor, PastesWhatPeopleHaveOnTheirClipboards) {
-    const struct {
-        const char* what;
-        const char* text;
-        std::vector<double> times;
-        double firstCA;
-    } cases[] = {
-        {"a spreadsheet with decimal commas",
-         "t/s\tc(A)\r\n0\t1,5\r\n2,5\t0,75\r\n",                                 {0, 2.5},
-         1.5                                                                                    },
-        {"rows that end in CR alone",         "0\t1.5\r1\t1.25\r2\t1",           {0, 1, 2},  1.5},
-        {"semicolons and LF",                 "0;1,5\n1;1,25\n",                 {0, 1},     1.5},
-        {"commas as separators",              "0.5,1.5\n1.5,1.25\n",             {0.5, 1.5}, 1.5},
-        {"quotes",                            "\"0\",\"1.5\"\n\"1\",\"1.25\"\n", {0, 1},     1.5},
-    };
-    for (const auto& each : cases) {
-        SCOPED_TRACE(each.what);
-        UnloadForm(ps.desktop, editor);
-        Open();
-        Paste(each.text);
-        EXPECT_EQ(Times(), each.times);
-        EXPECT_EQ(ps.ExpData[1].cA, each.firstCA);
-        EXPECT_TRUE(editor.EditMode);
-    }
-    EXPECT_TRUE(bench.host.boxes.empty()); // none of these leaves a doubt
-}
-
 TEST_F(DataEditor, AsksWhereAPastedTextCanBeReadInTwoWays) {
     const std::string text = "0\t1,234\n1\t2,345\n";
     for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
@@ -203,7 +174,7 @@ TEST_F(DataEditor, AsksWhereAPastedTextCanBeReadInTwoWays) {
 TEST_F(DataEditor, PastingExtendsTheTableAndTellsOfColumnsWithoutRoom) {
     Open({{.t = 1}, {.t = 2}});
     Select(1, 1, 2, 2);
-    Paste("7\n8\n9");
+    Paste("t/s\r\n7\r\n8,0\r\n9\r\n");
     EXPECT_THAT(Times(), ElementsAre(1, 7, 8, 9));
     Select(0, 0, 9, 9); // the temperature; one more column has room
     Paste("300\t0.5\t9\t9\n");
@@ -443,24 +414,8 @@ TEST_F(DataEditor, ApplyWarnsOfAwkwardTimesAndTakesInitialConcentrations) {
     EXPECT_FALSE(editor.loaded);
 }
 
-TEST_F(DataEditor, TheLargestTableIsSortedTakenBackAndEditedWithoutAPause) {
-    std::vector<ExpPoint> rows(kMaxExpPoints);
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        rows[i] = {.t = static_cast<double>(i * 7919 % rows.size()), .cA = 1.0 / (1.0 + double(i))};
-    Open(rows);
-    const auto seconds = [&](auto&& action) {
-        const auto start = std::chrono::steady_clock::now();
-        action();
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    };
-    const double sorting = seconds([&] { Press(editor.TSort); });
-    const double undo = seconds([&] { Press(editor.cmdUndo); });
-    const double entry = seconds([&] { Edit(5, 3, "4"); });
-    RecordProperty("sorting_ms", std::to_string(sorting * 1e3));
-    RecordProperty("undo_ms", std::to_string(undo * 1e3));
-    RecordProperty("entry_ms", std::to_string(entry * 1e3));
-    EXPECT_LT(sorting, 2); // a bubble sort would take minutes; the machine may be busy
-    EXPECT_LT(entry, 0.5);
+TEST_F(DataEditor, TheLargestTableTakesNoFurtherLine) {
+    Open(std::vector<ExpPoint>(kMaxExpPoints, {.t = 1}));
     Press(editor.optInputMode, 0);
     TypeLine({"1"});
     EXPECT_EQ(ps.ExpPointCount, kMaxExpPoints);

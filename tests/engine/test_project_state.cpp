@@ -7,26 +7,6 @@
 
 using namespace zorvant;
 
-TEST(ProjectState, StartsWithModelTwoInSeconds) {
-    ScriptedHost script;
-    host().programDirectory = "/opt/zorvant";
-    host().decimalComma = [] { return true; };
-    ProjectState ps;
-    InitProjectState(ps);
-    EXPECT_EQ(ps.ModelId, 2);
-    EXPECT_EQ(ps.TimeUnitText, "s");
-    EXPECT_EQ(ps.TimeUnitOldIdx, 1);
-    EXPECT_EQ(ps.k, (ConstantArray{0, 0.15, 0, 0}));
-    EXPECT_EQ(ps.LastSessionFile, "/opt/zorvant/ZorLastSession.ZC3");
-    for (const std::string* directory :
-         {&ps.ProjectDir, &ps.TableDir, &ps.DataDir, &ps.GraphDir, &ps.XYDir})
-        EXPECT_EQ(*directory, "/opt/zorvant");
-    EXPECT_TRUE(ps.DecimalComma);
-    EXPECT_EQ(ps.ModelName[16], "A => P + Q (autocatalysis P)");
-    EXPECT_GE(ps.rSimQ.size(), 301U);
-    EXPECT_EQ(ps.ProtocolFile, "");
-}
-
 TEST(ProjectState, CountsItsHourglass) {
     ScriptedHost script;
     ProjectState ps;

@@ -186,24 +186,4 @@ TEST_F(Controls, OpenAndCloseInTheDescribedOrder) {
     EXPECT_THAT(log, testing::ElementsAre("unload"));
 }
 
-TEST(ScriptedHostTest, AnswersFromItsListAndGivesTheOldHostBack) {
-    const double before = host().clockSeconds();
-    {
-        ScriptedHost script;
-        script.answers = {Answer::No};
-        EXPECT_EQ(Ask("1?", "T", Icon::Question, Buttons::YesNoCancel), Answer::No);
-        EXPECT_EQ(Ask("2?", "T", Icon::Question, Buttons::YesNo, Answer::No), Answer::No);
-        EXPECT_EQ(Ask("3?", "T", Icon::Question, Buttons::YesNo), Answer::Yes);
-        ShowMessage("4", "U", Icon::Critical);
-        ASSERT_EQ(script.boxes.size(), 4U);
-        EXPECT_EQ(script.boxes[3].text, "4");
-        EXPECT_EQ(script.boxes[3].icon, Icon::Critical);
-        EXPECT_EQ(host().chooseFile({}), std::nullopt);
-        host().waitPointer(true);
-        EXPECT_EQ(script.waitDepth, 1);
-        EXPECT_LT(host().clockSeconds(), 1);
-    }
-    EXPECT_GE(host().clockSeconds(), std::min(before, 1.0));
-}
-
 } // namespace

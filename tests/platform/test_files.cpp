@@ -1,12 +1,11 @@
-#include "platform/file_calls.h"
 #include "platform/files.h"
+#include "tests/failing_calls.h"
 #include "tests/temp_folder.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -86,95 +85,33 @@ TEST_F(Files, WithTheLongestNameAreSaved) {
     EXPECT_EQ(ReadFile(path), kOld);
 }
 
-/// Runs before every call of the system; true lets it fail.
-void InterceptCalls(std::function<bool()> fails) {
-    const auto wrap =
-        [fails]<class Result, class... Arguments>(std::function<Result(Arguments...)> original) {
-            return [fails, original](Arguments... arguments) {
-                if (fails()) {
-                    errno = EIO;
-                    return Result{-1};
-                }
-                return original(arguments...);
-            };
-        };
-    const FileCalls real = SystemFileCalls();
-    fileCalls().open = wrap(real.open);
-    fileCalls().fchown = wrap(real.fchown);
-    fileCalls().fchmod = wrap(real.fchmod);
-    fileCalls().fsync = wrap(real.fsync);
-    fileCalls().close = [fails, real](int file) { // a failing close has closed all the same
-        const bool failing = fails();
-        const int result = real.close(file);
-        errno = failing ? EIO : errno;
-        return failing ? -1 : result;
-    };
-    fileCalls().rename = wrap(real.rename);
-    fileCalls().unlink = real.unlink;
-    fileCalls().write = [fails, real](int file, const void* bytes, std::size_t count) -> ssize_t {
-        if (fails()) {
-            errno = EIO;
-            return -1;
-        }
-        return real.write(file, bytes, std::min<std::size_t>(count, 30000)); // short writes
-    };
-}
-
 TEST_F(Files, StandOldOrNewWhenAnyCallOfSavingFails) {
     for (const bool existing : {true, false}) {
         int failures = 0;
-        for (int failing = 1;; ++failing) {
+        bool struck = true;
+        for (int failing = 1; struck; ++failing) {
             fs::remove(path);
             if (existing)
                 WriteFileAtomically(path, kOld);
-            int calls = 0;
-            InterceptCalls([&] { return ++calls == failing; });
             bool refused = false;
-            try {
-                WriteFileAtomically(path, kNew);
-            } catch (const FileError& error) {
-                refused = true;
-                EXPECT_THAT(error.what(), testing::StartsWith("Input/output error"));
+            {
+                const Saboteur saboteur(failing, false);
+                try {
+                    WriteFileAtomically(path, kNew);
+                } catch (const FileError& error) {
+                    refused = true;
+                    EXPECT_THAT(error.what(), testing::StartsWith("Input/output error"));
+                }
+                struck = saboteur.Struck();
             }
-            fileCalls() = SystemFileCalls();
-            if (refused)
-                EXPECT_EQ(FileExists(path) ? ReadFile(path) : "", existing ? kOld : "") << failing;
-            else
-                EXPECT_EQ(ReadFile(path), kNew) << failing;
-            EXPECT_EQ(Names().size(), existing || !refused ? 1 : 0) << failing;
+            const std::string left = FileExists(path) ? ReadFile(path) : "";
+            EXPECT_EQ(left, !refused ? kNew : existing ? kOld : "") << failing;
+            EXPECT_EQ(Names().size(), existing || !refused ? 1 : 0)
+                << failing; // nothing else stays
             failures += refused ? 1 : 0;
-            if (calls < failing) // no call is left to fail
-                break;
         }
         EXPECT_GE(failures, existing ? 9 : 8); // open, fchmod, 4 writes, fsync, close, rename
     }
-}
-
-TEST_F(Files, StandOldOrNewWhenTheProcessDiesAtAnyCall) {
-    int replaced = 0;
-    for (int dying = 1;; ++dying) {
-        WriteFileAtomically(path, kOld);
-        const pid_t child = fork();
-        ASSERT_GE(child, 0);
-        if (child == 0) {
-            int calls = 0;
-            InterceptCalls([&calls, dying] {
-                if (++calls == dying)
-                    _exit(1);
-                return false;
-            });
-            WriteFileAtomically(path, kNew);
-            _exit(0);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        const std::string content = ReadFile(path);
-        EXPECT_TRUE(content == kOld || content == kNew) << dying;
-        replaced += content == kNew ? 1 : 0;
-        if (WEXITSTATUS(status) == 0)
-            break;
-    }
-    EXPECT_EQ(replaced, 4); // dead before the three calls on the folder, and alive
 }
 
 TEST_F(Files, StandOldOnAFullDiskAndWithoutPermission) {

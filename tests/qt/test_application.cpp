@@ -127,8 +127,7 @@ TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {
     });
     QGuiApplication::clipboard()->setText(QStringLiteral("1"));
     host().popupMenu(program.record().Entry("mnuEdit1"));
-    EXPECT_EQ(entries, (QStringList{QStringLiteral("Copy"), QStringLiteral("Insert"),
-                                    QStringLiteral("Delete")}));
+    EXPECT_EQ(entries.join(u'|'), QStringLiteral("Copy|Insert|Delete||Undo|Redo"));
     EXPECT_TRUE(program.record().Entry("mnuPaste1").enabled);
 }
 

@@ -369,20 +369,6 @@ TEST_F(BinderTest, AGridShowsEditsTicksAndSelectsItsCells) {
     EXPECT_EQ(form.grdTable.row, 1);
 }
 
-TEST_F(BinderTest, AGridOfTheLargestTableOpensAndScrollsAtOnce) {
-    Open();
-    form.grdTable.cells.assign(32767, {"1", "0", "0.123456"});
-    ++form.grdTable.revision;
-    QElapsedTimer taken;
-    taken.start();
-    Binder::PushAll();
-    auto& view = At<QTableView>("grdTable");
-    view.scrollToBottom();
-    view.repaint();
-    EXPECT_EQ(view.model()->rowCount(), 32767);
-    EXPECT_LT(taken.elapsed(), 500); // a pause would be felt; it takes about 10 ms
-}
-
 TEST_F(BinderTest, AHandlerUnderWayIsNotEnteredAgainButOtherButtonsAre) {
     InstallQtHost();
     int starts = 0;

@@ -9,8 +9,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
 namespace zorvant {
 namespace {
 
@@ -95,15 +93,11 @@ TEST_F(EditorsInWindows, PastedRowsAreShownAndTheCursorStays) {
         text += std::to_string(i) + "\t" + std::to_string(i) + ",5\r\n";
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
     table.setFocus();
-    const auto start = std::chrono::steady_clock::now();
     PressKey(table, Qt::Key_V, QStringLiteral("\x16"), Qt::ControlModifier);
-    Settle(); // painted
-    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
-    RecordProperty("paste_ms", std::to_string(passed.count() * 1e3));
+    Settle();
     EXPECT_EQ(ps.ExpPointCount, 10000);
     EXPECT_EQ(table.model()->rowCount(), 10000);
     EXPECT_EQ(Shown(table, 9999, 3), QStringLiteral("9999.5"));
-    EXPECT_LT(passed.count(), 2.0); // measured: far less; the machine may be busy
 
     table.setCurrentIndex(table.model()->index(5000, 2));
     Settle();
@@ -143,6 +137,13 @@ TEST_F(EditorsInWindows, TheLastChangeIsTakenBackByItsKeysUnlessAFieldHasSomethi
     ASSERT_NE(undo, keys.end());
     emit(*undo)->activated();
     EXPECT_EQ(ps.XYCount, 0);
+}
+
+TEST_F(EditorsInWindows, OpenReadyForTheFirstNumber) {
+    for (Form* form : std::initializer_list<Form*>{&data, &points}) {
+        Open(*form);
+        EXPECT_EQ(QApplication::focusWidget(), &Child<QLineEdit>(*windows.WidgetOf(*form), "y_0"));
+    }
 }
 
 } // namespace
