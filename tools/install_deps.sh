@@ -10,8 +10,9 @@ packages=(
   clang-format
   fonts-liberation fonts-dejavu-core
 )
-# CI and the developer's checks: sanitizers and fuzzing, a screen without a screen.
-check_packages=(clang libclang-rt-14-dev xvfb xauth openbox xdotool imagemagick)
+# CI and the developer's checks: sanitizers and fuzzing, a screen without a screen, another reader of
+# metafiles.
+check_packages=(clang libclang-rt-14-dev xvfb xauth openbox xdotool imagemagick emf2svg)
 
 wanted=("${packages[@]}")
 [ "${1:-}" = "--all" ] && wanted+=("${check_packages[@]}")

@@ -14,26 +14,36 @@ namespace {
 constexpr double kSymbolPen = 1.3;                        ///< pixels
 constexpr double kTickWithNumber = 3.5, kTickWithout = 2; ///< points
 
-/// Lengths of strokes and gaps in widths of the line.
+/// Lengths of strokes and gaps in pixels, a fixed part and one for each pixel of the line's width:
+/// wide lines show their whole pattern in a legend too.
+struct Dash {
+    double fixed, perWidth;
+};
 struct Dashes {
     LinePattern pattern;
-    QList<qreal> lengths;
+    std::vector<Dash> lengths;
 };
 const std::array<Dashes, 3>& DashTable() {
     static const std::array<Dashes, 3> table{
-        {{LinePattern::Dotted, {1.5, 3}},
-         {LinePattern::Dashed, {7, 3.5}},
-         {LinePattern::DashDot, {7, 3, 1.5, 3}}}
+        {{LinePattern::Dotted, {{0, 1.5}, {0, 3}}},
+         {LinePattern::Dashed, {{4, 3}, {2, 1.5}}},
+         {LinePattern::DashDot, {{4, 3}, {1.5, 1.5}, {0, 1.5}, {1.5, 1.5}}}}
     };
     return table;
 }
 
-void SetPattern(QPen& pen, LinePattern pattern) {
+/// Given: width: of the style, in pixels; that of the pen may be another
+void SetPattern(QPen& pen, LinePattern pattern, double width) {
     if (pattern == LinePattern::None)
         pen.setStyle(Qt::NoPen);
-    for (const Dashes& dashes : DashTable())
-        if (dashes.pattern == pattern)
-            pen.setDashPattern(dashes.lengths);
+    for (const Dashes& dashes : DashTable()) {
+        if (dashes.pattern != pattern)
+            continue;
+        QList<qreal> lengths;
+        for (const Dash& dash : dashes.lengths)
+            lengths.append((dash.fixed + dash.perWidth * width) / pen.widthF());
+        pen.setDashPattern(lengths);
+    }
 }
 
 struct Shape {
@@ -123,14 +133,14 @@ QPen ToPen(const LineStyle& style, double widthFactor) {
     QPen pen(ToColour(style.colour, kBlack), style.width * widthFactor);
     pen.setCapStyle(Qt::FlatCap);
     pen.setJoinStyle(Qt::RoundJoin);
-    SetPattern(pen, style.pattern);
+    SetPattern(pen, style.pattern, style.width);
     return pen;
 }
 
 QPen GridPen(const PlotAxis& axis) {
     QPen pen(ToColour(axis.gridColour, kBlack), 1);
     pen.setCapStyle(Qt::FlatCap);
-    SetPattern(pen, axis.gridPattern);
+    SetPattern(pen, axis.gridPattern, 1);
     if (axis.gridPattern == LinePattern::Dotted)
         pen.setDashPattern({1, 3});
     return pen;

@@ -1,13 +1,16 @@
 // Paper and clipboard: a printed page measured, and what other programs find on the clipboard.
 #include "diagrams/frm_z_graph_2d.h"
+#include "platform/files.h"
 #include "shell/qt/application.h"
 #include "shell/qt/plot_output.h"
 #include "shell/qt/plot_view.h"
 #include "tests/qt/plot_samples.h"
 #include "tests/qt/qt_user.h"
+#include "tests/temp_folder.h"
 
 #include <QPdfWriter>
 #include <QtPrintSupport/QPrinter>
+#include <QtPrintSupport/QPrinterInfo>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -140,6 +143,23 @@ TEST(PlotOutput, APageHasTheDiagramWhereItWasAskedFor) {
         }
     }
     EXPECT_EQ(surface.layout.picture, before.picture);
+}
+
+TEST(PlotOutput, WithoutAPrinterAPdfIsOffered) {
+    if (!QPrinterInfo::availablePrinterNames().isEmpty())
+        GTEST_SKIP() << "a printer is installed";
+    ScriptedHost screen;
+    const PictureOutput kept = pictureOutput();
+    InstallPictureOutput();
+    PlotSurface surface = EmptyDiagram();
+    const TempFolder folder;
+    screen.answers = {Answer::No, Answer::Yes};
+    screen.files = {FileChoice{.path = folder / "page.pdf"}};
+    EXPECT_FALSE(pictureOutput().printChart(surface, {}));
+    EXPECT_TRUE(pictureOutput().printChart(surface, {}));
+    EXPECT_THAT(screen.boxes.back().text, testing::HasSubstr("No printer is installed"));
+    EXPECT_TRUE(ReadFile(folder / "page.pdf").starts_with("%PDF"));
+    pictureOutput() = kept;
 }
 
 TEST(PlotOutput, TheClipboardHoldsPixelsAndLinesAtOnce) {
