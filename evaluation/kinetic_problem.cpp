@@ -1,6 +1,6 @@
 #include "evaluation/kinetic_problem.h"
 
-#include "engine/akima_spline.h"
+#include "engine/akima_curve.h"
 #include "engine/arithmetic.h"
 #include "engine/closed_forms.h"
 #include "engine/numeric_models.h"
@@ -16,9 +16,6 @@
 namespace zorvant {
 
 namespace {
-
-/// Components of the largest state that is integrated.
-constexpr std::size_t kMostPacked = 4;
 
 std::size_t At(int i) {
     return static_cast<std::size_t>(i);
@@ -173,20 +170,27 @@ public:
         std::vector<double> knots;
         for (double t = 0; t <= tEnd_ + step_; t += step_)
             knots.push_back(t);
-        knots_ = static_cast<int>(knots.size());
-        ReserveAkima(spline_, knots_);
-        std::ranges::copy(knots, spline_.SplineX.begin() + 1);
+        const int all = static_cast<int>(knots.size());
+        AkimaTables table;
+        table.SplineX = {static_cast<double>(all)};
+        table.SplineX.insert(table.SplineX.end(), knots.begin(), knots.end());
         offsets_.reserve(rows_.t.size());
-        int interval = 1;
+        int interval = 1, last = 0;
         for (const double t : rows_.t) {
-            interval = AkimaInterval(spline_, t, knots_, interval);
-            offsets_.push_back(t - spline_.SplineX[At(std::max(interval, 1))]);
+            interval = AkimaInterval(table, t, all, interval);
+            offsets_.push_back(t - table.SplineX[At(std::max(interval, 1))]);
             if (stretches_.empty() || stretches_.back().piece != interval)
                 stretches_.push_back({interval, 0});
             ++stretches_.back().count;
+            last = std::max(last, interval);
         }
-        curve_.resize(At(knots_ + 1));
-        nodes_.resize(At(knots_) * kMostPacked);
+        // A piece depends on the three knots that follow its first one; the course beyond the last
+        // row is not needed.
+        knots_ = std::min(all, last + 3);
+        knots.resize(At(knots_));
+        for (Course& course : courses_)
+            course.fill(std::vector<double>(knots.size()));
+        curve_ = AkimaCurve(std::move(knots));
     }
 
     int Count() const override { return rows_.Count(); }
@@ -195,16 +199,19 @@ public:
         last_ = b;
         if (knots_ == 0)
             ThrowArithmetic(kInvalidCall);
-        if (!TakeAnnounced(b)) {
+        int lane = LaneOfVector(b);
+        if (lane < 0) {
+            lane = kAlone;
             WithNumericModel(model_, ConstantsOf(b), Order(b),
-                             [&](const auto& law) { Integrate(law); });
+                             [&](const auto& law) { March(law); });
         }
+        const Course& course = courses_[At(lane)];
         for (std::size_t j = 0; j < rows_.slots.size(); ++j) {
-            AkimaKoeffizienten(spline_, rows_.slots[j], knots_, 0);
+            curve_.Lay(course[At(rows_.slots[j])].data());
             AddDeviations(j, res);
         }
         if (NotFinite(res, Count()))
-            LeaveOutWithoutValue(res);
+            LeaveOutWithoutValue(course, res);
     }
 
     bool TakesAnnouncements() const override { return true; }
@@ -226,30 +233,52 @@ public:
     }
 
 private:
+    /// The nodes by species; of one that the model does not have they are 0.
+    using Course = std::array<std::vector<double>, kSpecies + 1>;
+    static constexpr int kAlone = 2;
+
     double Order(const FitVector& b) const { return fitsOrder_ ? b[2] : order_; }
 
-    template <class Law> StateOf<Law> Start() const {
+    /// The nodes of a course.
+    template <class Law> void March(const Law& law) {
         StateOf<Law> y;
+        const auto nodes = Nodes<Law>(kAlone);
         for (std::size_t i = 0; i < y.size(); ++i)
             y[i] = c0_[At(Law::kSlots[i])];
-        return y;
+        int subSteps = 1;
+        for (int j = 0; j < knots_; ++j) {
+            for (std::size_t i = 0; i < y.size(); ++i)
+                nodes[i][j] = y[i];
+            IntegrateInterval(law, y, step_, subSteps);
+            subSteps = std::max(subSteps / 4, 1);
+        }
     }
 
     /// The nodes of two courses. Returned: how many came through.
     template <class Law> [[gnu::noinline]] int MarchSideBySide(const Law& law) {
         StatesOf<Law> y;
+        const auto first = Nodes<Law>(0), second = Nodes<Law>(1);
         for (std::size_t i = 0; i < y.size(); ++i)
             y[i] = Pair{} + c0_[At(Law::kSlots[i])];
         bool both = true;
         int subSteps = 1;
-        Pair* node = nodes_.data();
-        for (int j = 1; j <= knots_; ++j, node += y.size()) {
-            std::ranges::copy(y, node);
+        for (int j = 0; j < knots_; ++j) {
+            for (std::size_t i = 0; i < y.size(); ++i) {
+                first[i][j] = y[i][0];
+                second[i][j] = y[i][1];
+            }
             if (!IntegrateSideBySide(law, y, step_, subSteps, both))
                 return 0;
             subSteps = std::max(subSteps / 4, 1);
         }
         return both ? 2 : 1;
+    }
+
+    template <class Law> auto Nodes(int lane) {
+        std::array<double*, Law::kSlots.size()> nodes;
+        for (std::size_t i = 0; i < nodes.size(); ++i)
+            nodes[i] = courses_[At(lane)][At(Law::kSlots[i])].data();
+        return nodes;
     }
 
     int LaneOfVector(const FitVector& b) const {
@@ -260,72 +289,37 @@ private:
         return -1;
     }
 
-    /// Whether the course of b has been integrated beside another; puts its nodes into the spline.
-    bool TakeAnnounced(const FitVector& b) {
-        const int lane = LaneOfVector(b);
-        if (lane < 0)
-            return false;
-        WithNumericModel(model_, ConstantArray{}, 1.0, [&]<class Law>(const Law&) {
-            const Pair* node = nodes_.data();
-            for (int j = 1; j <= knots_; ++j, node += Law::kSlots.size()) {
-                for (std::size_t i = 0; i < Law::kSlots.size(); ++i)
-                    spline_.SplineY[At(j)][At(Law::kSlots[i])] = Lane(node[i], lane);
-            }
-        });
-        return true;
-    }
-
-    /// One piece of the spline: y = ((d h + c) h + b) h + a.
-    struct Piece {
-        double a, b, c, d;
-        template <class Real> Real Deviation(Real h, Real measured) const {
-            return Magnitude(((d * h + c) * h + b) * h + a - measured);
-        }
-    };
     /// Rows behind each other that lie on one piece.
     struct Stretch {
         int piece, count;
     };
 
-    /// Adds the deviations of the j-th selected species, whose coefficients are fresh.
-    void AddDeviations(std::size_t j, double* res) {
-        const std::size_t slot = At(rows_.slots[j]);
-        for (std::size_t i = 1; i < curve_.size(); ++i)
-            curve_[i] = {spline_.SplineA[i][slot], spline_.SplineB[i][slot],
-                         spline_.SplineC[i][slot], spline_.SplineD[i][slot]};
-        curve_[0] = {curve_[1].a, curve_[1].b, 0, 0}; // straight before the first knot
+    /// Adds the deviations of the j-th selected species, whose curve is laid.
+    void AddDeviations(std::size_t j, double* res) const {
         const double *h = offsets_.data(), *measured = rows_.Column(j);
         for (const Stretch& stretch : stretches_) {
-            const Piece p = curve_[At(stretch.piece)];
+            const AkimaPiece piece = curve_.Piece(stretch.piece);
             int i = 0;
             for (; i + 2 <= stretch.count; i += 2)
-                Store(res + i, p.Deviation(Load(h + i), Load(measured + i)) +
+                Store(res + i, Magnitude(piece.At(Load(h + i)) - Load(measured + i)) +
                                    (j == 0 ? Pair{} : Load(res + i)));
             for (; i < stretch.count; ++i)
-                res[i] = p.Deviation(h[i], measured[i]) + (j == 0 ? 0 : res[i]);
+                res[i] = Magnitude(piece.At(h[i]) - measured[i]) + (j == 0 ? 0 : res[i]);
             h += i, measured += i, res += i;
         }
     }
 
     /// A row far outside the course, where the straight continuation overflows, has residual 0.
-    void LeaveOutWithoutValue(double* res) const {
-        for (int i = 0; i < rows_.Count(); ++i) {
-            for (const int slot : rows_.slots) {
-                if (!std::isfinite(
-                        AkimaWert(spline_, AkimaMode::Value, slot, rows_.t[At(i)], knots_)))
-                    res[i] = 0;
+    void LeaveOutWithoutValue(const Course& course, double* res) {
+        for (const int slot : rows_.slots) {
+            curve_.Lay(course[At(slot)].data());
+            int i = 0;
+            for (const Stretch& stretch : stretches_) {
+                for (const int end = i + stretch.count; i < end; ++i) {
+                    if (!std::isfinite(curve_.Piece(stretch.piece).At(offsets_[At(i)])))
+                        res[i] = 0;
+                }
             }
-        }
-    }
-
-    template <class Law> void Integrate(const Law& law) {
-        StateOf<Law> y = Start<Law>();
-        int subSteps = 1;
-        for (int j = 1; j <= knots_; ++j) {
-            for (std::size_t i = 0; i < y.size(); ++i)
-                spline_.SplineY[At(j)][At(Law::kSlots[i])] = y[i];
-            IntegrateInterval(law, y, step_, subSteps);
-            subSteps = std::max(subSteps / 4, 1);
         }
     }
 
@@ -337,12 +331,11 @@ private:
     const double step_; ///< of the grid, TU
     const Measured rows_;
     std::vector<Stretch> stretches_;
-    std::vector<double> offsets_; ///< t less the first knot of the piece, by row
-    std::vector<Piece> curve_;    ///< of one species, by piece
-    std::vector<Pair> nodes_;     ///< of the announced vectors' courses, by node and component
+    std::vector<double> offsets_;   ///< t less the first knot of the piece, by row
+    std::array<Course, 3> courses_; ///< of the announced vectors, and of one alone
     std::array<FitVector, 2> announced_{};
-    int knownLanes_ = 0; ///< how many of them have their nodes
-    AkimaTables spline_;
+    int knownLanes_ = 0; ///< how many of them have their courses
+    AkimaCurve curve_;
     int knots_ = 0;
 };
 
