@@ -98,21 +98,6 @@ TEST(RateLaws, IntegrateInFourthOrder) {
     }
 }
 
-TEST(RateLaws, TwoRunsAtOnceGiveTheDigitsOfEach) {
-    for (const int model : kNumericModels)
-        for (const double n : {0.5, 1.5, 2.5, 5.0})
-            WithNumericModel(model, {0, 0.9, 0.4, 0.2}, n, [&]<class Law>(const Law& law) {
-                StateOf<Law> start;
-                start.fill(0.2);
-                start[0] = 1.1;
-                for (const int steps : {1, 31, 32, 33, 100}) {
-                    const auto both = RunTwoRK4(law, start, steps, 0.3 / steps, 0.15 / steps);
-                    EXPECT_EQ(both.coarse, RunRK4(law, start, steps, 0.3 / steps));
-                    EXPECT_EQ(both.fine, RunRK4(law, start, 2 * steps, 0.15 / steps));
-                }
-            });
-}
-
 // Soft and stiff constants, alike and far apart, from starts above and below 0.
 TEST(RateLaws, CoursesSideBySideHaveTheDigitsOfEach) {
     int kept = 0, givenUp = 0, handedOver = 0;

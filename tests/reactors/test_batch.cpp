@@ -140,27 +140,6 @@ TEST(TimeSearches, FindTheTimeOfAConversionForEveryModel) {
             }
 }
 
-TEST(TimeSearches, AgreeWithTheClosedFormsOfTheTime) {
-    const double A0 = 1.2, k1 = 0.15, U = 0.7;
-    struct Case {
-        int model;
-        double t;
-    };
-    const Case cases[]{
-        {1,  A0 * U / k1                                                      },
-        {2,  -std::log(1 - U) / k1                                            },
-        {3,  U / (1 - U) / (2 * k1 * A0)                                      },
-        {5,  std::log((0.05 + A0 * U) / (0.05 * (1 - U))) / (k1 * (A0 + 0.05))},
-        {11, -std::log(1 - U) / (k1 + 0.06)                                   },
-    };
-    for (const Case& x : cases) {
-        ProjectState ps = StateOfModel(x.model);
-        ps.UA = U;
-        EXPECT_NEAR(SearchBatchTime(ps).t, x.t, 1e-9 * x.t) << x.model;
-        EXPECT_NEAR(SearchTubeTime(ps).t, x.t, 1e-5 * x.t) << x.model;
-    }
-}
-
 TEST(TimeSearches, FollowAReversibleReactionBackward) {
     for (const int model : {8, 12, 17, 19}) {
         ProjectState ps = StateOfModel(model);

@@ -159,19 +159,6 @@ TEST(StirredTank, SolvesTheNthOrderAsTheClosedFormsDo) {
         }
 }
 
-TEST(StirredTank, ApproachesTheEquilibriumOfAReversibleModel) {
-    for (const int model : {8, 12, 17, 19}) {
-        ProjectState ps = StateOfModel(model);
-        const Tank tank = RunTank(ps, 3, {.V = 1, .t = 1e9});
-        SpeciesArray r{};
-        FuReactionRates(ps, model, r, ps.k, tank.c);
-        EXPECT_NEAR(r[1], 0, 1e-9) << model;
-        // fed with that mixture nothing happens
-        ps.c0 = tank.c;
-        EXPECT_NEAR(RunTank(ps, 3, {.V = 1, .t = 5}).U, 0, 1e-8) << model;
-    }
-}
-
 TEST(StirredTank, TakesTheRootThatLeavesB) {
     // k1 far above k2 and more A than B: the larger root of the balance is below c(A,0) too
     ProjectState ps = StateOfModel(7);
@@ -229,16 +216,6 @@ TEST(StirredTank, LeavesTheKeptApartConstantOfModel19InTheState) {
     ps.k = {0, 0.2, 0.2, 0};
     EXPECT_FALSE(RunTank(ps, 3, {.V = 1, .t = 4}).bNoSolution);
     EXPECT_EQ(ps.k[2], 0.2 * 1.0000000001);
-}
-
-TEST(StirredTank, DoesNothingInAnUnknownMode) {
-    ProjectState ps = StateOfModel(2);
-    for (const int mode : {-1, 5}) {
-        const Tank tank = RunTank(ps, mode, {.U = 0.5, .V = 1, .Vdot = 2, .t = 3, .c = ps.c0});
-        EXPECT_FALSE(tank.bNoSolution || tank.bBTooLow);
-        EXPECT_EQ(tank.c, SpeciesArray{});
-        EXPECT_EQ(tank.t, 3);
-    }
 }
 
 TEST(StirredTankCurve, HoldsThePointsOfSingleTanksAndTheirRange) {

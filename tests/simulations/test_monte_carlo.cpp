@@ -77,20 +77,6 @@ TEST(RandomGenerator, GivesThePublishedSequence) {
         EXPECT_EQ(rnd.Next(), expected);
 }
 
-TEST(RandomGenerator, HitsEveryParticleEquallyOften) {
-    RandomGenerator rnd(1);
-    constexpr int kCells = 529;
-    constexpr int kDraws = 529 * 400;
-    std::array<int, kCells> hits{};
-    for (int draw = 0; draw < kDraws; ++draw)
-        ++hits[static_cast<std::size_t>(rnd.Rnd() * kCells)];
-    double chiSquared = 0;
-    for (const int hit : hits)
-        chiSquared += (hit - 400.0) * (hit - 400.0) / 400;
-    // 528 degrees of freedom: mean 528, standard deviation 32.5
-    EXPECT_NEAR(chiSquared, 528, 4 * 32.5);
-}
-
 TEST(MonteCarloGames, PlayTheToldRulesDrawByDraw) {
     for (const Choice& choice : kAllRules) {
         MonteCarloGame game = NewGame(choice.SpielArt, 1, choice.equilibrium);
@@ -174,28 +160,6 @@ TEST(MonteCarloGames, FirstOrderDecayLiesWithinItsStatisticalBounds) {
         EXPECT_NEAR(sum / kGames, mean, 4 * std::sqrt(variance / kGames)) << x;
         // The curve is drawn at a broken number of draws.
         EXPECT_NEAR(curve[j].NA, mean, 0.51 * mean / N0);
-    }
-}
-
-TEST(MonteCarloGames, EquilibriumSettlesAtItsConstant) {
-    constexpr int kBlocks = 20000;
-    for (int option = 0; option < 3; ++option) {
-        MonteCarloGame game = NewGame(kEquilibriumGame, 1, option);
-        const double K = game.KGleich;
-        const double N0 = game.N0Spiel;
-        RandomGenerator rnd(static_cast<std::uint64_t>(100 + option));
-        for (int block = 0; block < 200; ++block, NextBlock(game)) // far beyond the relaxation
-            Draw(game, rnd, kAllDraws);
-        double sum = 0;
-        for (int block = 0; block < kBlocks; ++block, NextBlock(game)) {
-            Draw(game, rnd, kAllDraws);
-            sum += game.N0Spiel - game.NA;
-        }
-        // Binomial spread, correlated over N0/1.5 draws at least (N0/2 for K = 1).
-        const double expected = K * N0 / (K + 1);
-        const double correlation = 2 * N0 / 1.5 / game.BlockZuege;
-        const double sigma = std::sqrt(expected / (K + 1) * correlation / kBlocks);
-        EXPECT_NEAR(sum / kBlocks, expected, 4 * sigma) << K;
     }
 }
 
