@@ -64,10 +64,10 @@ constexpr std::array<Shape, 8> kShapes{
 
 QPointF LineStart(const TextBox& box, const QFontMetricsF& metrics, const QRectF& rect,
                   qsizetype line) {
-    const double width = metrics.horizontalAdvance(box.lines[line]);
+    const double width = TextWidth(box.lines[line], box.font);
     double left = rect.center().x() - width / 2;
     if (!box.exponent.isEmpty())
-        left -= QFontMetricsF(ExponentFont(box.font)).horizontalAdvance(box.exponent) / 2;
+        left -= TextWidth(box.exponent, ExponentFont(box.font)) / 2;
     const auto count = static_cast<double>(box.lines.size());
     const double height = metrics.height() + (count - 1) * metrics.lineSpacing();
     const double top = rect.center().y() - height / 2;
@@ -223,7 +223,7 @@ void DrawTextBox(QCPPainter& painter, const TextBox& box) {
         painter.drawText(start, box.lines[line]);
     }
     if (!box.exponent.isEmpty()) {
-        const double width = metrics.horizontalAdvance(box.lines.back());
+        const double width = TextWidth(box.lines.back(), box.font);
         painter.setFont(ExponentFont(box.font));
         painter.drawText(start + QPointF(width, -metrics.ascent() * 0.42), box.exponent);
     }
@@ -275,6 +275,12 @@ void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLay
 }
 
 QVector<QPointF> ClipPolyline(const QVector<QPointF>& points, const QRectF& rect) {
+    // NaN lies nowhere.
+    if (std::ranges::all_of(points, [&](const QPointF& point) {
+            return point.x() >= rect.left() && point.x() <= rect.right() &&
+                   point.y() >= rect.top() && point.y() <= rect.bottom();
+        }))
+        return points;
     constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
     QVector<QPointF> clipped;
     clipped.reserve(points.size());

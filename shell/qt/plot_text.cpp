@@ -26,10 +26,9 @@ constexpr std::array<FontName, 3> kFontNames{
 };
 
 double WidestLine(const QStringList& lines, const QFont& font) {
-    const QFontMetricsF metrics(font);
     double widest = 0;
     for (const QString& line : lines)
-        widest = std::max(widest, metrics.horizontalAdvance(line));
+        widest = std::max(widest, TextWidth(line, font));
     return widest;
 }
 
@@ -89,13 +88,24 @@ QFont ExponentFont(const QFont& font) {
     return raised;
 }
 
+double TextWidth(const QString& text, const QFont& font) {
+    constexpr qsizetype kMostKept = 4096;
+    static QHash<std::pair<QFont, QString>, double> kept;
+    const std::pair<QFont, QString> key(font, text);
+    if (const auto found = kept.constFind(key); found != kept.cend())
+        return *found;
+    if (kept.size() >= kMostKept)
+        kept.clear();
+    return *kept.insert(key, QFontMetricsF(font).horizontalAdvance(text));
+}
+
 QSizeF MeasureText(const TextBox& box) {
     const QFontMetricsF metrics(box.font);
     double width = WidestLine(box.lines, box.font);
     const auto lines = static_cast<double>(std::max<qsizetype>(box.lines.size(), 1));
     double height = metrics.height() + (lines - 1) * metrics.lineSpacing();
     if (!box.exponent.isEmpty())
-        width += QFontMetricsF(ExponentFont(box.font)).horizontalAdvance(box.exponent);
+        width += TextWidth(box.exponent, ExponentFont(box.font));
     return box.vertical ? QSizeF(height, width) : QSizeF(width, height);
 }
 
