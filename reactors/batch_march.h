@@ -4,7 +4,7 @@
 #pragma once
 
 #include "engine/arithmetic.h"
-#include "engine/numeric_models.h"
+#include "engine/side_by_side.h"
 
 #include <algorithm>
 #include <cmath>
@@ -77,30 +77,45 @@ template <class Law> void Next(const Law& law, March<Law>& march, long long& wor
     Refine(law, march, runs.coarse, runs.fine, 2 * m, work);
 }
 
-/// The same of two marches that begin with one sub-step: their steps side by side, the second halves
-/// of the finer runs as a pair.
+/// Two marches at once, interval after interval as long as each begins with one sub-step and its
+/// first two runs agree; then one interval of each with more.
 template <class Law>
 void NextOfBoth(const Law& law, March<Law>& a, March<Law>& b, long long& work) {
-    constexpr int n = kSizeOf<Law>;
-    Pair ya[n], yb[n], fine[n];
-    ForEach<n>([&](auto i) __attribute__((always_inline)) {
-        ya[i] = Pair{a.y[i], a.y[i]};
-        yb[i] = Pair{b.y[i], b.y[i]};
+    const Pair half{a.interval / 2, b.interval / 2};
+    const Pair fifth{a.interval / kFirstRunsPart, b.interval / kFirstRunsPart};
+    StatesOf<Law> y, now, coarse, fine;
+    ForEach<kSizeOf<Law>>([&](auto i) __attribute__((always_inline)) {
+        y[i] = Pair{a.y[i], b.y[i]};
+        now[i] = Pair{a.now[i], b.now[i]};
     });
-    StepRK4(law, ya, Pair{a.interval / 2, a.interval / kFirstRunsPart});
-    StepRK4(law, yb, Pair{b.interval / 2, b.interval / kFirstRunsPart});
-    ForEach<n>([&](auto i) __attribute__((always_inline)) { fine[i] = Pair{ya[i][0], yb[i][0]}; });
-    StepRK4(law, fine, Pair{a.interval / 2, b.interval / 2});
-
-    StateOf<Law> coarseA, fineA, coarseB, fineB;
-    ForEach<n>([&](auto i) __attribute__((always_inline)) {
-        coarseA[i] = ya[i][1];
-        coarseB[i] = yb[i][1];
-        fineA[i] = fine[i][0];
-        fineB[i] = fine[i][1];
-    });
-    Refine(law, a, coarseA, fineA, 2, work);
-    Refine(law, b, coarseB, fineB, 2, work);
+    bool agreed = true;
+    while (!a.IsAtEnd() && !b.IsAtEnd()) {
+        fine = coarse = y;
+        StepRK4(law, fine.data(), half);
+        StepRK4(law, coarse.data(), fifth);
+        StepRK4(law, fine.data(), half);
+        agreed = AllAgree<Law>(coarse, fine);
+        if (!agreed)
+            break;
+        work -= 2 * 2;
+        if (work < 0)
+            ThrowArithmetic(kOverflow);
+        auto same = fine[0] == y[0];
+        ForEach<kSizeOf<Law>>([&](auto i)
+                                  __attribute__((always_inline)) { same &= fine[i] == y[i]; });
+        a.resting = same[0] != 0;
+        b.resting = same[1] != 0;
+        now = y;
+        y = fine;
+        a.tau += a.interval;
+        b.tau += b.interval;
+    }
+    a.y = LaneOf<Law>(y, 0), b.y = LaneOf<Law>(y, 1);
+    a.now = LaneOf<Law>(now, 0), b.now = LaneOf<Law>(now, 1);
+    if (agreed)
+        return;
+    Refine(law, a, LaneOf<Law>(coarse, 0), LaneOf<Law>(fine, 0), 2, work);
+    Refine(law, b, LaneOf<Law>(coarse, 1), LaneOf<Law>(fine, 1), 2, work);
 }
 
 /// The state at the last node not beyond one interval after t.
