@@ -15,7 +15,7 @@ constexpr const char* kNotYet = "not yet available";
 frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     helpTopic = kHelpDiagram;
     constexpr const char* kOutputs[] = {
-        "... to the Clipboard", "... Save as Image File (BMP, WMF, EMF)", "... to the Printer"};
+        "... to the C&lipboard", "... Save as &Image File (BMP, WMF, EMF)", "... to the &Printer"};
     for (int i = 1; i <= 3; ++i) {
         mnuBild(i).text = kOutputs[i - 1];
         mnuBild(i).onClick = [this, i] {

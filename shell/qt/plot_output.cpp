@@ -57,8 +57,10 @@ void Preview(PlotSurface& surface, const PrintRequest& request) {
     QPrintPreviewDialog dialog(&printer, QApplication::activeWindow());
     dialog.setWindowTitle(QObject::tr("Print preview"));
     dialog.resize(kPreviewSize.boundedTo(dialog.screen()->availableSize()));
-    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                     [&](QPrinter* page) { PaintPage(*page, surface, request); });
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* page) {
+        page->setFullPage(true); // whatever the margins chosen there
+        PaintPage(*page, surface, request);
+    });
     dialog.exec();
     if (request.scaling != PaperScaling::Page)
         ChosenPage() = printer.pageLayout(); // its paper and direction can be chosen there
@@ -101,6 +103,7 @@ bool Print(PlotSurface& surface, const PrintRequest& request) {
     dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
     if (dialog.exec() != QDialog::Accepted)
         return false;
+    printer.setFullPage(true);
     host().waitPointer(true);
     PaintPage(printer, surface, request);
     host().waitPointer(false);
