@@ -19,7 +19,7 @@ constexpr int kEnzymeModel = 10;
 /// Columns of the list: number, mark, then the values.
 constexpr int kMarkColumn = 1, kFirstValue = 2, kGridColumns = kFirstValue + kExpColumns;
 /// Widths in characters; all columns have room beside each other, and the user can widen them.
-constexpr int kNumberWidth = 4, kMarkWidth = 4, kTimeWidth = 11, kConcWidth = 11, kValueWidth = 9;
+constexpr int kNumberWidth = 4, kMarkWidth = 3, kTimeWidth = 10, kConcWidth = 11, kValueWidth = 9;
 constexpr std::string_view kExclude = "-1";
 
 using Heads = std::array<std::string, 6>;

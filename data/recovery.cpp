@@ -13,6 +13,8 @@
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -38,14 +40,25 @@ long long ProcessOf(const std::string& name, const std::string& ending) {
     return ParseInteger(number).value_or(0);
 }
 
+/// Whether a process has ended and only waits to be asked for its result.
+bool HasEnded(const std::string& process) {
+    std::ifstream file("/proc/" + process +
+                       "/stat"); // "17 (name) Z ..."; the name may hold anything
+    const std::string stat(std::istreambuf_iterator<char>(file), {});
+    const std::size_t state = stat.rfind(") ");
+    return state != std::string::npos && state + 2 < stat.size() && stat[state + 2] == 'Z';
+}
+
 /// Whether a process runs that may still be keeping its file. The number may by now be that of
 /// another program, or of this one.
 bool StillRuns(long long process) {
-    if (process == getpid() || (kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH))
+    const std::string number = std::to_string(process);
+    if (process == getpid() || HasEnded(number) ||
+        (kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH))
         return false;
     std::error_code error;
     const fs::path own = fs::read_symlink("/proc/self/exe", error);
-    const fs::path other = fs::read_symlink("/proc/" + std::to_string(process) + "/exe", error);
+    const fs::path other = fs::read_symlink("/proc/" + number + "/exe", error);
     return error || own == other;
 }
 

@@ -253,7 +253,7 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
         Enable(form, {"mnuEditDat"});
         EnableTools(form, {16});
     }
-    ReplaceData(form, "loading of the project's data", ExpTableState::Extent::Data, unitBefore,
+    ReplaceData(form, "loading project data", ExpTableState::Extent::Data, unitBefore,
                 [&] { LoadDataOfProject(form.ps, path, dataFile); });
     ReopenModelDialog(form);
     ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);

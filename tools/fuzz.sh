@@ -20,7 +20,7 @@ fi
 
 tools/install_deps.sh --all
 if [ ! -f build-fuzz/build.ninja ]; then
-  CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  CC=clang CXX=clang++ cmake -S . -B build-fuzz -G Ninja \
     -DZORVANT_GUI=OFF -DZORVANT_TESTS=OFF -DZORVANT_FUZZ=ON >/dev/null
 fi
 status=0

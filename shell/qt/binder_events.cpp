@@ -65,6 +65,7 @@ void Binder::BindGrid(Grid& grid) {
                           QAbstractItemView::AnyKeyPressed);
     view->setSelectionMode(QAbstractItemView::ContiguousSelection);
     view->verticalHeader()->hide();
+    view->setWordWrap(false); // a number would be broken at its point
     view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() * 3 / 2);
     view->horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);

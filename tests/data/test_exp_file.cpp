@@ -105,33 +105,6 @@ TEST_F(ExpFile, ChangesNothingWhenItCannotBeLoaded) {
     EXPECT_EQ(ps.ExpPointCount, 32767);
 }
 
-TEST_F(ExpFile, ComesBackAsItWasSaved) {
-    ps.ExpComment = "all fields\nin one line";
-    ps.TimeUnitText = "d";
-    ps.LambdaInf = 2.5;
-    ps.ExpPointCount = 2;
-    ps.ExpData = {
-        {             },
-        {          .t = .5, .cA = 1.0 / 3, .T = 300, .k = 2e-7},
-        { .lambda = 4,              .exclude = -1}
-    };
-    const std::vector<ExpPoint> table = ps.ExpData;
-    bool ok = false;
-    WriteDataFile(ps, folder / "saved.ZI3", ok);
-    EXPECT_TRUE(ok);
-    ProjectState other;
-    LoadExpFile(other, folder / "saved.ZI3", false, ok);
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(other.ExpComment, "all fields in one line");
-    EXPECT_EQ(other.TimeUnitText, "d");
-    EXPECT_EQ(other.TimeUnitOldIdx, 3);
-    EXPECT_EQ(other.LambdaInf, 2.5);
-    ASSERT_EQ(other.ExpPointCount, 2);
-    EXPECT_NEAR(other.ExpData[1].cA, 1.0 / 3, 1e-15);
-    other.ExpData[1].cA = table[1].cA;
-    EXPECT_EQ(other.ExpData, table);
-}
-
 TEST_F(ExpFile, IsChosenLoadedAndCountedByTheCommand) {
     ps.DataFilePath = folder / "before.ZI3";
     PutRows("a.ZI3", "min", 3);

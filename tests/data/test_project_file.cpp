@@ -172,19 +172,6 @@ TEST_F(ProjectFiles, AreSavedUnderTheChosenNameOrNothingChanges) {
     EXPECT_EQ(ps.ProjectFile, folder / "ok.ZC3");
     EXPECT_EQ(ps.ProjectTitle, "ok.ZC3");
     EXPECT_EQ(ps.ProjectDir, folder.Path());
-
-    script.files = {FileChoice{folder / "ok.ZC3"}};
-    ps.ProjectFile.clear();
-    std::string path;
-    bool ok = false, cancelled = true;
-    FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
-    EXPECT_TRUE(ok);
-    EXPECT_FALSE(cancelled);
-    EXPECT_EQ(path, folder / "ok.ZC3");
-    EXPECT_EQ(ps.ProjectFile, path);
-    FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
-    EXPECT_TRUE(cancelled);
-    EXPECT_EQ(script.fileRequests.back().title, "Load a project (*.ZC3)");
 }
 
 TEST_F(ProjectFiles, FindTheirDataBesideThemAndNeverOutside) {

@@ -72,19 +72,6 @@ TEST(ResultLog, FileHoldsHeadsAndTheColumnsInUse) {
               "1.5;0;0.25;1.25;0.001;0.8333;1E-07;-0.5;\r\n");
 }
 
-TEST(ResultLog, NamesTheReactorByItsDialog) {
-    LogState ps;
-    const auto has = [&ps](CalcDialogId caller, const char* text) {
-        return ProtocolText(ps, caller, "").find(text) != std::string::npos;
-    };
-    EXPECT_TRUE(
-        has(CalcDialogId::Cstr, "\r\nCalculation of a Continuous Stirred Tank Reactor (CSTR)\r\n"));
-    EXPECT_TRUE(has(CalcDialogId::Tubular, "\r\nCalculation of a Tubular Flow Reactor (TFR)\r\n"));
-    EXPECT_TRUE(has(CalcDialogId::Cascade, "[t] = s  (time in each tank)\r\n"));
-    EXPECT_FALSE(has(CalcDialogId::TimeDiagram, "Calculation of"));
-    EXPECT_FALSE(has(CalcDialogId::Fitting, "Calculation of"));
-}
-
 TEST(ResultLog, ASeriesOfTanksAddsOneRowEach) {
     LogState ps;
     ps.NKask = 3;
@@ -169,16 +156,6 @@ TEST(ResultLog, ClosingWritesTheFileFillsTheClipboardAndBeginsANewLog) {
     EXPECT_FALSE(FileExists(empty));
 }
 
-TEST(ResultLog, WithTabsTheClipboardEqualsTheFile) {
-    LogState ps;
-    ps.CsvSep = "\t";
-    EXPECT_EQ(SeparatorEntry(ps), 2);
-    RecordProtocolRows(ps, false);
-    const std::string path = ProtocolPath(ps);
-    const std::string clipboard = CloseProtocol(ps, CalcDialogId::Cstr, "x");
-    EXPECT_EQ(clipboard, ReadFile(path));
-}
-
 TEST(ResultLog, AFailedWriteKeepsTheRowsThatWait) {
     LogState ps;
     ps.ProtocolFile = ps.ProgramDir + "/no/such/folder.csv";
@@ -200,17 +177,6 @@ TEST(ResultLog, AnEmptyFileIsDeletedAFullOneStays) {
     ps.ProtocolFile.clear();
     DeleteEmptyProtocol(ps);
     EXPECT_TRUE(std::filesystem::is_directory(ps.ProgramDir));
-}
-
-TEST(ResultLog, WarnsOfCommasWhereTheSystemWritesDecimalCommas) {
-    ProjectState ps;
-    ps.CsvSep = ",";
-    EXPECT_FALSE(CheckSeparator(ps));
-    ps.DecimalComma = true;
-    ASSERT_TRUE(CheckSeparator(ps));
-    EXPECT_EQ(CheckSeparator(ps)->title, "WARNING");
-    ps.CsvSep = ";";
-    EXPECT_FALSE(CheckSeparator(ps));
 }
 
 } // namespace

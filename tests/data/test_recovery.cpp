@@ -99,6 +99,9 @@ TEST_F(Recovery, FilesOfProcessesThatRunAreLeftAlone) {
     EXPECT_EQ(folder.Names().size(), 1U);
     EXPECT_TRUE(FindRecoveries(ps, ".ZI3").empty());
     ASSERT_EQ(write(toChild[1], "x", 1), 1);
+    siginfo_t ended{};
+    waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT);
+    EXPECT_EQ(FindRecoveries(ps, ".ZI3").size(), 1U); // dead, though nobody has asked how it ended
     waitpid(child, nullptr, 0);
     EXPECT_EQ(FindRecoveries(ps, ".ZI3").size(), 1U);
     script.answers = {Answer::No}; // not wanted: gone

@@ -89,9 +89,6 @@ TEST(ProjectFile, KeepsWhatWasReadBeforeItBreaksOff) {
             fields += there ? 1 : 0;
         EXPECT_GE(fields, fieldsBefore) << length; // what stands there is read, in order
         fieldsBefore = fields;
-        if (file.tMax && length + 1 == unitEnd) {
-            EXPECT_EQ(file.k, whole.k);
-        }
     }
     EXPECT_EQ(fieldsBefore, 11U);
     EXPECT_EQ(ParseZc3(kProject.substr(0, unitEnd)).file, whole);
@@ -142,15 +139,6 @@ TEST(ProjectFile, ReadsTheWaysInWhichItsLinesMayDiffer) {
     EXPECT_FALSE(three.error);
     EXPECT_EQ(three.file.c0[2], 3);
     EXPECT_FALSE(three.file.c0[3]);
-}
-
-TEST(ProjectFile, ShowsItsHeadAlone) {
-    const Zc3File head = ParseZc3Head("date\ncomment\n\"a.ZI3\"\nnot a number");
-    EXPECT_EQ(head.date, "date");
-    EXPECT_EQ(head.comment, "comment");
-    EXPECT_EQ(head.dataFile, "a.ZI3");
-    EXPECT_THROW((void)ParseZc3Head("date\ncomment\n"), FormatError);
-    EXPECT_THROW((void)ParseZc3Head(""), FormatError);
 }
 
 } // namespace

@@ -61,6 +61,7 @@ TEST_F(FileDialogTest, ShowsWhatAFileHoldsAndLeavesTheProjectAsItIs) {
     });
     EXPECT_TRUE(question.cancelled);
     Ask("*.ZC3", [&] {
+        dialog.dirOpenList.index = 1; // a folder was clicked before; OK means the file
         Select("Run.zc3");
         EXPECT_EQ(dialog.fraView.text, "Project Information");
         EXPECT_EQ(dialog.Text1.text, "of the file");
