@@ -9,6 +9,7 @@
 namespace zorvant {
 namespace {
 
+constexpr int kEnter = 13;
 /// Below this a measured T, k or c counts as not given.
 constexpr double kNotGiven = 1e-8;
 /// Share of a range's width that stays free on each side of the points.
@@ -164,6 +165,9 @@ void ApplyCoordinates(ProjectState& ps, DiagramDocument& doc, Array<TextField, 4
             doc.fraCoordInput.visible = false;
         FuKoordSetzen(ps, doc);
         FuKoordMerken(ps, ps.DiagramKind, ps.Memory, ps.Frame);
+        // The boxes of both panels hold the frame given last; taking back a zoom reads it there.
+        ShowFrame(ps.Frame, doc.coord);
+        ShowFrame(ps.Frame, doc.Tabcoord);
     } else {
         ShowMessage("Lower limit has to be smaller than upper limit.", "INPUT ERROR",
                     Icon::Critical);
@@ -187,6 +191,10 @@ constexpr SpacingField kSpacings[] = {
     {&DiagramDocument::txtXZiffValue, AxisId::X, SetNumberSpacing, &PlotAxis::number},
     {&DiagramDocument::txtYZiffValue, AxisId::Y, SetNumberSpacing, &PlotAxis::number},
 };
+
+std::string SpacingText(const DiagramDocument& doc, const SpacingField& field) {
+    return PlainText((GetAxis(doc.surface, field.axis).*field.spacing).value);
+}
 
 /// Grid spacings take the number of their box, tick spacings stay; a box without a number counts as
 /// the present value.
@@ -304,7 +312,6 @@ void cmdTabCoord_OK_Click(ProjectState& ps, DiagramDocument& doc) {
 }
 
 void coord_KeyPress(DiagramDocument& doc, Array<TextField, 4, 1>& boxes, int index, int& key) {
-    constexpr int kEnter = 13;
     if (key == kEnter) {
         doc.setFocus = &boxes(index % 4 + 1);
         key = 0;
@@ -324,7 +331,7 @@ void optScaling_Click(DiagramDocument& doc, int index) {
         box.enabled = !automatic;
         if (automatic) {
             field.set(doc.surface, field.axis, 0, true);
-            box.text = PlainText((GetAxis(doc.surface, field.axis).*field.spacing).value);
+            box.text = SpacingText(doc, field);
         }
     }
     if (automatic)
@@ -352,6 +359,33 @@ void SpacingBox_Change(DiagramDocument& doc, SpacingBox which) {
         const SpacingField& numbers = kSpacings[static_cast<std::size_t>(
             which == SpacingBox::XTick ? SpacingBox::XNumber : SpacingBox::YNumber)];
         numbers.set(doc.surface, numbers.axis, Val((doc.*numbers.box).text), false);
+    }
+}
+
+void SpacingBox_Leave(DiagramDocument& doc, SpacingBox which) {
+    const SpacingField& field = kSpacings[static_cast<std::size_t>(which)];
+    TextField& box = doc.*field.box;
+    if (!box.enabled || field.set(doc.surface, field.axis, Val(box.text), false))
+        return;
+    field.set(doc.surface, field.axis, 0, true);
+    box.text = SpacingText(doc, field);
+}
+
+void SpacingBox_KeyPress(DiagramDocument& doc, SpacingBox which, int& key) {
+    if (key != kEnter)
+        return;
+    SpacingBox_Leave(doc, which);
+    key = 0;
+}
+
+void ShowSpacings(DiagramDocument& doc) {
+    bool automatic = true;
+    for (const SpacingField& field : kSpacings)
+        automatic = automatic && (GetAxis(doc.surface, field.axis).*field.spacing).automatic;
+    doc.optScaling.selected = automatic ? 0 : 1;
+    for (const SpacingField& field : kSpacings) {
+        (doc.*field.box).enabled = !automatic;
+        (doc.*field.box).text = SpacingText(doc, field);
     }
 }
 

@@ -41,8 +41,16 @@ void optScaling_Click(DiagramDocument& doc, int index);
 void ChooseAutomaticScaling(DiagramDocument& doc);
 
 enum class SpacingBox { XGrid, YGrid, XTick, YTick, XNumber, YNumber };
-/// A change in a spacing box is given to its axis at once; a value not above 0 changes nothing.
+/// A change in a spacing box is given to its axis at once. A number that the axis refuses changes
+/// nothing yet, because typing passes through such numbers.
 void SpacingBox_Change(DiagramDocument& doc, SpacingBox which);
+/// The box is left, or Enter pressed in it: where its number is refused, the axis takes the automatic
+/// value and the box shows that.
+void SpacingBox_Leave(DiagramDocument& doc, SpacingBox which);
+/// Enter leaves the box.
+void SpacingBox_KeyPress(DiagramDocument& doc, SpacingBox which, int& key);
+/// Writes the spacings of the surface into their boxes, and whether they are automatic.
+void ShowSpacings(DiagramDocument& doc);
 
 void cmdXLog_Click(DiagramDocument& doc);
 void cmdYLog_Click(DiagramDocument& doc);

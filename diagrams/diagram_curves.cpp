@@ -5,6 +5,7 @@
 #include "diagrams/diagram_legend.h"
 #include "diagrams/diagram_marks.h"
 #include "diagrams/diagram_points.h"
+#include "diagrams/diagram_walk.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -119,6 +120,7 @@ void PlaceCurve(ProjectState& ps, DiagramDocument& doc) {
     FuKurveZeichnen(ps, doc, slot, ps.CurveBuf);
     if (GetLabel(doc.surface, slot).visible)
         doc.mnuDelLabels.enabled = true;
+    SelectSeries(doc, kLines, slot);
 }
 
 enum class DrawEnd { Done, NoSlot, Failed };
@@ -327,14 +329,12 @@ void cmdMsgDelPoint_Click() {
 
 // --- design
 
-void mnuKurvenDesign_Click(ProjectState& ps, DiagramDocument& doc) {
-    FuPanelsZu(doc);
-    int first = 0;
+void ShowCurveDesign(DiagramDocument& doc) {
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
         TabPage& page = doc.tabKurven.pages[static_cast<std::size_t>(slot - 1)];
         page.visible = !doc.CurveSlotFree[static_cast<std::size_t>(slot)];
         if (!page.visible) {
-            doc.cmdKurvenFarbe(slot).backColour = ps.PresetColor;
+            doc.cmdKurvenFarbe(slot).backColour = doc.ps.PresetColor;
             continue;
         }
         page.text = kCurveCaption + std::to_string(slot);
@@ -343,12 +343,26 @@ void mnuKurvenDesign_Click(ProjectState& ps, DiagramDocument& doc) {
         doc.cmbKStil(slot).index = StyleIndex(line.pattern);
         doc.UpDown1_KBreite(slot).value = line.width;
         doc.Label39(slot).text = std::to_string(line.width);
-        if (first == 0)
-            first = slot;
+        const int count = GetPointCount(doc.surface, kLines, slot);
+        const PlotLabel& label = GetLabel(doc.surface, slot);
+        doc.txtLabel(slot).text = label.text;
+        doc.chkEinzelLabelSichtbar(slot).checked = label.visible;
+        doc.scrShiftLab(slot).maximum = std::max(1, count);
+        doc.scrShiftLab(slot).value = std::clamp(label.point, 1, std::max(1, count));
+        if (count > 0)
+            doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
     }
-    if (first > 0)
-        doc.tabKurven.selected = first - 1;
+}
+
+void mnuKurvenDesign_Click(ProjectState&, DiagramDocument& doc) {
+    FuPanelsZu(doc);
+    ShowCurveDesign(doc);
+    const auto taken =
+        std::ranges::find_if(doc.tabKurven.pages, [](const TabPage& page) { return page.visible; });
+    if (taken != doc.tabKurven.pages.end())
+        doc.tabKurven.selected = static_cast<int>(taken - doc.tabKurven.pages.begin());
     doc.fraKurven.visible = true;
+    doc.setFocus = &doc.tabKurven;
 }
 
 void cmbKStil_Click(DiagramDocument& doc, int slot) {

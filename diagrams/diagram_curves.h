@@ -30,6 +30,8 @@ void cmdMsgDelPoint_Click();
 
 void cmdManuKurve_Click(ProjectState& ps, DiagramDocument& doc);
 
+/// Writes the looks, texts and labels of the taken slots from the surface into the curve panel.
+void ShowCurveDesign(DiagramDocument& doc);
 void mnuKurvenDesign_Click(ProjectState& ps, DiagramDocument& doc);
 void cmbKStil_Click(DiagramDocument& doc, int slot);
 void UpDown1_KBreite_Change(DiagramDocument& doc, int slot);

@@ -3,7 +3,7 @@
 #include "diagrams/coordinates.h"
 #include "diagrams/design_file.h"
 #include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_legend.h"
+#include "diagrams/settings_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -56,16 +56,9 @@ void TakeCurves(ProjectState& ps, DiagramDocument& doc) {
         ps.CurveCount += taken ? 1 : 0;
         doc.CurveSlotFree[static_cast<std::size_t>(slot)] = !taken;
         doc.CurveSlot = taken ? slot : doc.CurveSlot;
-        doc.tabKurven.pages[static_cast<std::size_t>(slot - 1)] = {
-            .text = "K. " + std::to_string(slot), .visible = taken};
         doc.mnuSubDelKurv(slot).enabled = taken;
-        const PlotLabel& label = GetLabel(doc.surface, slot);
         doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
-        doc.txtLabel(slot).text = label.text;
-        doc.chkEinzelLabelSichtbar(slot).checked = label.visible;
-        Slider& shift = doc.scrShiftLab(slot);
-        shift.maximum = std::max(1, points);
-        shift.value = std::clamp(label.point, 1, shift.maximum);
+        doc.txtLabel(slot).text = GetLabel(doc.surface, slot).text;
     }
     doc.mnuDelKurv.enabled = doc.mnuSubDelKurv(0).enabled = ps.CurveCount > 0;
 }
@@ -94,36 +87,14 @@ void TakeMarksAndTexts(DiagramDocument& doc) {
     doc.mnuDelHalbAB.enabled = marks;
     doc.mnuDelLabels.enabled = labels;
     doc.mnuAddLabels.enabled = true;
-    doc.chkLabelNotVisible.checked = !labels;
     doc.mnuAddText.enabled = surface.footer.text.empty();
-    doc.LegendBackColor = surface.legend.colours.back;
-    ShowLegend(doc, surface.legend.visible);
 }
 
 float ToLimit(double value) {
     return static_cast<float>(value); // the file has no limits beyond those of a Single
 }
 
-/// The boxes with the spacings of the axes, open for typing.
-void ShowSpacings(DiagramDocument& doc) {
-    const PlotAxis &x = GetAxis(doc.surface, AxisId::X), &y = GetAxis(doc.surface, AxisId::Y);
-    const std::pair<TextField*, double> boxes[] = {
-        {&doc.txtXGridValue, x.grid.value  },
-        {&doc.txtYGridValue, y.grid.value  },
-        {&doc.txtXTickValue, x.tick.value  },
-        {&doc.txtYTickValue, y.tick.value  },
-        {&doc.txtXZiffValue, x.number.value},
-        {&doc.txtYZiffValue, y.number.value},
-    };
-    for (const auto& [box, value] : boxes) {
-        box->text = PlainText(value);
-        box->enabled = true;
-    }
-    doc.optScaling.selected = 1;
-}
-
-/// The frame of the axes, and their grid and spacings in the controls. A spacing that the design
-/// sets by hand stays; the others are chosen anew.
+/// The frame of the axes. A spacing that the design sets by hand stays; the others are chosen anew.
 void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
     const PlotAxis x = GetAxis(doc.surface, AxisId::X), y = GetAxis(doc.surface, AxisId::Y);
     ps.Frame.xMin = ToLimit(x.min);
@@ -132,12 +103,6 @@ void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
     ps.Frame.yMax = ToLimit(y.max);
     SetPoints(doc.surface, kLines, kFrameSeries, {x.min, x.max}, {y.min, y.max});
     ShowFrame(ps.Frame, doc.coord);
-    ShowFrame(ps.Frame, doc.Tabcoord);
-    const bool xGrid = x.gridPattern != LinePattern::None;
-    const bool yGrid = y.gridPattern != LinePattern::None;
-    doc.GridMode = (xGrid ? 2 : 0) + (yGrid ? 1 : 0);
-    if (xGrid || yGrid)
-        doc.GridPattern = xGrid ? x.gridPattern : y.gridPattern;
     optScaling_Click(doc, 1);
     optScaling_Click(doc, 0);
     const auto byHand = [](const PlotAxis& axis) {
@@ -150,7 +115,6 @@ void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
         SetTickSpacing(doc.surface, id, axis->tick.value, axis->tick.automatic);
         SetNumberSpacing(doc.surface, id, axis->number.value, axis->number.automatic);
     }
-    ShowSpacings(doc);
 }
 
 } // namespace
@@ -168,6 +132,9 @@ void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents) {
     TakePoints(doc);
     TakeMarksAndTexts(doc);
     TakeAxes(ps, doc);
+    doc.selected = {};
+    SetCursor(doc.surface, std::nullopt);
+    ShowDesign(doc);
     doc.mnuDelTotal.enabled =
         doc.mnuDelKurv.enabled || doc.mnuDelPoints.enabled || doc.mnuDelHalbAB.enabled;
 }

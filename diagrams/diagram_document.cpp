@@ -1,5 +1,6 @@
 #include "diagrams/diagram_document.h"
 
+#include "diagrams/axis_settings.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/curve_export.h"
 #include "diagrams/diagram_curves.h"
@@ -7,6 +8,8 @@
 #include "diagrams/diagram_marks.h"
 #include "diagrams/diagram_points.h"
 #include "diagrams/diagram_texts.h"
+#include "diagrams/diagram_walk.h"
+#include "diagrams/settings_panel.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -24,6 +27,8 @@ constexpr double kSideWidthShare = 0.42;
 constexpr int kWindowTop = 500;
 
 constexpr int kPointSymbolSize = 8;
+/// Seen on white, on the grey of its colour scheme and on black.
+constexpr Colour kGridGrey = 0xA0A0A0;
 constexpr double kAxisFont = 11; // points
 constexpr double kAxisFontNarrow = 10;
 constexpr double kLegendFont = 8;
@@ -62,6 +67,9 @@ void EmptyDocument(ProjectState& ps, DiagramDocument& doc) {
     PlotSurface& surface = doc.surface;
     static_cast<PlotContents&>(surface) = PlotContents();
     surface.rubber = {};
+    surface.cursor.reset();
+    doc.selected = {};
+    doc.pointer = ChartPointer::Default;
     SetSeriesCount(surface, kLines, kLineSeries);
     SetSeriesCount(surface, kPoints, kPointSets);
     SetSeriesDisplay(surface, kLines, kFrameSeries, SeriesDisplay::Hidden);
@@ -119,7 +127,7 @@ void SetUpAxes(DiagramDocument& doc) {
     doc.GridPattern = LinePattern::Dotted;
     for (const AxisId axis : {AxisId::X, AxisId::Y}) {
         SetAxisVisible(doc.surface, axis, true);
-        SetGrid(doc.surface, axis, doc.GridPattern, GetAxis(doc.surface, axis).gridColour);
+        SetGrid(doc.surface, axis, doc.GridPattern, kGridGrey);
         SetAxisOrigin(doc.surface, axis, Placement::Min);
         SetAxisAnnotation(doc.surface, axis, Placement::Min, TextRotation::Horizontal);
     }
@@ -178,6 +186,7 @@ void WireCurvePanel(ProjectState& ps, DiagramDocument& doc) {
         doc.UpDown1_KBreite(slot).value = 1;
         doc.Label39(slot).text = "1";
         doc.chkEinzelLabelSichtbar(slot).text = "visible";
+        doc.cmdKurvenFarbe(slot).text = "Colour ...";
         doc.chkLegend1(slot).text = "Legend";
         doc.scrShiftLab(slot).minimum = 1;
         doc.cmbKStil(slot).onClick = [&doc, slot] { cmbKStil_Click(doc, slot); };
@@ -199,6 +208,7 @@ void WireCurvePanel(ProjectState& ps, DiagramDocument& doc) {
         entry.visible = slot == 0;
         entry.onClick = [&ps, &doc, slot] { mnuSubDelKurv_Click(ps, doc, slot); };
     }
+    doc.tabKurven.onClick = [&doc](int page) { SelectSeries(doc, kLines, page + 1); };
     doc.cmdDelKurv.onClick = [&ps, &doc] { cmdDelKurv_Click(ps, doc); };
     doc.cmdClipboard.onClick = [&doc] { cmdClipboard_Click(doc); };
     doc.cmdClipboard.toolTip = "x and y with a tab between them, one line for each point";
@@ -217,6 +227,7 @@ void WirePointPanel(ProjectState& ps, DiagramDocument& doc) {
         doc.UpDown1_PointSize(set).value = kPointSymbolSize;
         doc.Label56(set).text = std::to_string(kPointSymbolSize);
         doc.chkLegend2(set).text = "Legend";
+        doc.cmdPunktFarbe(set).text = "Colour ...";
         doc.cmdDelPoints(set).text = "Delete these points";
         doc.cmbPunktStil(set).onClick = [&doc, set] { cmbPunktStil_Click(doc, set); };
         doc.UpDown1_PointSize(set).onChange = [&doc, set] { UpDown1_PointSize_Change(doc, set); };
@@ -231,6 +242,7 @@ void WirePointPanel(ProjectState& ps, DiagramDocument& doc) {
         entry.visible = set == 0;
         entry.onClick = [&doc, set] { mnuSubDelPoints_Click(doc, set); };
     }
+    doc.tabPunkte.onClick = [&doc](int page) { SelectSeries(doc, kPoints, page + 1); };
     doc.cmdManuPoints.onClick = [&ps, &doc] { cmdManuPoints_Click(ps, doc); };
     doc.mnuAddPunkte.onClick = [&ps, &doc] { mnuAddPunkte_Click(ps, doc); };
 }
@@ -257,8 +269,11 @@ void WireCoordinates(ProjectState& ps, DiagramDocument& doc) {
         {&doc.txtXZiffValue, SpacingBox::XNumber},
         {&doc.txtYZiffValue, SpacingBox::YNumber},
     };
-    for (const auto& [box, which] : spacings)
+    for (const auto& [box, which] : spacings) {
         box->onChange = [&doc, which = which] { SpacingBox_Change(doc, which); };
+        box->onLostFocus = [&doc, which = which] { SpacingBox_Leave(doc, which); };
+        box->onKeyPress = [&doc, which = which](int& key) { SpacingBox_KeyPress(doc, which, key); };
+    }
 }
 
 void WireMenus(ProjectState& ps, DiagramDocument& doc) {
@@ -270,7 +285,7 @@ void WireMenus(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuDelete.onOpen = [&doc] { mnuDelete_Click(doc); };
     doc.mnuKurvenDesign.onClick = [&ps, &doc] { mnuKurvenDesign_Click(ps, doc); };
     doc.mnuPunktDesign.onClick = [&ps, &doc] { mnuPunktDesign_Click(ps, doc); };
-    doc.mnuDesignMore.onClick = [&doc] { mnuDesignMore_Click(doc, doc.settingsPage); };
+    doc.mnuDesignMore.onClick = [&doc] { mnuDesignMore_Click(doc); };
     doc.mnuAddLegend.onClick = [&doc] { mnuAddLegend_Click(doc); };
     doc.mnuDelLegend.onClick = [&doc] { mnuDelLegend_Click(doc); };
     doc.mnuDelLegendZeile.onClick = [] { mnuDelLegendZeile_Click(); };
@@ -299,6 +314,8 @@ DiagramDocument::DiagramDocument(ProjectState& state)
     WireCoordinates(ps, *this);
     WireMenus(ps, *this);
     WireTexts(ps, *this);
+    WireDesign(ps, *this);
+    lblHint.visible = false;
     for (Label* readout : {&lblMausPosNr, &lblMausPos})
         readout->visible = false;
     cmbSep.items = {";", ",", "Tab"};
@@ -306,6 +323,10 @@ DiagramDocument::DiagramDocument(ProjectState& state)
     onLoad = [this] { Form_Load(ps, *this); };
     onActivate = [this] { Form_Activate(ps, *this); };
     onUnload = [this] { Form_Unload(ps, *this); };
+    onRefresh = [this] {
+        lblHint.text = lblHint.toolTip = ChartHint(*this);
+        lblHint.visible = !lblHint.text.empty();
+    };
     FuPanelsZu(*this);
     {
         const PlotBatch batch(surface);
@@ -323,6 +344,7 @@ void Form_Load(ProjectState& ps, DiagramDocument& doc) {
     WriteTexts(ps, doc);
     ResetLabels(doc);
     SetUpAxes(doc);
+    cmdFullWhite_Click(doc);
     SetUpMenus(ps, doc);
     ShowFrame(ps.Frame, doc.coord);
     ShowFrame(ps.Frame, doc.Tabcoord);
@@ -341,6 +363,7 @@ void Form_Load(ProjectState& ps, DiagramDocument& doc) {
     else
         FillWithCurves(ps, doc);
     ps.CurveBuf.assign(kCurveBufferPoints + 1, {});
+    ShowDesign(doc);
 }
 
 void Form_Activate(ProjectState& ps, DiagramDocument& doc) {
@@ -378,10 +401,16 @@ void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuPunktDesign.enabled = anyPoints;
 }
 
-void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page) {
+void mnuDesignMore_Click(DiagramDocument& doc) {
     FuPanelsZu(doc);
-    doc.settingsPage = page;
+    ShowDesign(doc);
     doc.fraTabs.visible = true;
+    doc.setFocus = &doc.design.tabSettings;
+}
+
+void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page) {
+    doc.design.tabSettings.selected = static_cast<int>(page);
+    mnuDesignMore_Click(doc);
 }
 
 // --- pages

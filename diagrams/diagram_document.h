@@ -4,6 +4,7 @@
 // are added by the window's own record.
 #pragma once
 
+#include "diagrams/design_controls.h"
 #include "diagrams/diagram_kinds.h"
 #include "diagrams/plot_surface.h"
 #include "engine/project_state.h"
@@ -28,9 +29,6 @@ inline constexpr Colour kLightGreen = 0xC0FFC0;
 
 /// What the pointer over the chart looks like.
 enum class ChartPointer { Default, Curve, Point, Move, CrossHair };
-
-/// Pages of the settings panel that a right click opens.
-enum class SettingsPage { Frame, Legend, Coordinates };
 
 /// Which text the text panel edits.
 enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
@@ -61,7 +59,7 @@ struct DiagramDocument : Form {
     int RegressLeftOut = 0;
     DiagramTexts GrafText;
     ChartPointer pointer = ChartPointer::Default;
-    SettingsPage settingsPage = SettingsPage::Frame;
+    SeriesPoint selected; ///< the curve or point set that the keys walk along
 
     /// The screen that the window opens on, pixels; the shell writes it before a load.
     int screenWidth = 1280;
@@ -103,12 +101,13 @@ struct DiagramDocument : Form {
     // --- readouts
     Label lblMausPosNr{*this, "lblMausPosNr"};
     Label lblMausPos{*this, "lblMausPos"};
+    Label lblHint{*this, "lblHint"};       ///< what holds for the axes at present
     Label StatusBar2{*this, "StatusBar2"}; ///< its panel 1, the result line
 
     // --- floating panels
-    Frame fraTabs{*this, "fraTabs"}; ///< settings
-    Frame fraKurven{*this, "fraKurven"};
-    Frame fraPunkte{*this, "fraPunkte"};
+    Frame fraTabs{*this, "fraTabs", "Settings of the diagram"};
+    Frame fraKurven{*this, "fraKurven", "Curves"};
+    Frame fraPunkte{*this, "fraPunkte", "Experimental points"};
     Frame fraSchrift{*this, "fraSchrift"};
     Frame fraCoordInput{*this, "fraCoordInput", " Coord. of the Diagram "};
     Frame fraPrintIt{*this, "fraPrintIt"};
@@ -159,6 +158,8 @@ struct DiagramDocument : Form {
     TextField txtXZiffValue{*this, "txtXZiffValue"};
     TextField txtYZiffValue{*this, "txtYZiffValue"};
 
+    DesignControls design{*this}; ///< the rest of the settings panel
+
     // --- a curve as data
     Button cmdClipboard{*this, "cmdClipboard", "Curve to clip&board"};
     Button cmdSaveCurveAsXY{*this, "cmdSaveCurveAsXY", "&Save curve as *.XY ..."};
@@ -193,6 +194,8 @@ void Form_Unload(ProjectState& ps, DiagramDocument& doc);
 /// Hides all floating panels.
 void FuPanelsZu(DiagramDocument& doc);
 void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc);
+/// The settings as they were left, or on a page.
+void mnuDesignMore_Click(DiagramDocument& doc);
 void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
 
 /// Shows or hides a page of a tab panel; its caption stays.

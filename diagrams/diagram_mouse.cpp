@@ -1,8 +1,10 @@
 #include "diagrams/diagram_mouse.h"
 
+#include "diagrams/axis_settings.h"
 #include "diagrams/diagram_curves.h"
 #include "diagrams/diagram_points.h"
 #include "diagrams/diagram_texts.h"
+#include "diagrams/diagram_walk.h"
 #include "platform/number_text.h"
 
 namespace zorvant {
@@ -13,6 +15,10 @@ constexpr int kLastClickableCurve = 23;
 
 void HideReadouts(DiagramDocument& doc) {
     doc.lblMausPosNr.visible = doc.lblMausPos.visible = false;
+}
+
+void SetPointer(DiagramDocument& doc, ChartPointer pointer) {
+    doc.pointer = doc.surface.rubber.armed ? ChartPointer::CrossHair : pointer;
 }
 
 void ShowReadout(DiagramDocument& doc, const std::string& text, Colour ground) {
@@ -28,49 +34,55 @@ NearestHit HitPoint(const PlotSurface& surface, int group, double px, double py,
     return near ? hit : NearestHit{};
 }
 
-bool ReadOutPoint(DiagramDocument& doc, int group, const NearestHit& hit, ChartPointer pointer) {
+bool ReadOutHit(DiagramDocument& doc, int group, const NearestHit& hit, ChartPointer pointer) {
     if (hit.point < 1)
         return false;
-    doc.lblMausPosNr.text = " #" + std::to_string(hit.series);
-    doc.lblMausPosNr.visible = true;
-    const double x = GetX(doc.surface, group, hit.series, hit.point);
-    const double y = GetY(doc.surface, group, hit.series, hit.point);
-    ShowReadout(doc, "  X = " + GeneralText(x) + ";      Y = " + GeneralText(y), kWhite);
-    doc.pointer = pointer;
+    ReadOutPoint(doc, {group, hit.series, hit.point});
+    SetPointer(doc, pointer);
     return true;
 }
 
 void RightDownInPlot(ProjectState& ps, DiagramDocument& doc, double px, double py) {
     const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kLastClickableCurve);
     if (curve.point > 0) {
+        SelectSeries(doc, kLines, curve.series, curve.point);
         mnuKurvenDesign_Click(ps, doc);
         doc.tabKurven.selected = curve.series - 1;
         return;
     }
     const NearestHit point = HitPoint(doc.surface, kPoints, px, py, kPointSets);
     if (point.point > 0) {
+        SelectSeries(doc, kPoints, point.series, point.point);
         mnuPunktDesign_Click(ps, doc);
         doc.tabPunkte.selected = point.series - 1;
         return;
     }
-    mnuDesignMore_Click(doc, doc.settingsPage);
+    mnuDesignMore_Click(doc);
 }
 
 } // namespace
 
+void ReadOutPoint(DiagramDocument& doc, const SeriesPoint& at) {
+    doc.lblMausPosNr.text = " #" + std::to_string(at.series);
+    doc.lblMausPosNr.visible = true;
+    const double x = GetX(doc.surface, at.group, at.series, at.point);
+    const double y = GetY(doc.surface, at.group, at.series, at.point);
+    ShowReadout(doc, "  X = " + GeneralText(x) + ";      Y = " + GeneralText(y), kWhite);
+}
+
 void MouseMove(ProjectState&, DiagramDocument& doc, double px, double py) {
+    RubberMove(doc.surface, px, py);
     const Region region = PixelToData(doc.surface, px, py).region;
     switch (region) {
     case Region::PlotArea:
-        if (ReadOutPoint(doc, kLines, HitPoint(doc.surface, kLines, px, py, kCurveSlots),
-                         ChartPointer::Curve) ||
-            ReadOutPoint(doc, kPoints, HitPoint(doc.surface, kPoints, px, py, kPointSets),
-                         ChartPointer::Point))
+        if (ReadOutHit(doc, kLines, HitPoint(doc.surface, kLines, px, py, kCurveSlots),
+                       ChartPointer::Curve) ||
+            ReadOutHit(doc, kPoints, HitPoint(doc.surface, kPoints, px, py, kPointSets),
+                       ChartPointer::Point))
             return;
         doc.lblMausPosNr.visible = false;
         ShowReadout(doc, " right click = Design", kLightGrey);
-        if (!doc.surface.rubber.armed)
-            doc.pointer = ChartPointer::Default;
+        SetPointer(doc, ChartPointer::Default);
         return;
     case Region::Header:
     case Region::Footer:
@@ -80,25 +92,36 @@ void MouseMove(ProjectState&, DiagramDocument& doc, double px, double py) {
                     region == Region::Legend ? "  right-click = edit, shift legend"
                                              : "  right click = edit, shift text",
                     kLightGreen);
-        doc.pointer = ChartPointer::Move;
+        SetPointer(doc, ChartPointer::Move);
         return;
     default:
         HideReadouts(doc);
-        doc.pointer = ChartPointer::Default;
+        SetPointer(doc, ChartPointer::Default);
     }
+}
+
+void MouseUp(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
+    ReleaseZoom(ps, doc, button == MouseButton::Left, px, py);
 }
 
 void MouseDown(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
     if (button == MouseButton::Left) {
-        if (doc.surface.rubber.armed)
+        if (doc.surface.rubber.armed) {
+            RubberDown(doc.surface, px, py);
             return;
+        }
+        SetCursor(doc.surface, std::nullopt);
         const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kCurveSlots);
-        if (curve.point > 0)
+        if (curve.point > 0) {
+            SelectSeries(doc, kLines, curve.series, curve.point);
             FuPunktLoeschen(ps, doc, curve.series, curve.point);
-        else
+        } else {
             doc.fraTabs.visible = false;
+        }
         return;
     }
+    if (button == MouseButton::Other)
+        return;
     switch (PixelToData(doc.surface, px, py).region) {
     case Region::PlotArea:
         RightDownInPlot(ps, doc, px, py);

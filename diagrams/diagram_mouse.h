@@ -5,11 +5,16 @@
 
 namespace zorvant {
 
-enum class MouseButton { Left, Right };
+enum class MouseButton { Left, Right, Other };
 
 /// Readouts and pointer for a position in pixels of the picture.
 void MouseMove(ProjectState& ps, DiagramDocument& doc, double px, double py);
-/// Right: design panels. Left: deleting a curve point, or closing the settings.
+/// Right: design panels. Left: deleting a curve point, or closing the settings; while a zoom waits,
+/// the first corner of its rectangle.
 void MouseDown(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py);
+/// The end of a zoom; see ReleaseZoom.
+void MouseUp(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py);
+/// Shows number and values of a point in the readouts.
+void ReadOutPoint(DiagramDocument& doc, const SeriesPoint& at);
 
 } // namespace zorvant

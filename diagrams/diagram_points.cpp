@@ -216,23 +216,33 @@ void cmdDelPoints_Click(DiagramDocument& doc, int set) {
 
 // --- design
 
-void mnuPunktDesign_Click(ProjectState& ps, DiagramDocument& doc) {
+void ShowPointDesign(DiagramDocument& doc) {
+    for (int set = 1; set <= kPointSets; ++set) {
+        const bool shown = HasPoints(doc, set);
+        const SymbolStyle& symbol = GetSymbol(doc.surface, kPoints, set);
+        doc.cmdPunktFarbe(set).backColour = shown ? symbol.colour : doc.ps.PresetColor;
+        doc.cmbPunktStil(set).index = static_cast<int>(symbol.shape);
+        doc.UpDown1_PointSize(set).value = symbol.size;
+        doc.Label56(set).text = std::to_string(symbol.size);
+        if (shown)
+            doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
+    }
+}
+
+void mnuPunktDesign_Click(ProjectState&, DiagramDocument& doc) {
     FuPanelsZu(doc);
+    ShowPointDesign(doc);
     int front = -1;
     for (int set = 1; set <= kPointSets; ++set) {
         const bool shown = HasPoints(doc, set);
         ShowPage(doc.tabPunkte, set - 1, shown);
-        const SymbolStyle& symbol = GetSymbol(doc.surface, kPoints, set);
-        doc.cmdPunktFarbe(set).backColour = shown ? symbol.colour : ps.PresetColor;
-        doc.cmbPunktStil(set).index = static_cast<int>(symbol.shape);
-        doc.UpDown1_PointSize(set).value = symbol.size;
-        doc.Label56(set).text = std::to_string(symbol.size);
         if (shown && (front < 0 || doc.tabPunkte.selected == set - 1))
             front = set - 1;
     }
     if (front >= 0)
         doc.tabPunkte.selected = front;
     doc.fraPunkte.visible = true;
+    doc.setFocus = &doc.tabPunkte;
 }
 
 void cmbPunktStil_Click(DiagramDocument& doc, int set) {

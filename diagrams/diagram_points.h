@@ -28,6 +28,8 @@ void cmdManuPoints_Click(ProjectState& ps, DiagramDocument& doc);
 void mnuSubDelPoints_Click(DiagramDocument& doc, int set);
 void cmdDelPoints_Click(DiagramDocument& doc, int set);
 
+/// Writes looks and legend texts of the sets with points from the surface into the point panel.
+void ShowPointDesign(DiagramDocument& doc);
 void mnuPunktDesign_Click(ProjectState& ps, DiagramDocument& doc);
 void cmbPunktStil_Click(DiagramDocument& doc, int set);
 void UpDown1_PointSize_Change(DiagramDocument& doc, int set);

@@ -1,5 +1,6 @@
 #include "diagrams/frm_z_graph_2d.h"
 
+#include "diagrams/axis_settings.h"
 #include "diagrams/coordinates.h"
 #include "diagrams/diagram_design.h"
 #include "platform/host.h"
@@ -8,7 +9,6 @@ namespace zorvant {
 namespace {
 
 constexpr int kHelpDiagram = 7003;
-constexpr const char* kNotYet = "not yet available";
 
 } // namespace
 
@@ -24,10 +24,6 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     }
     mnuCopyPicture.onClick = [this] { CopyPicture(*this, pictures); };
     WirePicturePanel(*this, pictures);
-    for (MenuEntry* later : {&mnuZoom, &mnuZoomReset, &mnuDesignMore}) {
-        later->available = false;
-        later->disabledTip = kNotYet;
-    }
     cmdSingleCalc.text = "Single &value ...";
     cmdSingleCalc.toolTip = "the concentrations of the model at one x of the diagram";
     cmdSingleCalc.onClick = [this] {
@@ -36,6 +32,12 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     };
     mnuSaveOC2.onClick = [this] { mnuSaveOC2_Click(ps, *this); };
     mnuLoadOC2.onClick = [this] { mnuLoadOC2_Click(ps, *this); };
+    mnuZoom.onClick = [this] { cmdZoom_Click(*this); };
+    mnuZoomReset.onClick = [this] { cmdZoomReset_Click(ps, *this); };
+    mnuFullSize.onClick = [this] {
+        if (onFullSize)
+            onFullSize();
+    };
     mnuXLog.onClick = [this] { cmdXLog_Click(*this); };
     mnuYLog.onClick = [this] { cmdYLog_Click(*this); };
     mnuHaupt.onClick = [this] {
@@ -53,6 +55,8 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
 }
 
 void frmZGraph2D::Escape() {
+    if (CancelZoom(*this))
+        return;
     for (Frame* panel : {&fraTabs, &fraKurven, &fraPunkte, &fraSchrift, &fraCoordInput, &fraPrintIt,
                          &fraResolution}) {
         if (panel->visible) {
@@ -96,8 +100,10 @@ void frmZGraph2D::BuildMenu() {
     row(2, mnuXLog, "&X axis logarithmic");
     row(2, mnuYLog, "&Y axis logarithmic");
     line(2);
-    row(2, mnuZoom, "&Zoom");
-    row(2, mnuZoomReset, "Zoom &back");
+    row(2, mnuZoom, "&Zoom\tCtrl++");
+    row(2, mnuZoomReset, "Zoom &back\tCtrl+0");
+    line(2);
+    row(2, mnuFullSize, "&Full size\tF11");
     row(1, mnuDelete, "D&elete");
     row(2, mnuDelKurv, "&Curves");
     for (int i = 0; i <= kCurveSlots; ++i)
@@ -120,7 +126,7 @@ void frmZGraph2D::BuildMenu() {
     line(2);
     row(2, mnuSaveOC2, "&Save this diagram design ...");
     row(2, mnuLoadOC2, "&Load a saved pattern ...");
-    row(1, mnuHaupt, "to Main Menu");
+    row(1, mnuHaupt, "to &Main Menu");
     menu = rows_;
 }
 

@@ -19,6 +19,7 @@ struct frmZGraph2D : DiagramDocument {
     MenuEntry mnuScale{*this, "mnuScale", "Scale"};
     MenuEntry mnuZoom{*this, "mnuZoom", "Zoom"};
     MenuEntry mnuZoomReset{*this, "mnuZoomReset", "Zoom back"};
+    MenuEntry mnuFullSize{*this, "mnuFullSize", "Full size"};
     MenuEntry mnuXLog{*this, "mnuXLog", "X axis logarithmic"};
     MenuEntry mnuYLog{*this, "mnuYLog", "Y axis logarithmic"};
     MenuEntry mnuOutput{*this, "mnuOutput", "Picture"};
@@ -31,8 +32,10 @@ struct frmZGraph2D : DiagramDocument {
     MenuEntry mnuHaupt{*this, "mnuHaupt", "to Main Menu"};
     Button cmdEscGraph{*this, "cmdEscGraph", "Close <Esc>"};
 
-    /// Keys over the chart: Esc closes an open panel, then the window.
+    /// Keys over the chart: Esc ends a zoom, then closes an open panel, then the window.
     void Escape();
+
+    Handler onFullSize; ///< the shell's: between full size and the size before
 
 private:
     void BuildMenu();

@@ -58,9 +58,28 @@ void ChooseAutomaticSpacings(PlotSurface& surface, AxisId axis) {
         a.number.value = chosen.number;
 }
 
+double Decades(const ShownAxisRange& range) {
+    return std::log10(range.max / range.min);
+}
+
+/// A logarithmic axis of less than a decade is marked like a linear one.
+bool MarkedLogarithmically(const ShownAxisRange& range) {
+    return range.log && Decades(range) >= 1;
+}
+
+bool TooManyMarks(const ShownAxisRange& range, double spacing) {
+    const bool log = MarkedLogarithmically(range);
+    const double from = log ? std::log10(range.min) : range.min;
+    const double to = log ? std::log10(range.max) : range.max;
+    const double first = std::ceil(from / spacing - kMarkTolerance);
+    return !(std::floor(to / spacing + kMarkTolerance) - first < kMaxMarks);
+}
+
 bool SetSpacing(PlotSurface& surface, AxisId axis, Spacing PlotAxis::*which, double value,
                 bool automatic) {
     if (!automatic && !(value > 0 && std::isfinite(value)))
+        return false;
+    if (!automatic && TooManyMarks(ShownRange(surface, axis), value))
         return false;
     PlotAxis& a = MutableAxis(surface, axis);
     const PlotAxis before = a;
@@ -76,15 +95,6 @@ bool SetSpacing(PlotSurface& surface, AxisId axis, Spacing PlotAxis::*which, dou
 
 double PowerOfTen(double exponent) {
     return exponent < 0 ? 1 / std::pow(10.0, -exponent) : std::pow(10.0, exponent);
-}
-
-double Decades(const ShownAxisRange& range) {
-    return std::log10(range.max / range.min);
-}
-
-/// A logarithmic axis of less than a decade is marked like a linear one.
-bool MarkedLogarithmically(const ShownAxisRange& range) {
-    return range.log && Decades(range) >= 1;
 }
 
 /// Multiples of a step; empty when there would be too many.
@@ -107,7 +117,7 @@ std::vector<double> LogarithmicMarks(const ShownAxisRange& range, double decades
     std::vector<double> marks;
     const double first = std::floor(std::log10(range.min) / decades) - 1;
     const double last = std::ceil(std::log10(range.max) / decades);
-    if (last - first >= kMaxMarks)
+    if (last - first >= kMaxMarks + 2)
         return marks;
     const double tolerance = 1 + kMarkTolerance;
     for (double n = first; n <= last; ++n)
@@ -232,6 +242,10 @@ void SetAxisFont(PlotSurface& surface, AxisId axis, const FontChoice& numbers,
     PlotAxis& a = MutableAxis(surface, axis);
     Assign(surface, a.font, numbers);
     Assign(surface, a.titleFont, title);
+}
+
+void SetAxisColour(PlotSurface& surface, AxisId axis, Colour colour) {
+    Assign(surface, MutableAxis(surface, axis).colour, colour);
 }
 
 void SetAxisAnnotation(PlotSurface& surface, AxisId axis, Placement placement,
@@ -408,14 +422,49 @@ NearestHit NearestPoint(const PlotSurface& surface, int group, double px, double
     return nearest;
 }
 
-// --- zoom
+// --- the marked point
 
 namespace {
 
-void RepaintRubber(PlotSurface& surface) {
+/// What lies over the picture is painted without it.
+void RepaintOverlay(PlotSurface& surface) {
     if (surface.onRepaint)
         surface.onRepaint();
 }
+
+bool Shows(const PlotSurface& surface, AxisId axis, double value) {
+    const ShownAxisRange range = ShownRange(surface, axis);
+    const double slack = kMarkTolerance * (range.max - range.min);
+    return value >= range.min - slack && value <= range.max + slack && (!range.log || value > 0);
+}
+
+} // namespace
+
+bool IsInFrame(const PlotSurface& surface, const SeriesPoint& at) {
+    if (at.series < 1 || at.series > GetSeriesCount(surface, at.group))
+        return false;
+    const PlotSeries& series = GetSeries(surface, at.group, at.series);
+    if (series.display != SeriesDisplay::Shown || at.point < 1 ||
+        at.point > static_cast<int>(series.x.size()) || IsHole(series, at.point))
+        return false;
+    const auto i = static_cast<std::size_t>(at.point - 1);
+    return Shows(surface, AxisId::X, series.x[i]) && Shows(surface, AxisId::Y, series.y[i]);
+}
+
+std::optional<SeriesPoint> ShownCursor(const PlotSurface& surface) {
+    return surface.cursor && IsInFrame(surface, *surface.cursor) ? surface.cursor : std::nullopt;
+}
+
+void SetCursor(PlotSurface& surface, const std::optional<SeriesPoint>& point) {
+    if (surface.cursor == point)
+        return;
+    surface.cursor = point;
+    RepaintOverlay(surface);
+}
+
+// --- zoom
+
+namespace {
 
 DataPoint IntoPlotArea(const PlotSurface& surface, double px, double py) {
     const PixelRect& area = surface.layout.plotArea;
@@ -447,7 +496,7 @@ void RubberMove(PlotSurface& surface, double px, double py) {
     const DataPoint at = IntoPlotArea(surface, px, py);
     surface.rubber.endX = at.x;
     surface.rubber.endY = at.y;
-    RepaintRubber(surface);
+    RepaintOverlay(surface);
 }
 
 bool RubberUp(PlotSurface& surface, double px, double py) {
@@ -458,7 +507,7 @@ bool RubberUp(PlotSurface& surface, double px, double py) {
     surface.rubber = {};
     if (std::abs(drawn.endX - drawn.startX) < kSmallestZoom ||
         std::abs(drawn.endY - drawn.startY) < kSmallestZoom) {
-        RepaintRubber(surface);
+        RepaintOverlay(surface);
         return false;
     }
     const AxisScale scaleX = ScaleX(surface);
@@ -479,7 +528,7 @@ void CancelRubberZoom(PlotSurface& surface) {
     const bool drawn = surface.rubber.dragging;
     surface.rubber = {};
     if (drawn)
-        RepaintRubber(surface);
+        RepaintOverlay(surface);
 }
 
 void ResetZoom(PlotSurface& surface) {

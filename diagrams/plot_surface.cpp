@@ -267,6 +267,20 @@ void SetPlotAreaColours(PlotSurface& surface, const Colours& colours) {
     Assign(surface, surface.plotArea, colours);
 }
 
+const Colours& PlotGround(const PlotSurface& surface) {
+    if (!surface.plotArea.transparent)
+        return surface.plotArea;
+    return surface.chartArea.transparent ? surface.chart : surface.chartArea;
+}
+
+const Colours& LegendGround(const PlotSurface& surface) {
+    return surface.legend.colours.transparent ? surface.chart : surface.legend.colours;
+}
+
+Colour SeenOn(const Colours& ground, Colour colour) {
+    return colour == ground.back ? ground.fore : colour;
+}
+
 // --- labels
 
 int AddLabel(PlotSurface& surface, const PlotLabel& label) {

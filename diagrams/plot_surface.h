@@ -51,8 +51,8 @@ inline constexpr int kPoints = 2; ///< group of the point series
 inline constexpr double kHole = 1e308;
 
 /// More marks than this on one axis are unreadable and slow: a manual spacing that asks for more is
-/// painted with the automatic one.
-inline constexpr int kMaxMarks = 1000;
+/// refused, and painted with the automatic one where a wider frame came later.
+inline constexpr int kMaxMarks = 2000;
 /// A logarithmic axis without a positive lower limit shows at most this share of its upper limit.
 inline constexpr double kSmallestLogShare = 1e-6;
 
@@ -251,6 +251,8 @@ struct PixelRect {
 /// Where the view has put things. Nothing of it is saved.
 struct PlotLayout {
     PixelRect picture, plotArea, legend, header, footer;
+    PixelRect chartArea;
+    Margins margins; ///< of the plot area, as wide as they came out
 };
 
 /// The rectangle that the user draws to zoom.
@@ -260,14 +262,23 @@ struct RubberZoom {
     double startX = 0, startY = 0, endX = 0, endY = 0; ///< pixels
 };
 
+/// A point of a series; point 0: none of them yet.
+struct SeriesPoint {
+    int group = kLines;
+    int series = 0;
+    int point = 0;
+    bool operator==(const SeriesPoint&) const = default;
+};
+
 struct PlotSurface : PlotContents {
     PlotLayout layout;
     RubberZoom rubber;
+    std::optional<SeriesPoint> cursor; ///< the point that is marked on the screen
     int batchDepth = 0;
     std::array<int, 3> groupBatchDepth{}; ///< by group
     bool changed = false;                 ///< since the batch began
     std::uint64_t revision = 0;           ///< repaints due so far
-    Handler onRepaint;                    ///< the view's; also after a change of `rubber`
+    Handler onRepaint; ///< the view's; also after a change of `rubber` or `cursor`
 };
 
 // --- batches
@@ -365,15 +376,32 @@ void SetAxisTitle(PlotSurface& surface, AxisId axis, const std::string& text,
                   TextRotation rotation);
 void SetAxisFont(PlotSurface& surface, AxisId axis, const FontChoice& numbers,
                  const FontChoice& title);
+/// Colour of line, ticks, numbers and title.
+void SetAxisColour(PlotSurface& surface, AxisId axis, Colour colour);
 void SetAxisAnnotation(PlotSurface& surface, AxisId axis, Placement placement,
                        TextRotation rotation);
 void SetAxisOrigin(PlotSurface& surface, AxisId axis, Placement placement);
 /// Given:    value; automatic: the value is chosen for the present range, the given one is ignored
-/// Returned: false for a value that is not above 0 or not finite; the spacing stays as it was
+/// Returned: false for a value that is not above 0, not finite, or so small that more than
+///           kMaxMarks stand in the present range; the spacing stays as it was
 bool SetGridSpacing(PlotSurface& surface, AxisId axis, double value, bool automatic);
 bool SetTickSpacing(PlotSurface& surface, AxisId axis, double value, bool automatic);
 bool SetNumberSpacing(PlotSurface& surface, AxisId axis, double value, bool automatic);
 void SetGrid(PlotSurface& surface, AxisId axis, LinePattern pattern, Colour colour);
+
+/// Where the marked point stands; nothing when there is none, or it is a hole or outside the frame.
+std::optional<SeriesPoint> ShownCursor(const PlotSurface& surface);
+/// Marks a point on the screen, or none. Not part of the picture.
+void SetCursor(PlotSurface& surface, const std::optional<SeriesPoint>& point);
+/// Whether a point exists, is no hole and lies in the shown ranges of the axes.
+bool IsInFrame(const PlotSurface& surface, const SeriesPoint& point);
+
+/// The colours that stand behind the curves, and behind the legend, whatever is transparent.
+const Colours& PlotGround(const PlotSurface& surface);
+const Colours& LegendGround(const PlotSurface& surface);
+/// What a line or a symbol is painted with so that it can be seen: the foreground where its colour is
+/// that of the ground.
+Colour SeenOn(const Colours& ground, Colour colour);
 
 /// The range as it can be painted, min < max, on a logarithmic axis min > 0.
 struct ShownAxisRange {

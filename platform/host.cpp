@@ -103,7 +103,9 @@ ScriptedHost::ScriptedHost() : saved_(host()) {
     h.chooseColour = [this](std::uint32_t) {
         return TakeFront<std::optional<std::uint32_t>>(colours, std::nullopt);
     };
-    h.chooseFont = [](const FontChoice&) { return std::nullopt; };
+    h.chooseFont = [this](const FontChoice&) {
+        return TakeFront<std::optional<FontChoice>>(fonts, std::nullopt);
+    };
     h.setClipboardText = [this](const std::string& text) { clipboard = text; };
     h.clipboardText = [this] { return clipboard; };
     h.printText = [this](const std::string& text, const std::string&) {

@@ -105,6 +105,7 @@ public:
     std::vector<std::optional<FileChoice>> files; ///< taken from the front; empty: cancelled
     std::vector<FileRequest> fileRequests;
     std::vector<std::optional<std::uint32_t>> colours; ///< taken from the front
+    std::vector<std::optional<FontChoice>> fonts;      ///< the same
     std::optional<std::string> clipboard;
     std::vector<std::string> printed;
     std::vector<int> helpTopics;

@@ -1,7 +1,10 @@
 #include "shell/qt/graph_window.h"
 
+#include "diagrams/axis_settings.h"
 #include "diagrams/diagram_texts.h"
+#include "diagrams/diagram_walk.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/qt_text.h"
 #include "ui_frmZGraph2D.h"
 
 #include <QtWidgets>
@@ -12,6 +15,8 @@ namespace {
 /// Distance of a panel from the edge of the chart where it first opens, pixels.
 constexpr int kPanelMargin = 12;
 constexpr const char* kPlaced = "placedByUser";
+constexpr const char* kCloses = "closesPanel";
+constexpr int kCloseMargin = 4;
 /// Lines of a text that its field shows at once.
 constexpr int kTextLines = 4;
 
@@ -29,6 +34,33 @@ Qt::CursorShape CursorOf(ChartPointer pointer) {
     }
     return Qt::ArrowCursor;
 }
+
+MouseButton ButtonOf(PlotButton button) {
+    return button == PlotButton::Left    ? MouseButton::Left
+           : button == PlotButton::Right ? MouseButton::Right
+                                         : MouseButton::Other;
+}
+
+struct KeyRow {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    ChartKey meaning;
+};
+constexpr KeyRow kChartKeys[] = {
+    {Qt::Key_Left,     Qt::NoModifier,    ChartKey::Left    },
+    {Qt::Key_Right,    Qt::NoModifier,    ChartKey::Right   },
+    {Qt::Key_Up,       Qt::NoModifier,    ChartKey::Up      },
+    {Qt::Key_Down,     Qt::NoModifier,    ChartKey::Down    },
+    {Qt::Key_PageUp,   Qt::NoModifier,    ChartKey::PageUp  },
+    {Qt::Key_PageDown, Qt::NoModifier,    ChartKey::PageDown},
+    {Qt::Key_Home,     Qt::NoModifier,    ChartKey::Home    },
+    {Qt::Key_End,      Qt::NoModifier,    ChartKey::End     },
+    {Qt::Key_Delete,   Qt::NoModifier,    ChartKey::Delete  },
+    {Qt::Key_Return,   Qt::NoModifier,    ChartKey::Design  },
+    {Qt::Key_Enter,    Qt::NoModifier,    ChartKey::Design  },
+    {Qt::Key_Menu,     Qt::NoModifier,    ChartKey::Design  },
+    {Qt::Key_F10,      Qt::ShiftModifier, ChartKey::Design  },
+};
 
 } // namespace
 
@@ -58,6 +90,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     copy->setContext(Qt::WidgetWithChildrenShortcut);
     connect(copy, &QShortcut::activated, this,
             [this] { Binder::Run(&document_.mnuCopyPicture, document_.mnuCopyPicture.onClick); });
+    ConnectKeys();
     // A line break ends what was typed: the cursor goes behind the text, and so it does at opening.
     texts_ = ui.schrift;
     texts_->setFixedHeight(texts_->fontMetrics().lineSpacing() * kTextLines +
@@ -69,12 +102,19 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
         if (another || texts_->toPlainText().contains(QChar(kTextBreakMark)))
             QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
     });
+    refreshTexts_ = document_.onRefresh;
+    document_.onRefresh = [this] {
+        refreshTexts_();
+        ShowPointer();
+    };
     document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
     view_->Show(document_.surface);
 }
 
 GraphWindow::~GraphWindow() {
     document_.surface.onRepaint = nullptr;
+    document_.onFullSize = nullptr;
+    document_.onRefresh = refreshTexts_;
     view_->Forget();
 }
 
@@ -82,14 +122,13 @@ void GraphWindow::ConnectMouse() {
     view_->setMouseTracking(true);
     view_->onMouseMove = [this](double px, double py) {
         Binder::Run(nullptr, [&] { MouseMove(document_.ps, document_, px, py); });
-        ShowPointer();
     };
     view_->onMousePress = [this](PlotButton button, double px, double py) {
-        if (button == PlotButton::Other)
-            return;
-        const MouseButton pressed =
-            button == PlotButton::Left ? MouseButton::Left : MouseButton::Right;
-        Binder::Run(nullptr, [&] { MouseDown(document_.ps, document_, pressed, px, py); });
+        view_->setFocus(Qt::MouseFocusReason);
+        Binder::Run(nullptr, [&] { MouseDown(document_.ps, document_, ButtonOf(button), px, py); });
+    };
+    view_->onMouseRelease = [this](PlotButton button, double px, double py) {
+        Binder::Run(nullptr, [&] { MouseUp(document_.ps, document_, ButtonOf(button), px, py); });
     };
     view_->onMouseLeave = [this] {
         Binder::Run(nullptr,
@@ -97,8 +136,60 @@ void GraphWindow::ConnectMouse() {
     };
 }
 
+void GraphWindow::ConnectKeys() {
+    view_->setFocusPolicy(Qt::StrongFocus);
+    view_->setAccessibleName(chart_->accessibleName());
+    view_->installEventFilter(this);
+    setFocusProxy(view_);
+    document_.onFullSize = [this] { ToggleFullSize(); };
+    const auto onKey = [this](const QKeySequence& keys, MenuEntry& entry) {
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(shortcut, &QShortcut::activated, this,
+                [&entry] { Binder::Run(&entry, [&] { Press(entry); }); });
+    };
+    onKey(Qt::Key_F11, document_.mnuFullSize);
+    onKey(Qt::CTRL | Qt::Key_Plus, document_.mnuZoom);
+    onKey(Qt::CTRL | Qt::Key_Equal, document_.mnuZoom);
+    onKey(Qt::CTRL | Qt::Key_0, document_.mnuZoomReset);
+}
+
+bool GraphWindow::KeyPressed(const QKeyEvent& key) {
+    const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
+    for (const KeyRow& row : kChartKeys) {
+        if (row.key != key.key() || row.modifiers != modifiers)
+            continue;
+        bool taken = false;
+        Binder::Run(nullptr, [&] { taken = KeyOnChart(document_.ps, document_, row.meaning); });
+        if (taken)
+            SpeakReadout();
+        return taken;
+    }
+    return false;
+}
+
+/// Screen readers tell the name of what has the focus when it changes.
+void GraphWindow::SpeakReadout() {
+    const QString spoken = ToQt(SpokenReadout(document_)).simplified();
+    if (spoken.isEmpty())
+        return;
+    view_->setAccessibleName(spoken);
+    view_->setAccessibleDescription(ToQt(document_.surface.header.text).simplified());
+    QAccessibleEvent changed(view_, QAccessible::NameChanged);
+    QAccessible::updateAccessibility(&changed);
+}
+
+void GraphWindow::ToggleFullSize() {
+    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
+        if (auto* const window = qobject_cast<QMdiSubWindow*>(above)) {
+            window->isMaximized() ? window->showNormal() : window->showMaximized();
+            return;
+        }
+}
+
 void GraphWindow::ShowPointer() {
-    view_->setCursor(CursorOf(document_.pointer));
+    if (const Qt::CursorShape shape = CursorOf(document_.pointer); view_->cursor().shape() != shape)
+        view_->setCursor(shape);
 }
 
 /// A panel leaves the layout and floats over the chart, where it can be dragged.
@@ -115,6 +206,21 @@ void GraphWindow::Float(QWidget& panel) {
                                 .arg(panel.objectName()));
     panel.installEventFilter(this);
     panels_.push_back(&panel);
+    AddCloseButton(panel);
+}
+
+/// At the corner of a panel; Esc does the same, so it is left out of the order of tabs.
+void GraphWindow::AddCloseButton(QWidget& panel) {
+    auto* const close = new QToolButton(&panel);
+    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+    close->setAutoRaise(true);
+    close->setFocusPolicy(Qt::NoFocus);
+    close->setToolTip(QStringLiteral("Close <Esc>").toHtmlEscaped());
+    close->setAccessibleName(QStringLiteral("Close"));
+    close->resize(close->sizeHint());
+    connect(close, &QToolButton::clicked, this,
+            [this] { Binder::Run(nullptr, [&] { FuPanelsZu(document_); }); });
+    close->setProperty(kCloses, true);
 }
 
 /// The chart is never smaller than the panels upon it: the window scrolls before a button is cut off.
@@ -138,6 +244,10 @@ void GraphWindow::PlacePanel(QWidget& panel) {
     place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - panel.width())));
     place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - panel.height())));
     panel.move(place);
+    for (QWidget* own : panel.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (own->property(kCloses).toBool())
+            own->move(panel.width() - own->width() - kCloseMargin, kCloseMargin);
+    }
 }
 
 void GraphWindow::resizeEvent(QResizeEvent* event) {
@@ -148,6 +258,11 @@ void GraphWindow::resizeEvent(QResizeEvent* event) {
 }
 
 bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view_) {
+        if (event->type() == QEvent::KeyPress)
+            return KeyPressed(static_cast<QKeyEvent&>(*event));
+        return false;
+    }
     auto* const panel = qobject_cast<QWidget*>(watched);
     switch (event->type()) {
     case QEvent::Show:
@@ -157,6 +272,9 @@ bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
         break;
     case QEvent::Hide:
         MakeRoom();
+        // Whoever worked in the panel goes on in the chart.
+        if (isVisible() && (focusWidget() == nullptr || panel->isAncestorOf(focusWidget())))
+            view_->setFocus(Qt::OtherFocusReason);
         break;
     case QEvent::LayoutRequest: // its contents were shown or hidden
         if (panel->isVisible())

@@ -26,6 +26,11 @@ protected:
 
 private:
     void ConnectMouse();
+    void ConnectKeys();
+    bool KeyPressed(const QKeyEvent& key);
+    void SpeakReadout();
+    void AddCloseButton(QWidget& panel);
+    void ToggleFullSize();
     void Float(QWidget& panel);
     void MakeRoom();
     void PlacePanel(QWidget& panel);
@@ -35,6 +40,7 @@ private:
     PlotView* view_ = nullptr;
     QWidget* chart_ = nullptr;
     QSize smallestChart_;
+    Handler refreshTexts_; ///< what the record does before it is shown
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
     DiagramText shownText_ = DiagramText::Header;

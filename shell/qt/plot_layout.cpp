@@ -193,12 +193,19 @@ void PlaceNumbersOfY(AxisLayout& axis, Placement placement, double distance, dou
     ThinNumbers(axis, false, apart / 4); // lines of text may stand closer than words
 }
 
-/// Numbers inside the plot area make way for the line of the other axis.
-void ClearCrossing(AxisLayout& axis, bool horizontal, double otherLine, const QRectF& plotArea) {
+/// Numbers inside the plot area make way for the line of the other axis and for the frame.
+void ClearCrossing(AxisLayout& axis, bool horizontal, double otherLine, const QRectF& plotArea,
+                   bool framed) {
+    const double edges[] = {horizontal ? plotArea.left() : plotArea.top(),
+                            horizontal ? plotArea.right() : plotArea.bottom()};
     for (std::size_t i = axis.numbers.size(); i-- > 0;) {
         const QRectF& rect = axis.numbers[i].rect;
-        const bool crossed = horizontal ? rect.left() < otherLine && otherLine < rect.right()
-                                        : rect.top() < otherLine && otherLine < rect.bottom();
+        const auto crosses = [&](double line) {
+            return horizontal ? rect.left() < line && line < rect.right()
+                              : rect.top() < line && line < rect.bottom();
+        };
+        const bool crossed =
+            crosses(otherLine) || (framed && (crosses(edges[0]) || crosses(edges[1])));
         if (crossed && plotArea.adjusted(1, 1, -1, -1).intersects(rect)) {
             axis.numbers.erase(axis.numbers.begin() + static_cast<std::ptrdiff_t>(i));
             axis.marks.erase(axis.marks.begin() + static_cast<std::ptrdiff_t>(i));
@@ -247,7 +254,7 @@ Sides AutomaticMargins(const PlotSurface& surface, const PictureLayout& layout, 
                                              layout.chartArea.height() * 0.8, distance);
     // A tick stands out even where no numbers are, and the last number hangs over the corner.
     const double tick = kTick * ppp;
-    Sides sides{.left = std::max(leftOfY, tick),
+    Sides sides{.left = std::max({leftOfY, Widest(layout.x.numbers) / 2, tick}),
                 .right = std::max({rightOfY, Widest(layout.x.numbers) / 2, tick}),
                 .top = std::max({aboveX, Highest(layout.y.numbers) / 2, tick}),
                 .bottom = std::max(belowX, tick)};
@@ -260,7 +267,7 @@ Sides AutomaticMargins(const PlotSurface& surface, const PictureLayout& layout, 
     return sides;
 }
 
-QRect AxisRect(const PlotSurface& surface, const PictureLayout& layout, double ppp) {
+QRect AxisRect(const PlotSurface& surface, PictureLayout& layout, double ppp) {
     Sides sides = AutomaticMargins(surface, layout, ppp);
     const Margins& set = surface.margins;
     const auto take = [](double& side, const Margin& margin) {
@@ -271,6 +278,13 @@ QRect AxisRect(const PlotSurface& surface, const PictureLayout& layout, double p
     take(sides.right, set.right);
     take(sides.top, set.top);
     take(sides.bottom, set.bottom);
+    const auto came = [](const Margin& margin, double width) {
+        return Margin{.width = qRound(width), .automatic = margin.automatic};
+    };
+    layout.margins = {.left = came(set.left, sides.left),
+                      .right = came(set.right, sides.right),
+                      .top = came(set.top, sides.top),
+                      .bottom = came(set.bottom, sides.bottom)};
     const QRectF& area = layout.chartArea;
     const QRectF inside = area.adjusted(sides.left, sides.top, -sides.right, -sides.bottom);
     QRect rect(qRound(inside.left()), qRound(inside.top()), qRound(inside.width()),
@@ -374,6 +388,9 @@ void PlaceLegend(PictureLayout& layout, const PlotSurface& surface, double ppp) 
     else if (surface.legend.orientation == Orientation::Horizontal)
         place = {layout.plotArea.center().x() - rect.width() / 2,
                  layout.chartArea.bottom() + kLegendGap * ppp};
+    // Wherever it is asked to stand, it stays inside the picture.
+    place.setX(std::clamp(place.x(), 0.0, std::max(0.0, layout.picture.width() - rect.width())));
+    place.setY(std::clamp(place.y(), 0.0, std::max(0.0, layout.picture.height() - rect.height())));
     MoveLegend(*layout.legend, place);
 }
 
@@ -395,8 +412,8 @@ void PlaceAxes(PictureLayout& layout, const PlotSurface& surface, double ppp) {
     const double distance = (kTick + kNumberGap) * ppp, apart = kNumberApart * ppp;
     PlaceNumbersOfX(layout.x, x.annotation, distance, apart);
     PlaceNumbersOfY(layout.y, y.annotation, distance, apart);
-    ClearCrossing(layout.x, true, layout.y.line, area);
-    ClearCrossing(layout.y, false, layout.x.line, area);
+    ClearCrossing(layout.x, true, layout.y.line, area, surface.plotAreaFrame);
+    ClearCrossing(layout.y, false, layout.x.line, area, surface.plotAreaFrame);
 }
 
 void PlaceTitles(PictureLayout& layout, double ppp) {
@@ -417,8 +434,10 @@ void PlaceTitles(PictureLayout& layout, double ppp) {
         left = std::min(left, number.rect.left());
         top = std::min(top, number.rect.top());
     }
-    for (const TextBox& number : layout.x.numbers)
+    for (const TextBox& number : layout.x.numbers) {
+        left = std::min(left, number.rect.left());
         top = std::min(top, number.rect.top());
+    }
     if (layout.y.title->vertical) {
         rect.moveRight(left - kTitleGap * ppp);
         rect.moveTop(area.center().y() - rect.height() / 2);
@@ -488,6 +507,8 @@ PlotLayout ToPlotLayout(const PictureLayout& layout) {
     PlotLayout result;
     result.picture = pixels(layout.picture);
     result.plotArea = pixels(layout.plotArea);
+    result.chartArea = pixels(layout.chartArea);
+    result.margins = layout.margins;
     if (layout.legend)
         result.legend = pixels(layout.legend->rect);
     if (layout.header)

@@ -44,6 +44,7 @@ struct PictureLayout {
     QRectF picture, chartArea;
     QRect axisRect;  ///< whole pixels, as the plotting axes take it
     QRectF plotArea; ///< what the data ranges cover
+    Margins margins; ///< pixels, as wide as they came out
     std::optional<TextBox> header, footer;
     AxisLayout x, y;
     std::optional<LegendLayout> legend;

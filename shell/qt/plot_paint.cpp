@@ -258,13 +258,15 @@ void DrawLegend(QCPPainter& painter, const PlotSurface& surface, const LegendLay
     for (const LegendEntry& entry : legend.entries) {
         const auto [group, series] = entry.line;
         const QPointF centre = entry.sample.center();
-        const LineStyle& line = GetLineStyle(surface, group, series);
+        LineStyle line = GetLineStyle(surface, group, series);
+        line.colour = SeenOn(LegendGround(surface), line.colour);
         if (line.pattern != LinePattern::None) {
             painter.setPen(ToPen(line, widthFactor));
             painter.drawLine(QPointF(entry.sample.left(), centre.y()),
                              QPointF(entry.sample.right(), centre.y()));
         }
-        const SymbolStyle& symbol = GetSymbol(surface, group, series);
+        SymbolStyle symbol = GetSymbol(surface, group, series);
+        symbol.colour = SeenOn(LegendGround(surface), symbol.colour);
         if (symbol.shape != SymbolShape::Hidden) {
             const QCPScatterStyle scatter = ToScatter(symbol);
             scatter.applyTo(&painter, scatter.pen());

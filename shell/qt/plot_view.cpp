@@ -13,7 +13,8 @@ namespace zorvant {
 namespace {
 
 constexpr double kPointsPerInch = 72;
-constexpr double kPictureDotsPerInch = 96; ///< of pictures that are not on a screen
+constexpr double kPictureDotsPerInch = 96;          ///< of pictures that are not on a screen
+constexpr double kCursorRadius = 6, kCursorPen = 2; ///< pixels
 constexpr double kNoNumber = std::numeric_limits<double>::quiet_NaN();
 
 /// Marks that were settled elsewhere.
@@ -103,14 +104,15 @@ public:
 
     /// Everything from the record; nothing is painted yet.
     void Build(PlotSurface& surface, QSize size, double pixelsPerPoint, double lineFactor);
-    /// The rectangle of the zoom has a buffer of its own only while it is drawn: laying one more over
-    /// the picture takes as long as the curves.
+    /// The rectangle of the zoom and the marked point have a buffer of their own only while there is
+    /// one: laying one more over the picture takes as long as the curves.
     void PaintOverlay() {
         QCPLayer& overlay = *layer(QStringLiteral("overlay"));
-        const bool dragging = surface_ != nullptr && surface_->rubber.dragging;
-        const QCPLayer::LayerMode mode = dragging ? QCPLayer::lmBuffered : QCPLayer::lmLogical;
+        const bool used =
+            surface_ != nullptr && (surface_->rubber.dragging || surface_->cursor.has_value());
+        const QCPLayer::LayerMode mode = used ? QCPLayer::lmBuffered : QCPLayer::lmLogical;
         if (overlay.mode() == mode) {
-            if (dragging)
+            if (used)
                 overlay.replot();
             return;
         }
@@ -152,6 +154,7 @@ private:
     void PaintBackground(QCPPainter& painter) const;
     void PaintTexts(QCPPainter& painter) const;
     void PaintRubber(QCPPainter& painter) const;
+    void PaintCursor(QCPPainter& painter) const;
 
     PlotView& view_;
     PlotSurface* surface_ = nullptr;
@@ -187,8 +190,10 @@ PlotView::Canvas::Canvas(PlotView& view) : QCustomPlot(&view), view_(view) {
     });
     new Painted(this, QStringLiteral("legend"),
                 [this](QCPPainter& painter) { PaintTexts(painter); });
-    new Painted(this, QStringLiteral("overlay"),
-                [this](QCPPainter& painter) { PaintRubber(painter); });
+    new Painted(this, QStringLiteral("overlay"), [this](QCPPainter& painter) {
+        PaintCursor(painter);
+        PaintRubber(painter);
+    });
     connect(this, &QCustomPlot::afterReplot, this, [this] { ++repaints; });
 }
 
@@ -221,7 +226,9 @@ void PlotView::Canvas::BuildSeries(SeriesItems& items, const PlotSeries& series,
                            none ? kNoNumber : series.y[i]});
         }
         items.line->data()->set(points, true);
-        items.line->setPen(ToPen(series.line, lineFactor_));
+        LineStyle style = series.line;
+        style.colour = SeenOn(PlotGround(*surface_), style.colour);
+        items.line->setPen(ToPen(style, lineFactor_));
         items.line->frame = layout_.plotArea;
     }
     if (hasSymbols) {
@@ -237,7 +244,9 @@ void PlotView::Canvas::BuildSeries(SeriesItems& items, const PlotSeries& series,
                 y.Shows(series.y[i]))
                 points.append({static_cast<double>(i), series.x[i], series.y[i]});
         items.symbols->data()->set(points, true);
-        items.symbols->setScatterStyle(ToScatter(series.symbol));
+        SymbolStyle style = series.symbol;
+        style.colour = SeenOn(PlotGround(*surface_), style.colour);
+        items.symbols->setScatterStyle(ToScatter(style));
     }
     if (items.line != nullptr)
         items.line->setVisible(hasLine);
@@ -304,6 +313,25 @@ void PlotView::Canvas::PaintTexts(QCPPainter& painter) const {
                ToColour(surface_->chart.fore, kBlack));
 }
 
+/// A ring and a cross hair around the point that the keys walk along.
+void PlotView::Canvas::PaintCursor(QCPPainter& painter) const {
+    const std::optional<SeriesPoint> at =
+        surface_ == nullptr ? std::nullopt : ShownCursor(*surface_);
+    if (!at)
+        return;
+    const QPointF centre(layout_.x.scale.Pixel(GetX(*surface_, at->group, at->series, at->point)),
+                         layout_.y.scale.Pixel(GetY(*surface_, at->group, at->series, at->point)));
+    const QColor colour = ToColour(PlotGround(*surface_).fore, kBlack);
+    const QRectF& area = layout_.plotArea;
+    painter.setAntialiasing(true);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(colour, 1, Qt::DotLine));
+    painter.drawLine(QPointF(centre.x(), area.top()), QPointF(centre.x(), area.bottom()));
+    painter.drawLine(QPointF(area.left(), centre.y()), QPointF(area.right(), centre.y()));
+    painter.setPen(QPen(colour, kCursorPen));
+    painter.drawEllipse(centre, kCursorRadius, kCursorRadius);
+}
+
 void PlotView::Canvas::PaintRubber(QCPPainter& painter) const {
     if (surface_ == nullptr || !surface_->rubber.dragging)
         return;
@@ -353,7 +381,10 @@ void PlotView::PaintOn(QPaintDevice& device, PlotSurface& surface, QSize size,
     painter.begin(&device);
     painter.setMode(QCPPainter::pmVectorized, vector);
     painter.setTransform(place);
+    // What lies over the picture on the screen does not belong to it.
+    canvas_->layer(QStringLiteral("overlay"))->setVisible(false);
     canvas_->toPainter(&painter, size.width(), size.height());
+    canvas_->layer(QStringLiteral("overlay"))->setVisible(true);
     painter.end();
     if (surface_ != nullptr)
         Refresh();

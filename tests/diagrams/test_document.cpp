@@ -383,7 +383,7 @@ TEST_F(Document, OpensPanelsByRightClick) {
     EXPECT_EQ(doc.TextTarget, DiagramText::Header);
     MouseDown(ps, doc, MouseButton::Right, 2, 298);
     EXPECT_TRUE(doc.fraTabs.visible);
-    EXPECT_EQ(doc.settingsPage, SettingsPage::Frame);
+    EXPECT_EQ(doc.design.tabSettings.selected, static_cast<int>(SettingsPage::Frame));
 
     // a curve in slot 24 has a readout but no page
     SetPoints(doc.surface, kLines, 24, {20}, {0.9});

@@ -95,10 +95,14 @@ TEST_F(PlotSurfaceTest, MarksStandAtMultiplesInsideTheFrame) {
 
     EXPECT_TRUE(SetNumberSpacing(surface, AxisId::Y, 75, false));
     EXPECT_EQ(MarksOf(surface, AxisId::Y).numbers, (std::vector<double>{0, 75, 150, 225, 300}));
-    EXPECT_TRUE(SetNumberSpacing(surface, AxisId::Y, 1e-9, false));
-    EXPECT_EQ(MarksOf(surface, AxisId::Y).numbers.size(), 7U) << "too many: the automatic ones";
-    for (const double refused : {0.0, -1.0, double{NAN}, double{INFINITY}})
-        EXPECT_FALSE(SetNumberSpacing(surface, AxisId::Y, refused, false));
+    // 0, 0.15, 0.3 ... 300 are 2001 marks
+    for (const double refused : {0.0, -1.0, double{NAN}, double{INFINITY}, 0.15, 1e-9})
+        EXPECT_FALSE(SetNumberSpacing(surface, AxisId::Y, refused, false)) << refused;
+    EXPECT_TRUE(SetNumberSpacing(surface, AxisId::Y, 0.1501, false));
+    EXPECT_EQ(MarksOf(surface, AxisId::Y).numbers.size(), 1999U);
+    Frame(-0.25, 1.1, 0, 400);
+    EXPECT_EQ(MarksOf(surface, AxisId::Y).numbers.size(), 9U) << "too many now: the automatic ones";
+    Frame(-0.25, 1.1, 0, 300);
     EXPECT_TRUE(SetNumberSpacing(surface, AxisId::Y, 0, true));
     EXPECT_EQ(GetAxis(surface, AxisId::Y).number.value, 50);
 }

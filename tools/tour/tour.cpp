@@ -1,10 +1,11 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER [editors|notes|pictures] [dark]    with a second word those stations alone
+//     zorvant_tour FOLDER [editors|design|notes|pictures] [dark]    with a second word those stations alone
 #include "data/file_dialog.h"
 #include "data/project_file.h"
-#include "diagrams/diagram_document.h"
+#include "diagrams/diagram_walk.h"
+#include "diagrams/frm_z_graph_2d.h"
 #include "engine/calc_dialog.h"
 #include "engine/frm_zor_model.h"
 #include "platform/host.h"
@@ -214,6 +215,78 @@ public:
         Close("frmZGraph2D");
     }
 
+    /// Every panel that changes how a diagram looks, and what it can be made to look like.
+    void Design() {
+        Command("mnuctGraph");
+        auto& model =
+            dynamic_cast<frmZorModel&>(*FindForm(program_.state().desktop, "frmZorModel"));
+        Press(model.optTyp, 7);
+        Click("frmPrepareTimeDiagram", "cmdDrawctDiagram");
+        auto& doc = dynamic_cast<frmZGraph2D&>(*FindForm(program_.state().desktop, "frmZGraph2D"));
+        DesignControls& design = doc.design;
+        const auto picture = [this](const char* name) {
+            Picture(QStringLiteral("design_") + QString::fromLatin1(name));
+        };
+        Press(doc.mnuAddLegend);
+        Press(doc.mnuAddLabels);
+        Press(doc.mnuKurvenDesign);
+        picture("curves");
+        Press(doc.mnuCoord);
+        picture("coordinates");
+        Press(doc.mnuDesignMore);
+        for (int page = 0; page < kSettingsPages; ++page) {
+            Choose(design.tabSettings, page);
+            if (page == static_cast<int>(SettingsPage::Origin))
+                Press(design.optStandardOrigin, 1);
+            picture(("settings_" + std::to_string(page)).c_str());
+        }
+        FuPanelsZu(doc);
+        for (Button* scheme :
+             {&design.cmdFullBlack, &design.cmdRandColGrau, &design.cmdFullWhite}) {
+            Press(*scheme);
+            picture(scheme->name.c_str());
+        }
+        KeyOnChart(program_.state(), doc, ChartKey::Home);
+        for (int i = 0; i < 3; ++i)
+            KeyOnChart(program_.state(), doc, ChartKey::PageDown);
+        picture("walk");
+        Press(doc.mnuZoom);
+        const PixelRect area = doc.surface.layout.plotArea;
+        RubberDown(doc.surface, area.left + 80, area.top + 40);
+        RubberMove(doc.surface, area.left + 260, area.top + 220);
+        picture("zoom_drag");
+        MouseUp(program_.state(), doc, MouseButton::Left, area.left + 260, area.top + 220);
+        picture("zoomed");
+        Press(doc.mnuZoomReset);
+        Press(doc.mnuXLog);
+        Press(doc.mnuYLog);
+        picture("log_log");
+        Press(doc.mnuXLog);
+        Press(doc.mnuYLog);
+        const char* const limits[] = {"-20", "100", "-0.4", "1"};
+        for (int i = 1; i <= 4; ++i)
+            SetText(doc.coord(i), limits[i - 1]);
+        Press(doc.mnuCoord);
+        for (int i = 1; i <= 4; ++i)
+            SetText(doc.coord(i), limits[i - 1]);
+        Press(doc.cmdCoord_OK);
+        Press(design.optStandardOrigin, 1);
+        Press(design.optXOrigin, 1);
+        Press(design.optYOrigin, 1);
+        Press(design.optXZiffern, 1);
+        Press(design.optYZiffern, 1);
+        picture("origin_at_zero");
+        Press(design.optXOrigin, 2);
+        Press(design.optYOrigin, 2);
+        Press(design.optXZiffern, 2);
+        Press(design.optYZiffern, 2);
+        picture("origin_at_maximum");
+        Press(doc.mnuXLog);
+        Press(design.optXOrigin, 1);
+        Press(design.optYOrigin, 1);
+        picture("log_origin_at_zero");
+    }
+
     void MichaelisMenten() {
         Command("mnuctGraph");
         auto& model =
@@ -250,7 +323,7 @@ private:
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) {
-        std::fputs("zorvant_tour FOLDER [editors|notes|pictures] [dark]\n", stderr);
+        std::fputs("zorvant_tour FOLDER [editors|design|notes|pictures] [dark]\n", stderr);
         return 2;
     }
     const QStringList wanted = QCoreApplication::arguments().mid(2);
@@ -270,6 +343,8 @@ int main(int argc, char** argv) {
     Tour tour(program, folder);
     if (wanted.contains(QStringLiteral("editors")))
         tour.Editors();
+    else if (wanted.contains(QStringLiteral("design")))
+        tour.Design();
     else if (wanted.contains(QStringLiteral("pictures")))
         tour.Pictures();
     else if (wanted.contains(QStringLiteral("notes"))) {

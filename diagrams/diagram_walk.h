@@ -1,0 +1,34 @@
+// The chart by keys: the points of the selected curve or point set one after the other, with their
+// values in the readout.
+#pragma once
+
+#include "diagrams/diagram_document.h"
+
+namespace zorvant {
+
+enum class ChartKey {
+    Left,     ///< the point before
+    Right,    ///< the next one
+    PageUp,   ///< kWalkStride points back
+    PageDown, ///< and on
+    Home,     ///< the first and the last point
+    End,
+    Up, ///< the series before, at the same x
+    Down,
+    Delete, ///< asks whether the point shall be deleted
+    Design, ///< the design panel of the series, as a right click
+};
+inline constexpr int kWalkStride = 10;
+
+/// Walks over the curves 1..24 and the point sets, as far as they can be seen in the frame.
+/// Returned: false where there is nothing to walk to; the key is then nobody's
+bool KeyOnChart(ProjectState& ps, DiagramDocument& doc, ChartKey key);
+
+/// The curve or point set that the keys begin with: drawn, clicked, or brought to the front of its
+/// panel last.
+void SelectSeries(DiagramDocument& doc, int group, int series, int point = 0);
+
+/// The readout as a sentence: "curve 2, B: X =  50;      Y =  0.5", for those who hear it.
+std::string SpokenReadout(const DiagramDocument& doc);
+
+} // namespace zorvant

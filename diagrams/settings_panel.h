@@ -1,0 +1,64 @@
+// Colours, frames, margins, legend and labels of a diagram, and the panels that show its design.
+#pragma once
+
+#include "diagrams/diagram_document.h"
+
+namespace zorvant {
+
+/// Connects the settings panel with its handlers.
+void WireDesign(ProjectState& ps, DiagramDocument& doc);
+
+/// Writes the state of the plot surface into the controls of all design panels: settings, curves and
+/// points. For whoever has changed the surface as a whole, and whenever a panel opens.
+void ShowDesign(DiagramDocument& doc);
+
+// --- colour schemes: backgrounds of chart, chart area, plot area, header and footer, with the
+// foregrounds that go with them
+
+void cmdFullBlack_Click(DiagramDocument& doc);
+void cmdFullWhite_Click(DiagramDocument& doc);
+void cmdRandColGrau_Click(DiagramDocument& doc);
+/// One background by the colour dialog: of the whole chart (texts upon it that had its colour follow),
+/// the chart area with its axes, the plot area. What stands upon it stays readable.
+void cmdRandCol_out_Click(DiagramDocument& doc);
+void cmdRandCol_in_Click(DiagramDocument& doc);
+void cmdColor_in_Click(DiagramDocument& doc);
+/// Black or white, whichever is read better upon a ground.
+/// Formula: relative luminance above 0.4 is light ground; weights of ITU-R BT.709
+Colour ReadableOn(Colour ground);
+
+// --- frame, border, margins, chart area
+
+void chkDiaFrame_Click(DiagramDocument& doc);
+void optFrameType_Click(DiagramDocument& doc, int index);
+void UpDownRBreite_Change(DiagramDocument& doc);
+/// Automatic margins; switching them off keeps the widths that they came out with.
+void chkAutoRand_Click(DiagramDocument& doc);
+void MarginSlider_Change(DiagramDocument& doc);
+void chkAutoChartArea_Click(DiagramDocument& doc);
+
+enum class Edge { Left, Right, Top, Bottom };
+/// Moves one edge of the chart area; the opposite one stays, at least kLeastChartArea away.
+void ChartAreaSlider_Change(DiagramDocument& doc, Edge edge);
+inline constexpr double kLeastChartArea = 0.1; ///< share of the picture
+
+// --- legend
+
+void optLegOrient_Click(DiagramDocument& doc, int index);
+void chkAutoLegend_Click(DiagramDocument& doc);
+void scrLegH_Change(DiagramDocument& doc);
+void scrlegV_Change(DiagramDocument& doc);
+void chkLegFrame_Click(DiagramDocument& doc);
+void chkLegTransparent_Click(DiagramDocument& doc);
+void cmdLegFont_Click(DiagramDocument& doc);
+void cmdLegBColor_Click(DiagramDocument& doc);
+void cmdLegFColor_Click(DiagramDocument& doc);
+
+// --- the labels of all curves
+
+void cmdFontLabel_Click(DiagramDocument& doc);
+void cmdLabelFColor_Click(DiagramDocument& doc);
+void cmdLabelBColor_Click(DiagramDocument& doc);
+void chkLabelFrame_Click(DiagramDocument& doc);
+
+} // namespace zorvant
