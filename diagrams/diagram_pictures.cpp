@@ -211,12 +211,12 @@ void WirePicturePanel(DiagramDocument& doc, PicturePanel& panel) {
     panel.txtHeight_in_cm.disabledTip = "follows from the width and the shape of the diagram";
     panel.txtWidth_in_cm.disabledTip = "follows from the height and the shape of the diagram";
     for (TextField* box : {&panel.txtPictureWidth, &panel.txtPictureHeight, &panel.txtPictureDpi}) {
-        box->onKeyPress = [](int& key) { FilterNumericKey(key); };
+        box->onKeyPress = [](int& key) { key = FilterNumericKey(key) ? key : 0; };
         box->onChange = [&panel] { ShowPictureSize(panel); };
     }
     for (TextField* box : {&panel.txtTop_in_cm, &panel.txtLeft_in_cm, &panel.txtHeight_in_cm,
                            &panel.txtWidth_in_cm}) {
-        box->onKeyPress = [](int& key) { FilterNumericKey(key); };
+        box->onKeyPress = [](int& key) { key = FilterNumericKey(key) ? key : 0; };
         box->onChange = [&doc, &panel] { ShowPrintSize(doc, panel); };
     }
     panel.cmbGraphFormat.onClick = [&panel] { cmbGraphFormat_Click(panel); };
