@@ -4,6 +4,8 @@
 #include "platform/host.h"
 #include "platform/number_text.h"
 
+#include <cmath>
+
 namespace zorvant {
 namespace {
 
@@ -38,13 +40,16 @@ void ShowOrigin(DiagramDocument& doc, bool manual) {
     design.txtYOrigin.text = PlainText(static_cast<double>(doc.ps.Frame.yMin));
 }
 
-/// " X from 0.5", or nothing for an axis that is linear or shows its whole range.
+/// " X from 0.5" with three digits, or nothing for an axis that is linear or shows its whole range.
 std::string LogHint(const PlotSurface& surface, AxisId axis, const char* name) {
     const PlotAxis& a = GetAxis(surface, axis);
     if (!a.log || std::min(a.min, a.max) > 0)
         return {};
     const ShownAxisRange range = ShownRange(surface, axis);
-    return std::string(" ") + name + (range.log ? " from" + GeneralText(range.min) : " none");
+    if (!range.log)
+        return std::string(" ") + name + " none";
+    const double unit = std::pow(10.0, std::floor(std::log10(range.min)) - 2);
+    return std::string(" ") + name + " from" + GeneralText(std::round(range.min / unit) * unit);
 }
 
 } // namespace

@@ -50,6 +50,11 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     };
     cmdEscGraph.isCancel = true;
     cmdEscGraph.onClick = [this] { Escape(); };
+    onRefresh = [this, texts = onRefresh] {
+        texts();
+        mnuXLog.checked = GetAxisLog(surface, AxisId::X);
+        mnuYLog.checked = GetAxisLog(surface, AxisId::Y);
+    };
     BuildMenu();
     Declare();
 }

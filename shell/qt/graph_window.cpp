@@ -79,8 +79,10 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     if (auto* const outer = qobject_cast<QVBoxLayout*>(this->layout()))
         outer->setStretchFactor(chart_, 1);
     chart_->setAccessibleName(QStringLiteral("Diagram"));
-    ui.lblMausPosNr->setAccessibleName(QStringLiteral("Curve or point set under the pointer"));
-    ui.lblMausPos->setAccessibleName(QStringLiteral("Coordinates under the pointer"));
+    // Their names are their texts: those are what is read out.
+    ui.lblMausPosNr->setAccessibleDescription(
+        QStringLiteral("Curve or point set under the pointer"));
+    ui.lblMausPos->setAccessibleDescription(QStringLiteral("Coordinates under the pointer"));
     for (QWidget* panel :
          std::initializer_list<QWidget*>{ui.fraTabs, ui.fraKurven, ui.fraPunkte, ui.fraSchrift,
                                          ui.fraCoordInput, ui.fraPrintIt, ui.fraResolution})
@@ -141,6 +143,14 @@ void GraphWindow::ConnectKeys() {
     view_->setAccessibleName(chart_->accessibleName());
     view_->installEventFilter(this);
     setFocusProxy(view_);
+    setTabOrder(view_, findChild<QPushButton*>(QStringLiteral("cmdSingleCalc")));
+    focusEdge_ = new QFrame(chart_);
+    focusEdge_->setFrameShape(QFrame::Box);
+    focusEdge_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    QPalette edge = focusEdge_->palette();
+    edge.setColor(QPalette::WindowText, edge.color(QPalette::Highlight));
+    focusEdge_->setPalette(edge);
+    focusEdge_->hide();
     document_.onFullSize = [this] { ToggleFullSize(); };
     const auto onKey = [this](const QKeySequence& keys, MenuEntry& entry) {
         auto* const shortcut = new QShortcut(keys, this);
@@ -177,6 +187,15 @@ void GraphWindow::SpeakReadout() {
     view_->setAccessibleDescription(ToQt(document_.surface.header.text).simplified());
     QAccessibleEvent changed(view_, QAccessible::NameChanged);
     QAccessible::updateAccessibility(&changed);
+}
+
+/// An edge shows that the keys have come to the chart; a click need not be told.
+void GraphWindow::ShowFocus(const QEvent& event) {
+    const Qt::FocusReason reason = static_cast<const QFocusEvent&>(event).reason();
+    const bool byKey = event.type() == QEvent::FocusIn &&
+                       (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason);
+    focusEdge_->setGeometry(chart_->rect());
+    focusEdge_->setVisible(byKey);
 }
 
 void GraphWindow::ToggleFullSize() {
@@ -250,8 +269,15 @@ void GraphWindow::PlacePanel(QWidget& panel) {
     }
 }
 
+/// A diagram that has come is walked along by the keys at once.
+void GraphWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    view_->setFocus(Qt::OtherFocusReason);
+}
+
 void GraphWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    focusEdge_->hide(); // it would not fit any more
     for (QWidget* panel : panels_)
         if (panel->isVisible())
             PlacePanel(*panel);
@@ -261,6 +287,8 @@ bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view_) {
         if (event->type() == QEvent::KeyPress)
             return KeyPressed(static_cast<QKeyEvent&>(*event));
+        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+            ShowFocus(*event);
         return false;
     }
     auto* const panel = qobject_cast<QWidget*>(watched);

@@ -23,6 +23,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void ConnectMouse();
@@ -31,6 +32,7 @@ private:
     void SpeakReadout();
     void AddCloseButton(QWidget& panel);
     void ToggleFullSize();
+    void ShowFocus(const QEvent& event);
     void Float(QWidget& panel);
     void MakeRoom();
     void PlacePanel(QWidget& panel);
@@ -40,7 +42,8 @@ private:
     PlotView* view_ = nullptr;
     QWidget* chart_ = nullptr;
     QSize smallestChart_;
-    Handler refreshTexts_; ///< what the record does before it is shown
+    Handler refreshTexts_;        ///< what the record does before it is shown
+    QFrame* focusEdge_ = nullptr; ///< around the chart when the keys have come to it
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
     DiagramText shownText_ = DiagramText::Header;

@@ -166,6 +166,43 @@ TEST(PlotLayout, PutsAxesAndNumbersWhereTheyAreAskedTo) {
     EXPECT_DOUBLE_EQ(layout.y.line, layout.plotArea.left());
 }
 
+TEST(PlotLayout, KeepsTextsApartWhereverAxesAndNumbersStand) {
+    constexpr Placement kAll[] = {Placement::Min, Placement::AtZero, Placement::Max};
+    for (const auto& [min, max, log] : {
+             std::tuple(-20.0, 100.0, false),
+             {0.0,    100.0, false},
+             {-100.0, -20.0, false},
+             {0.1,    1e4,   true }
+    })
+        for (const Placement ofX : kAll)
+            for (const Placement ofY : kAll)
+                for (const bool vertical : {false, true}) {
+                    PlotSurface surface = EmptyDiagram();
+                    for (const AxisId axis : {AxisId::X, AxisId::Y}) {
+                        SetAxisLog(surface, axis, log);
+                        SetAxis(surface, axis, min, max, min, max);
+                        SetAxisOrigin(surface, axis, axis == AxisId::X ? ofY : ofX);
+                        SetAxisAnnotation(surface, axis, axis == AxisId::X ? ofX : ofY,
+                                          vertical ? TextRotation::Vertical
+                                                   : TextRotation::Horizontal);
+                    }
+                    const PictureLayout layout = LayOut(surface, {700, 450}, kPixelsPerPoint);
+                    const auto where = ::testing::Message()
+                                       << min << ' ' << max << " x " << static_cast<int>(ofX)
+                                       << " y " << static_cast<int>(ofY) << ' ' << vertical;
+                    EXPECT_GE(std::min(layout.x.numbers.size(), layout.y.numbers.size()), 2U)
+                        << where;
+                    const std::vector<TextBox> texts = AllTexts(layout);
+                    for (std::size_t i = 0; i < texts.size(); ++i) {
+                        EXPECT_TRUE(layout.picture.contains(texts[i].rect))
+                            << Name(texts[i]) << where;
+                        for (std::size_t j = 0; j < i; ++j)
+                            EXPECT_FALSE(texts[i].rect.intersects(texts[j].rect))
+                                << Name(texts[i]) << " on " << Name(texts[j]) << where;
+                    }
+                }
+}
+
 TEST(PlotLayout, WritesNumbersAsPeopleDo) {
     const QFont font = ToFont({}, kPixelsPerPoint);
     EXPECT_EQ(NumberText("-0.5", font).lines[0], QString::fromUtf8("\u22120.5"));

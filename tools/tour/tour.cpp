@@ -233,6 +233,16 @@ public:
         picture("curves");
         Press(doc.mnuCoord);
         picture("coordinates");
+        program_.state().ManualBuf = {
+            {4,  0   },
+            {10, 0.6F},
+            {30, 0.3F},
+            {50, 0.2F},
+            {70, 0.1F}
+        };
+        Press(doc.cmdManuPoints);
+        Press(doc.mnuPunktDesign);
+        picture("points");
         Press(doc.mnuDesignMore);
         for (int page = 0; page < kSettingsPages; ++page) {
             Choose(design.tabSettings, page);
