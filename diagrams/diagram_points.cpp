@@ -224,8 +224,12 @@ void ShowPointDesign(DiagramDocument& doc) {
         doc.cmbPunktStil(set).index = static_cast<int>(symbol.shape);
         doc.UpDown1_PointSize(set).value = symbol.size;
         doc.Label56(set).text = std::to_string(symbol.size);
-        if (shown)
-            doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
+        if (!shown)
+            continue;
+        doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
+        TabPage& page = doc.tabPunkte.pages[static_cast<std::size_t>(set - 1)];
+        if (page.text.empty())
+            page.text = set == kManualSet ? "manual" : "set " + std::to_string(set);
     }
 }
 

@@ -255,6 +255,17 @@ TEST_F(Settings, PanelsShowASurfaceThatCameFromElsewhere) {
     EXPECT_EQ(doc.txtLegendCurves(2).text, "mine too");
 }
 
+TEST_F(Settings, APageOfPointsHasACaption) {
+    ps.ManualBuf = {
+        {1, 0   },
+        {5, 0.5F}
+    };
+    Press(doc.cmdManuPoints);
+    Press(doc.mnuPunktDesign);
+    EXPECT_EQ(doc.tabPunkte.selected, kManualSet - 1);
+    EXPECT_EQ(doc.tabPunkte.pages[kManualSet - 1].text, "manual");
+}
+
 // --- zoom
 
 TEST_F(Settings, ZoomTakesTheFrameFromTheAxesAndGivesItBack) {
