@@ -9,15 +9,6 @@
 namespace zorvant {
 namespace {
 
-/// The points of a series that can be seen, in their order.
-std::vector<int> SeenPoints(const PlotSurface& surface, int group, int series) {
-    std::vector<int> seen;
-    for (int point = 1; point <= GetPointCount(surface, group, series); ++point)
-        if (IsInFrame(surface, {group, series, point}))
-            seen.push_back(point);
-    return seen;
-}
-
 struct Walkable {
     int group, series;
     std::vector<int> points;
@@ -29,7 +20,7 @@ std::vector<Walkable> WalkableSeries(const PlotSurface& surface) {
              std::pair(kLines, kCurveSlots), {kPoints, kPointSets}
     })
         for (int series = 1; series <= last; ++series)
-            if (auto points = SeenPoints(surface, group, series); !points.empty())
+            if (auto points = PointsInFrame(surface, group, series); !points.empty())
                 list.push_back({group, series, std::move(points)});
     return list;
 }
@@ -108,7 +99,7 @@ int DeletePoint(ProjectState& ps, DiagramDocument& doc) {
     if (!at || at->group != kLines)
         return 0;
     FuPunktLoeschen(ps, doc, at->series, at->point);
-    const std::vector<int> left = SeenPoints(doc.surface, kLines, at->series);
+    const std::vector<int> left = PointsInFrame(doc.surface, kLines, at->series);
     if (left.empty()) {
         SetCursor(doc.surface, std::nullopt);
         return 0;

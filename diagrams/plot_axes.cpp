@@ -432,27 +432,33 @@ void RepaintOverlay(PlotSurface& surface) {
         surface.onRepaint();
 }
 
-bool Shows(const PlotSurface& surface, AxisId axis, double value) {
-    const ShownAxisRange range = ShownRange(surface, axis);
-    const double slack = kMarkTolerance * (range.max - range.min);
-    return value >= range.min - slack && value <= range.max + slack && (!range.log || value > 0);
-}
-
 } // namespace
 
-bool IsInFrame(const PlotSurface& surface, const SeriesPoint& at) {
-    if (at.series < 1 || at.series > GetSeriesCount(surface, at.group))
-        return false;
-    const PlotSeries& series = GetSeries(surface, at.group, at.series);
-    if (series.display != SeriesDisplay::Shown || at.point < 1 ||
-        at.point > static_cast<int>(series.x.size()) || IsHole(series, at.point))
-        return false;
-    const auto i = static_cast<std::size_t>(at.point - 1);
-    return Shows(surface, AxisId::X, series.x[i]) && Shows(surface, AxisId::Y, series.y[i]);
+bool ShownAxisRange::Shows(double value) const {
+    const double slack = kMarkTolerance * (max - min);
+    return value >= min - slack && value <= max + slack && (!log || value > 0);
+}
+
+std::vector<int> PointsInFrame(const PlotSurface& surface, int group, int number) {
+    const PlotSeries& series = GetSeries(surface, group, number);
+    std::vector<int> seen;
+    if (series.display != SeriesDisplay::Shown || series.x.empty())
+        return seen;
+    const ShownAxisRange x = ShownRange(surface, AxisId::X), y = ShownRange(surface, AxisId::Y);
+    for (std::size_t i = 0; i < series.x.size(); ++i)
+        if (!IsHole(series, static_cast<int>(i) + 1) && x.Shows(series.x[i]) &&
+            y.Shows(series.y[i]))
+            seen.push_back(static_cast<int>(i) + 1);
+    return seen;
 }
 
 std::optional<SeriesPoint> ShownCursor(const PlotSurface& surface) {
-    return surface.cursor && IsInFrame(surface, *surface.cursor) ? surface.cursor : std::nullopt;
+    if (!surface.cursor || surface.cursor->series < 1 ||
+        surface.cursor->series > GetSeriesCount(surface, surface.cursor->group))
+        return std::nullopt;
+    const std::vector<int> seen =
+        PointsInFrame(surface, surface.cursor->group, surface.cursor->series);
+    return std::ranges::binary_search(seen, surface.cursor->point) ? surface.cursor : std::nullopt;
 }
 
 void SetCursor(PlotSurface& surface, const std::optional<SeriesPoint>& point) {

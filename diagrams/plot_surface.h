@@ -393,8 +393,9 @@ void SetGrid(PlotSurface& surface, AxisId axis, LinePattern pattern, Colour colo
 std::optional<SeriesPoint> ShownCursor(const PlotSurface& surface);
 /// Marks a point on the screen, or none. Not part of the picture.
 void SetCursor(PlotSurface& surface, const std::optional<SeriesPoint>& point);
-/// Whether a point exists, is no hole and lies in the shown ranges of the axes.
-bool IsInFrame(const PlotSurface& surface, const SeriesPoint& point);
+/// The numbers of the points of a series that can be seen: it is shown, they are no holes and lie in
+/// the shown ranges of the axes.
+std::vector<int> PointsInFrame(const PlotSurface& surface, int group, int series);
 
 /// The colours that stand behind the curves, and behind the legend, whatever is transparent.
 const Colours& PlotGround(const PlotSurface& surface);
@@ -407,6 +408,8 @@ Colour SeenOn(const Colours& ground, Colour colour);
 struct ShownAxisRange {
     double min = 0, max = 1;
     bool log = false; ///< false where a logarithmic axis has no positive limit at all
+    /// Whether a value lies in the range; the limits are of single precision.
+    bool Shows(double value) const;
     bool operator==(const ShownAxisRange&) const = default;
 };
 ShownAxisRange ShownRange(const PlotSurface& surface, AxisId axis);

@@ -456,8 +456,7 @@ double AxisScale::Pixel(double value) const {
 }
 
 bool AxisScale::Shows(double value) const {
-    const double slack = 1e-9 * (range.max - range.min); // the limits are of single precision
-    return value >= range.min - slack && value <= range.max + slack && (!range.log || value > 0);
+    return range.Shows(value);
 }
 
 PictureLayout LayOut(const PlotSurface& surface, QSize size, double pixelsPerPoint) {
