@@ -64,6 +64,8 @@ struct DiagramDocument : Form {
     /// The screen that the window opens on, pixels; the shell writes it before a load.
     int screenWidth = 1280;
     int screenHeight = 800;
+    /// The right edge of the window as it stands, twips; empty without a screen.
+    std::function<int()> rightEdge;
 
     // --- commands
     Button cmdDraw{*this, "cmdDraw", "Draw"};

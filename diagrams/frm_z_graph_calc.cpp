@@ -74,7 +74,8 @@ frmZGraphCalc::frmZGraphCalc(ProjectState& state, DiagramDocument& document)
 void Form_Load(frmZGraphCalc& form) {
     const DiagramDocument& diagram = form.diagram;
     form.top = diagram.screenHeight * kTwipsPerPixel / 8;
-    form.left = diagram.left + diagram.width - static_cast<int>(kOwnWidth / kInsideShare);
+    const int rightEdge = diagram.rightEdge ? diagram.rightEdge() : diagram.left + diagram.width;
+    form.left = rightEdge - static_cast<int>(kOwnWidth / kInsideShare);
     form.txtX.text = "0";
     form.lblZeit.text = form.ps.TimeUnitText;
     if (ShowsSaturation(form.ps))

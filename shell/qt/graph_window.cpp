@@ -109,12 +109,20 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
         refreshTexts_();
         ShowPointer();
     };
+    document_.rightEdge = [this] {
+        const QWidget* frame = this;
+        while (frame->parentWidget() != nullptr &&
+               qobject_cast<const QMdiSubWindow*>(frame) == nullptr)
+            frame = frame->parentWidget();
+        return frame->geometry().right() * kTwipsPerPixel;
+    };
     document_.surface.onRepaint = [this] { view_->Show(document_.surface); };
     view_->Show(document_.surface);
 }
 
 GraphWindow::~GraphWindow() {
     document_.surface.onRepaint = nullptr;
+    document_.rightEdge = nullptr;
     document_.onFullSize = nullptr;
     document_.onRefresh = refreshTexts_;
     view_->Forget();
