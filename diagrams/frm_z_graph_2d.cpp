@@ -82,7 +82,7 @@ void frmZGraph2D::BuildMenu() {
         names_.push_back("sepGraph" + std::to_string(names_.size()));
         rows_.push_back({level, names_.back().c_str(), "-"});
     };
-    row(1, mnuDesign, "&Design");
+    row(1, mnuDesign, "Desi&gn");
     row(2, mnuKurvenDesign, "&Curves ...");
     row(2, mnuPunktDesign, "&Experimental points ...");
     constexpr const char* kTexts[] = {"&Header ...", "&Additional text ...", "&X-axis label ...",

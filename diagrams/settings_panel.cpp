@@ -229,7 +229,7 @@ void ColourLabels(DiagramDocument& doc, Button& swatch, Colour Colours::*part) {
 
 DesignControls::DesignControls(Form& owner)
     : form(owner), tabSettings(owner, "tabSettings",
-                               {"&Coordinates", "&Grid", "&Origin", "&Legend", "La&bels",
+                               {"&Coordinates", "G&rid", "&Origin", "Lege&nd", "&Labels",
                                 "Colo&urs", "&Frame"}) {
     for (TextField* shown : {&txtXOrigin, &txtYOrigin}) {
         shown->locked = true;
