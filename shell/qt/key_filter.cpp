@@ -76,8 +76,14 @@ bool KeyFilter::FilterKey(QKeyEvent& event) {
     if (line != nullptr && line->isReadOnly())
         return false;
     const int before = KeyCode(event);
-    if (before < 0)
-        return false;
+    if (before < 0) {
+        // The editor would take a letter with Alt, which no menu has, for a typed one.
+        const bool strayLetter = event.modifiers() == Qt::AltModifier && !event.text().isEmpty() &&
+                                 QChar::isPrint(event.text().toUcs4().front());
+        if (strayLetter)
+            event.ignore();
+        return strayLetter;
+    }
     int after = before;
     handler_(after);
     if (before == kKeyCopy)
