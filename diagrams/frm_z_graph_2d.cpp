@@ -130,7 +130,7 @@ void frmZGraph2D::BuildMenu() {
         row(2, mnuBild(i));
     line(2);
     row(2, mnuSaveOC2, "&Save this diagram design ...");
-    row(2, mnuLoadOC2, "&Load a saved pattern ...");
+    row(2, mnuLoadOC2, "L&oad a saved pattern ...");
     row(1, mnuHaupt, "to &Main Menu");
     menu = rows_;
 }
