@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/number_text.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 

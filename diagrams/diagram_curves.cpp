@@ -10,6 +10,7 @@
 #include "platform/host.h"
 #include "platform/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <stdexcept>
 

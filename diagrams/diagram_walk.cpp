@@ -4,6 +4,7 @@
 #include "diagrams/diagram_mouse.h"
 #include "diagrams/diagram_points.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace zorvant {

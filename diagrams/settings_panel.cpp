@@ -8,7 +8,9 @@
 #include "diagrams/diagram_texts.h"
 #include "platform/host.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace zorvant {
 namespace {
