@@ -38,11 +38,9 @@ ModelHeads HeadsOf(const ProjectState& ps) {
     Heads heads{"time t/" + unit, "c(A)/(mol/L)", "c(B)/(mol/L)",
                 "c(C)/(mol/L)",   "c(P)/(mol/L)", "c(Q)/(mol/L)"};
     if (ps.ModelId != kEnzymeModel)
-        return {
-            heads,
-            {"Time t/" + unit, " cA/(mol/L)  ", " cB/(mol/L)  ", " cC/(mol/L)  ", " cP/(mol/L)  ",
-              " cQ/(mol/L)  "}
-        };
+        return {heads,
+                {"Time t/" + unit, " cA/(mol/L)  ", " cB/(mol/L)  ", " cC/(mol/L)  ",
+                 " cP/(mol/L)  ", " cQ/(mol/L)  "}};
     if (ps.RcSMode) {
         heads[0] = "r(P)/(mol/L " + unit + ")";
         heads[2] = "c(S)/(mol/L)";

@@ -37,17 +37,13 @@ struct frmDatedit : Form {
     Label lblComment{*this, "lblComment", "Comment"};
     TextField txtComment{*this, "txtComment"};
     Frame fraZeit{*this, "fraZeit", " Time unit "};
-    OptionGroup optZeit{
-        *this, "optZeit", {"s", "min", "h", "d", "a"}
-    };
+    OptionGroup optZeit{*this, "optZeit", {"s", "min", "h", "d", "a"}};
     Label lblLambdaInf{*this, "lblLambdaInf", "lambda (t = \u221E)"};
     TextField lambda_infin{*this, "lambda_infin"};
 
     // --- the input line
     Frame fraInput{*this, "fraInput", " Input line "};
-    OptionGroup optInputMode{
-        *this, "optInputMode", {"add line", "edit line"}
-    };
+    OptionGroup optInputMode{*this, "optInputMode", {"add line", "edit line"}};
     Label lblZeile{*this, "lblZeile", "line 1"};
     Array<Label, 8> lblY{*this, "lblY"};         ///< 7 stands over two boxes
     Array<TextField, kExpColumns> y{*this, "y"}; ///< t, cA..cQ, lambda, T, k

@@ -27,8 +27,7 @@ struct Separator {
     char sign;
 };
 constexpr std::array<Separator, 4> kSeparators{
-    {{"Tab", '\t'}, {"Semicolon ;", ';'}, {"Comma ,", ','}, {"Blanks", ' '}}
-};
+    {{"Tab", '\t'}, {"Semicolon ;", ';'}, {"Comma ,", ','}, {"Blanks", ' '}}};
 
 /// Heads by which a field is told. They are compared without what stands behind a "/" or "[", and
 /// without blanks; those of one letter with regard to case, since t is the time and T the
@@ -38,15 +37,15 @@ struct FieldHeads {
     const char* heads; ///< blanks between them
 };
 constexpr FieldHeads kFieldHeads[] = {
-    {kExpTime,        "t time zeit r(P) r rate"                },
-    {1,               "c(A) cA A c c(E) conc"                  },
-    {2,               "c(B) cB B c(S) cS S"                    },
-    {3,               "c(C) cC C c(ES) cES ES"                 },
-    {4,               "c(P) cP P product produkt"              },
-    {5,               "c(Q) cQ Q"                              },
-    {kExpLambda,      "lambda signal absorbance extinction abs"},
-    {kExpTemperature, "T temperature temperatur temp"          },
-    {kExpRate,        "k k1 k(1) rateconstant"                 },
+    {kExpTime, "t time zeit r(P) r rate"},
+    {1, "c(A) cA A c c(E) conc"},
+    {2, "c(B) cB B c(S) cS S"},
+    {3, "c(C) cC C c(ES) cES ES"},
+    {4, "c(P) cP P product produkt"},
+    {5, "c(Q) cQ Q"},
+    {kExpLambda, "lambda signal absorbance extinction abs"},
+    {kExpTemperature, "T temperature temperatur temp"},
+    {kExpRate, "k k1 k(1) rateconstant"},
 };
 
 std::size_t Index(int i) {

@@ -35,9 +35,7 @@ struct frmImportText : Form {
     zorvant::Grid GridRead{*this, "GridRead"};
     Label lblCount{*this, "lblCount"};
 
-    OptionGroup optTarget{
-        *this, "optTarget", {"replace the list", "append to the list"}
-    };
+    OptionGroup optTarget{*this, "optTarget", {"replace the list", "append to the list"}};
     Button cmdOK{*this, "cmdOK", "Import"};
     Button cmdCancel{*this, "cmdCancel", "Cancel <Esc>"};
 

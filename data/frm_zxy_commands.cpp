@@ -64,16 +64,14 @@ struct TransformRow {
     float XYPoint::*column;
     bool needsW;
 };
-constexpr std::array<TransformRow, 6> kTransforms{
-    {
-     {[](double y, double) { return CheckedExp(y); }, &XYPoint::y, false},
-     {[](double y, double) { return CheckedLn(y); }, &XYPoint::y, false},
-     {[](double y, double w) { return y * w; }, &XYPoint::y, true},
-     {[](double y, double w) { return y + w; }, &XYPoint::y, true},
-     {[](double y, double) { return Divide(1, y); }, &XYPoint::y, false},
-     {[](double x, double) { return 1 - x; }, &XYPoint::x, false},
-     }
-};
+constexpr std::array<TransformRow, 6> kTransforms{{
+    {[](double y, double) { return CheckedExp(y); }, &XYPoint::y, false},
+    {[](double y, double) { return CheckedLn(y); }, &XYPoint::y, false},
+    {[](double y, double w) { return y * w; }, &XYPoint::y, true},
+    {[](double y, double w) { return y + w; }, &XYPoint::y, true},
+    {[](double y, double) { return Divide(1, y); }, &XYPoint::y, false},
+    {[](double x, double) { return 1 - x; }, &XYPoint::x, false},
+}};
 
 struct Extremes {
     double lower, upper;
@@ -403,38 +401,25 @@ void cmdSave_Click(frmZXYEditor& form) {
 
 std::string PrintedList(const frmZXYEditor& form, const std::string& fileDate) {
     constexpr std::size_t kHead = 13, kRule = 12;
-    const std::string rule = AtColumns({
-        {kRule, std::string(35, '-')}
-    });
+    const std::string rule = AtColumns({{kRule, std::string(35, '-')}});
     const std::string when = WithoutSeconds(fileDate) + " o'clock";
     std::string text = std::string(kCrLf) + kCrLf + kCrLf;
     if (form.ps.XYFile.empty()) {
-        text += AtColumns({
-            {kHead, "List X-Y data from  " + when}
-        });
+        text += AtColumns({{kHead, "List X-Y data from  " + when}});
     } else {
-        text += AtColumns({
-            {kHead, "List from XY-data file " + UpperCase(form.ps.XYFile)}
-        });
+        text += AtColumns({{kHead, "List from XY-data file " + UpperCase(form.ps.XYFile)}});
         text += kCrLf;
-        text += AtColumns({
-            {kHead, when}
-        });
+        text += AtColumns({{kHead, when}});
     }
     text += rule;
-    text += AtColumns({
-        {21, "X"},
-        {34, "Y"}
-    });
+    text += AtColumns({{21, "X"}, {34, "Y"}});
     text += rule;
     for (int line = 1; line <= form.ps.XYCount; ++line) {
         const XYPoint& point = form.XYData[Index(line)];
         if (point.inactive == 0)
-            text += AtColumns({
-                {12, std::to_string(line)                   },
-                {20, PlainText(static_cast<double>(point.x))},
-                {33, PlainText(static_cast<double>(point.y))}
-            });
+            text += AtColumns({{12, std::to_string(line)},
+                               {20, PlainText(static_cast<double>(point.x))},
+                               {33, PlainText(static_cast<double>(point.y))}});
     }
     return text + rule;
 }

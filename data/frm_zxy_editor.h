@@ -30,9 +30,7 @@ struct frmZXYEditor : Form {
 
     // --- the input line
     Frame fraInput{*this, "fraInput", " Input line "};
-    OptionGroup optInputMode{
-        *this, "optInputMode", {"add line", "edit line"}
-    };
+    OptionGroup optInputMode{*this, "optInputMode", {"add line", "edit line"}};
     Label lblZeile{*this, "lblZeile", "line 1"};
     Array<Label, 2> lblY{*this, "lblY"};
     Array<TextField, 2> y{*this, "y"}; ///< x and y
@@ -44,9 +42,7 @@ struct frmZXYEditor : Form {
     Button cmdRedo{*this, "cmdRedo", "Redo"};
     Button cmdAus{*this, "cmdAus", "Line active/inactive"};
     Button cmdErase{*this, "cmdErase", "Remove line(s)"};
-    OptionGroup optDeleteXY{
-        *this, "optDeleteXY", {"Marked line(s)", "all"}
-    };
+    OptionGroup optDeleteXY{*this, "optDeleteXY", {"Marked line(s)", "all"}};
     Button cmdEraseSelected{*this, "cmdEraseSelected", "Marked cell(s) => 0"};
     Button cmdClipboard{*this, "cmdClipboard", "Copy"};
     Button cmdClipEinfuegen{*this, "cmdClipEinfuegen", "Insert clipboard content"};
@@ -60,8 +56,7 @@ struct frmZXYEditor : Form {
     OptionGroup optManip{
         *this,
         "optManip",
-        {"y = exp(y)", "y = ln(y)", "y = y * W", "y = y + W", "y = 1 / y", "x = 1 - x"}
-    };
+        {"y = exp(y)", "y = ln(y)", "y = y * W", "y = y + W", "y = 1 / y", "x = 1 - x"}};
     Label lblW{*this, "lblW", "W = "};
     TextField txtW{*this, "txtW"};
     Button cmdExecManip{*this, "cmdExecManip", "Execute"};
@@ -69,9 +64,7 @@ struct frmZXYEditor : Form {
 
     // --- diagram, files, end
     Frame fraDraw{*this, "fraDraw", " Diagram "};
-    OptionGroup optIsPoints{
-        *this, "optIsPoints", {"as curve", "as points"}
-    };
+    OptionGroup optIsPoints{*this, "optIsPoints", {"as curve", "as points"}};
     Button cmdDrawManu{*this, "cmdDrawManu", "Draw"};
     Button cmdLoad{*this, "cmdLoad", "Load data *.XY | *.LRG"};
     Button cmdSave{*this, "cmdSave", "Save as *.XY"};

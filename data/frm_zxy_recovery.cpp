@@ -19,11 +19,9 @@ struct ListCopy {
 };
 
 ListCopy CopyOf(const frmZXYEditor& form) {
-    return {
-        .points = {form.XYData.begin() + 1, form.XYData.end()},
-        .comment = form.txtComment.text,
-        .path = form.ps.XYFile
-    };
+    return {.points = {form.XYData.begin() + 1, form.XYData.end()},
+            .comment = form.txtComment.text,
+            .path = form.ps.XYFile};
 }
 
 std::string BytesOf(const ListCopy& list) {

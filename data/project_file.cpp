@@ -23,14 +23,12 @@ struct WindowCode {
     int code;
     const char* form;
 };
-constexpr std::array<WindowCode, 6> kWindowCodes = {
-    {{1, "frmPrepareTimeDiagram"},
-     {2, "frmBatch"},
-     {3, "frmRohrreaktor"},
-     {4, "frmRKconti"},
-     {5, "frmKaskade"},
-     {6, "frmZFitting"}}
-};
+constexpr std::array<WindowCode, 6> kWindowCodes = {{{1, "frmPrepareTimeDiagram"},
+                                                     {2, "frmBatch"},
+                                                     {3, "frmRohrreaktor"},
+                                                     {4, "frmRKconti"},
+                                                     {5, "frmKaskade"},
+                                                     {6, "frmZFitting"}}};
 
 bool IsLastSession(const std::string& path) {
     return EndsWith(UpperCase(path), kLastSessionEnd);

@@ -34,8 +34,7 @@ struct ProtocolSeparator {
     const char* text;
 };
 inline constexpr std::array<ProtocolSeparator, 3> kProtocolSeparators{
-    {{"Semicolon", ";"}, {"Comma", ","}, {"Tab", "\t"}}
-};
+    {{"Semicolon", ";"}, {"Comma", ","}, {"Tab", "\t"}}};
 /// The entry of CsvSep; 0 when it is none of them.
 int SeparatorEntry(const ProjectState& ps);
 

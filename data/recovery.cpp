@@ -85,13 +85,11 @@ struct TableCopy {
 
 TableCopy CopyOf(const ProjectState& ps) {
     const auto start = ps.ExpData.begin() + 1;
-    return {
-        .rows = {start, start + ps.ExpPointCount},
-        .comment = ps.ExpComment,
-        .timeUnit = ps.TimeUnitText,
-        .path = ps.DataFilePath,
-        .lambdaInf = ps.LambdaInf
-    };
+    return {.rows = {start, start + ps.ExpPointCount},
+            .comment = ps.ExpComment,
+            .timeUnit = ps.TimeUnitText,
+            .path = ps.DataFilePath,
+            .lambdaInf = ps.LambdaInf};
 }
 
 std::string BytesOf(const TableCopy& table) {

@@ -45,20 +45,20 @@ struct StartOfRange {
     float lower, upper;
 };
 constexpr StartOfRange kStarts[] = {
-    {&KoordMemory::RngT,    0,       0      },
-    {&KoordMemory::RngC,    0,       0      },
-    {&KoordMemory::RngK,    0,       0      },
-    {&KoordMemory::RngTemp, 10000,   0      },
-    {&KoordMemory::RngInvT, 100000,  0      },
-    {&KoordMemory::RngLnK,  100000,  -100000},
-    {&KoordMemory::RngLnKT, 1000000, -1e6F  },
-    {&KoordMemory::RngLnC,  100000,  -100000},
-    {&KoordMemory::RngInvC, 100000,  0      },
-    {&KoordMemory::RngLnAB, 100000,  -100000},
-    {&KoordMemory::RngWilk, 100000,  0      },
-    {&KoordMemory::RngInvR, 1e9F,    0      },
-    {&KoordMemory::RngCR,   0,       0      },
-    {&KoordMemory::RngRC,   0,       0      },
+    {&KoordMemory::RngT, 0, 0},
+    {&KoordMemory::RngC, 0, 0},
+    {&KoordMemory::RngK, 0, 0},
+    {&KoordMemory::RngTemp, 10000, 0},
+    {&KoordMemory::RngInvT, 100000, 0},
+    {&KoordMemory::RngLnK, 100000, -100000},
+    {&KoordMemory::RngLnKT, 1000000, -1e6F},
+    {&KoordMemory::RngLnC, 100000, -100000},
+    {&KoordMemory::RngInvC, 100000, 0},
+    {&KoordMemory::RngLnAB, 100000, -100000},
+    {&KoordMemory::RngWilk, 100000, 0},
+    {&KoordMemory::RngInvR, 1e9F, 0},
+    {&KoordMemory::RngCR, 0, 0},
+    {&KoordMemory::RngRC, 0, 0},
 };
 
 void TakePoint(const ProjectState& ps, KoordMemory& m, const ExpPoint& p) {
@@ -184,10 +184,10 @@ struct SpacingField {
 };
 /// In the order of SpacingBox.
 constexpr SpacingField kSpacings[] = {
-    {&DiagramDocument::txtXGridValue, AxisId::X, SetGridSpacing,   &PlotAxis::grid  },
-    {&DiagramDocument::txtYGridValue, AxisId::Y, SetGridSpacing,   &PlotAxis::grid  },
-    {&DiagramDocument::txtXTickValue, AxisId::X, SetTickSpacing,   &PlotAxis::tick  },
-    {&DiagramDocument::txtYTickValue, AxisId::Y, SetTickSpacing,   &PlotAxis::tick  },
+    {&DiagramDocument::txtXGridValue, AxisId::X, SetGridSpacing, &PlotAxis::grid},
+    {&DiagramDocument::txtYGridValue, AxisId::Y, SetGridSpacing, &PlotAxis::grid},
+    {&DiagramDocument::txtXTickValue, AxisId::X, SetTickSpacing, &PlotAxis::tick},
+    {&DiagramDocument::txtYTickValue, AxisId::Y, SetTickSpacing, &PlotAxis::tick},
     {&DiagramDocument::txtXZiffValue, AxisId::X, SetNumberSpacing, &PlotAxis::number},
     {&DiagramDocument::txtYZiffValue, AxisId::Y, SetNumberSpacing, &PlotAxis::number},
 };

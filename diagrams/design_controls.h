@@ -26,37 +26,25 @@ struct DesignControls {
 
     // --- grid
     OptionGroup opt1Gitter{
-        form, "opt1Gitter", {"without Grid", "Y-Grid only", "X-Grid only", "Complete grid"}
-    };
-    OptionGroup opt2Gitter{
-        form, "opt2Gitter", {"dotted", "solid line"}
-    };
+        form, "opt1Gitter", {"without Grid", "Y-Grid only", "X-Grid only", "Complete grid"}};
+    OptionGroup opt2Gitter{form, "opt2Gitter", {"dotted", "solid line"}};
     Button cmdGitterFarbe{form, "cmdGitterFarbe", "Colour ..."};
 
     // --- origin and numbers
     OptionGroup optStandardOrigin{
-        form, "optStandardOrigin", {"autom. in the minima of axes", "manual"}
-    };
+        form, "optStandardOrigin", {"autom. in the minima of axes", "manual"}};
     TextField txtXOrigin{form, "txtXOrigin"}; ///< xMin and yMin, the automatic origin
     TextField txtYOrigin{form, "txtYOrigin"};
     Frame fraOrigin{form, "fraOrigin"};
-    OptionGroup optXOrigin{
-        form, "optXOrigin", {"in X-minimum", "at X = 0", "in X-maximum"}
-    };
-    OptionGroup optYOrigin{
-        form, "optYOrigin", {"in Y-minimum", "at Y = 0", "in Y-maximum"}
-    };
+    OptionGroup optXOrigin{form, "optXOrigin", {"in X-minimum", "at X = 0", "in X-maximum"}};
+    OptionGroup optYOrigin{form, "optYOrigin", {"in Y-minimum", "at Y = 0", "in Y-maximum"}};
     OptionGroup optXZiffern{
-        form, "optXZiffern", {"in the minimum", "on the axis", "in the maximum"}
-    };
+        form, "optXZiffern", {"in the minimum", "on the axis", "in the maximum"}};
     OptionGroup optYZiffern{
-        form, "optYZiffern", {"in the minimum", "on the axis", "in the maximum"}
-    };
+        form, "optYZiffern", {"in the minimum", "on the axis", "in the maximum"}};
 
     // --- legend
-    OptionGroup optLegOrient{
-        form, "optLegOrient", {"horizontal", "vertical"}
-    };
+    OptionGroup optLegOrient{form, "optLegOrient", {"horizontal", "vertical"}};
     CheckBox chkAutoLegend{form, "chkAutoLegend", "Place automatic"};
     Slider scrLegH{form, "scrLegH"};
     Slider scrlegV{form, "scrlegV"};
@@ -82,9 +70,7 @@ struct DesignControls {
 
     // --- frame, margins and size
     CheckBox chkDiaFrame{form, "chkDiaFrame", "Frame of the plot area"};
-    OptionGroup optFrameType{
-        form, "optFrameType", {"without", "3D", "normal", "Etched Type"}
-    };
+    OptionGroup optFrameType{form, "optFrameType", {"without", "3D", "normal", "Etched Type"}};
     UpDown UpDownRBreite{form, "UpDownRBreite"};
     Label labRBreite{form, "labRBreite"}; ///< border width, pixels
     CheckBox chkAutoRand{form, "chkAutoRand", "Borders automatic"};

@@ -33,88 +33,62 @@ template <class E> struct Word {
 };
 template <class E> struct Words;
 template <> struct Words<bool> {
-    static constexpr Word<bool> all[] = {
-        {false, "no" },
-        {true,  "yes"}
-    };
+    static constexpr Word<bool> all[] = {{false, "no"}, {true, "yes"}};
 };
 template <> struct Words<LinePattern> {
-    static constexpr Word<LinePattern> all[] = {
-        {LinePattern::None,    "none"    },
-        {LinePattern::Solid,   "solid"   },
-        {LinePattern::Dotted,  "dotted"  },
-        {LinePattern::Dashed,  "dashed"  },
-        {LinePattern::DashDot, "dash-dot"}
-    };
+    static constexpr Word<LinePattern> all[] = {{LinePattern::None, "none"},
+                                                {LinePattern::Solid, "solid"},
+                                                {LinePattern::Dotted, "dotted"},
+                                                {LinePattern::Dashed, "dashed"},
+                                                {LinePattern::DashDot, "dash-dot"}};
 };
 template <> struct Words<SymbolShape> {
-    static constexpr Word<SymbolShape> all[] = {
-        {SymbolShape::Dot,            "dot"            },
-        {SymbolShape::Circle,         "circle"         },
-        {SymbolShape::Cross,          "cross"          },
-        {SymbolShape::Square,         "square"         },
-        {SymbolShape::Star,           "star"           },
-        {SymbolShape::Triangle,       "triangle"       },
-        {SymbolShape::Box,            "box"            },
-        {SymbolShape::Diamond,        "diamond"        },
-        {SymbolShape::VerticalLine,   "vertical-line"  },
-        {SymbolShape::HorizontalLine, "horizontal-line"},
-        {SymbolShape::Hidden,         "hidden"         }
-    };
+    static constexpr Word<SymbolShape> all[] = {{SymbolShape::Dot, "dot"},
+                                                {SymbolShape::Circle, "circle"},
+                                                {SymbolShape::Cross, "cross"},
+                                                {SymbolShape::Square, "square"},
+                                                {SymbolShape::Star, "star"},
+                                                {SymbolShape::Triangle, "triangle"},
+                                                {SymbolShape::Box, "box"},
+                                                {SymbolShape::Diamond, "diamond"},
+                                                {SymbolShape::VerticalLine, "vertical-line"},
+                                                {SymbolShape::HorizontalLine, "horizontal-line"},
+                                                {SymbolShape::Hidden, "hidden"}};
 };
 template <> struct Words<SeriesDisplay> {
-    static constexpr Word<SeriesDisplay> all[] = {
-        {SeriesDisplay::Shown,    "shown"   },
-        {SeriesDisplay::Hidden,   "hidden"  },
-        {SeriesDisplay::Excluded, "excluded"}
-    };
+    static constexpr Word<SeriesDisplay> all[] = {{SeriesDisplay::Shown, "shown"},
+                                                  {SeriesDisplay::Hidden, "hidden"},
+                                                  {SeriesDisplay::Excluded, "excluded"}};
 };
 template <> struct Words<TextRotation> {
-    static constexpr Word<TextRotation> all[] = {
-        {TextRotation::Horizontal, "horizontal"},
-        {TextRotation::Vertical,   "vertical"  }
-    };
+    static constexpr Word<TextRotation> all[] = {{TextRotation::Horizontal, "horizontal"},
+                                                 {TextRotation::Vertical, "vertical"}};
 };
 template <> struct Words<Orientation> {
-    static constexpr Word<Orientation> all[] = {
-        {Orientation::Horizontal, "horizontal"},
-        {Orientation::Vertical,   "vertical"  }
-    };
+    static constexpr Word<Orientation> all[] = {{Orientation::Horizontal, "horizontal"},
+                                                {Orientation::Vertical, "vertical"}};
 };
 template <> struct Words<Placement> {
     static constexpr Word<Placement> all[] = {
-        {Placement::Min,    "minimum"},
-        {Placement::AtZero, "zero"   },
-        {Placement::Max,    "maximum"}
-    };
+        {Placement::Min, "minimum"}, {Placement::AtZero, "zero"}, {Placement::Max, "maximum"}};
 };
 template <> struct Words<BorderType> {
-    static constexpr Word<BorderType> all[] = {
-        {BorderType::None,   "none"  },
-        {BorderType::ThreeD, "3D"    },
-        {BorderType::Plain,  "plain" },
-        {BorderType::Etched, "etched"}
-    };
+    static constexpr Word<BorderType> all[] = {{BorderType::None, "none"},
+                                               {BorderType::ThreeD, "3D"},
+                                               {BorderType::Plain, "plain"},
+                                               {BorderType::Etched, "etched"}};
 };
 template <> struct Words<LabelAnchor> {
     static constexpr Word<LabelAnchor> all[] = {
-        {LabelAnchor::North,     "N"     },
-        {LabelAnchor::NorthEast, "NE"    },
-        {LabelAnchor::East,      "E"     },
-        {LabelAnchor::SouthEast, "SE"    },
-        {LabelAnchor::South,     "S"     },
-        {LabelAnchor::SouthWest, "SW"    },
-        {LabelAnchor::West,      "W"     },
-        {LabelAnchor::NorthWest, "NW"    },
-        {LabelAnchor::Centre,    "centre"}
-    };
+        {LabelAnchor::North, "N"},      {LabelAnchor::NorthEast, "NE"},
+        {LabelAnchor::East, "E"},       {LabelAnchor::SouthEast, "SE"},
+        {LabelAnchor::South, "S"},      {LabelAnchor::SouthWest, "SW"},
+        {LabelAnchor::West, "W"},       {LabelAnchor::NorthWest, "NW"},
+        {LabelAnchor::Centre, "centre"}};
 };
 template <> struct Words<Attachment> {
     static constexpr Word<Attachment> all[] = {
-        {Attachment::None,  "free" },
-        {Attachment::Point, "point"},
-        {Attachment::Coord, "place"}
-    };
+        {Attachment::None, "free"}, {Attachment::Point, "point"}, {Attachment::Coord, "place"}};
 };
 
 // --- an item of a line: a value and the range that it may have

@@ -33,13 +33,11 @@ struct CurveStyle {
     LinePattern pattern;
     SymbolShape symbol;
 };
-constexpr std::array<CurveStyle, 5> kCurveStyles{
-    {{LinePattern::None, SymbolShape::Dot},
-     {LinePattern::Solid, SymbolShape::Hidden},
-     {LinePattern::Dotted, SymbolShape::Hidden},
-     {LinePattern::Dashed, SymbolShape::Hidden},
-     {LinePattern::DashDot, SymbolShape::Hidden}}
-};
+constexpr std::array<CurveStyle, 5> kCurveStyles{{{LinePattern::None, SymbolShape::Dot},
+                                                  {LinePattern::Solid, SymbolShape::Hidden},
+                                                  {LinePattern::Dotted, SymbolShape::Hidden},
+                                                  {LinePattern::Dashed, SymbolShape::Hidden},
+                                                  {LinePattern::DashDot, SymbolShape::Hidden}}};
 
 int StyleIndex(LinePattern pattern) {
     for (std::size_t i = 0; i < kCurveStyles.size(); ++i)

@@ -262,12 +262,9 @@ void WireCoordinates(ProjectState& ps, DiagramDocument& doc) {
     doc.cmdYLog.onClick = [&doc] { cmdYLog_Click(doc); };
     doc.optScaling.onClick = [&doc](int index) { optScaling_Click(doc, index); };
     const std::pair<TextField*, SpacingBox> spacings[] = {
-        {&doc.txtXGridValue, SpacingBox::XGrid  },
-        {&doc.txtYGridValue, SpacingBox::YGrid  },
-        {&doc.txtXTickValue, SpacingBox::XTick  },
-        {&doc.txtYTickValue, SpacingBox::YTick  },
-        {&doc.txtXZiffValue, SpacingBox::XNumber},
-        {&doc.txtYZiffValue, SpacingBox::YNumber},
+        {&doc.txtXGridValue, SpacingBox::XGrid},   {&doc.txtYGridValue, SpacingBox::YGrid},
+        {&doc.txtXTickValue, SpacingBox::XTick},   {&doc.txtYTickValue, SpacingBox::YTick},
+        {&doc.txtXZiffValue, SpacingBox::XNumber}, {&doc.txtYZiffValue, SpacingBox::YNumber},
     };
     for (const auto& [box, which] : spacings) {
         box->onChange = [&doc, which = which] { SpacingBox_Change(doc, which); };

@@ -150,9 +150,7 @@ struct DiagramDocument : Form {
     Button cmdTabCoord_OK{*this, "cmdTabCoord_OK", "Apply"};
     Button cmdXLog{*this, "cmdXLog", "  X-Axis"};
     Button cmdYLog{*this, "cmdYLog", "  Y-Axis "};
-    OptionGroup optScaling{
-        *this, "optScaling", {"automat.", "manual"}
-    };
+    OptionGroup optScaling{*this, "optScaling", {"automat.", "manual"}};
     TextField txtXGridValue{*this, "txtXGridValue"};
     TextField txtYGridValue{*this, "txtYGridValue"};
     TextField txtXTickValue{*this, "txtXTickValue"};
@@ -177,13 +175,9 @@ struct DiagramDocument : Form {
     Slider VScroll1{*this, "VScroll1"}; ///< its upper edge
     Button cmdTextPlaceAuto{*this, "cmdTextPlaceAuto", "&Automatic place"};
     Frame fraYText{*this, "fraYText", "Title of the Y axis"};
-    OptionGroup optOrientYAxText{
-        *this, "optOrientYAxText", {"horiz. top", "vertical"}
-    };
+    OptionGroup optOrientYAxText{*this, "optOrientYAxText", {"horiz. top", "vertical"}};
     Frame fraYZiff{*this, "fraYZiff", "Numbers of the Y axis"};
-    OptionGroup optOrientYAxZiff{
-        *this, "optOrientYAxZiff", {"horizontal", "vertical"}
-    };
+    OptionGroup optOrientYAxZiff{*this, "optOrientYAxZiff", {"horizontal", "vertical"}};
     Button cmdSchriftFertig{*this, "cmdSchriftFertig", "&Close"};
 };
 

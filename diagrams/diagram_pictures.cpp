@@ -18,16 +18,16 @@ struct FormatRow {
     const char* extension; ///< upper case
 };
 constexpr FormatRow kFileFormats[] = {
-    {PictureFormat::Bitmap,           "Bitmap (.BMP)",            "Bitmap file (*.BMP)",       ".BMP"},
-    {PictureFormat::Metafile,         "MetaFile (.WMF)",          "Windows MetaFile (*.WMF)",  ".WMF"},
+    {PictureFormat::Bitmap, "Bitmap (.BMP)", "Bitmap file (*.BMP)", ".BMP"},
+    {PictureFormat::Metafile, "MetaFile (.WMF)", "Windows MetaFile (*.WMF)", ".WMF"},
     {PictureFormat::EnhancedMetafile, "Enhanced MetaFile (.WMF)", "Windows MetaFile (*.WMF)",
-     ".WMF"                                                                                          },
-    {PictureFormat::EnhancedFile,     "Enhanced MetaFile (.EMF)", "Enhanced MetaFile (*.EMF)", ".EMF"},
+     ".WMF"},
+    {PictureFormat::EnhancedFile, "Enhanced MetaFile (.EMF)", "Enhanced MetaFile (*.EMF)", ".EMF"},
     {PictureFormat::StandardMetafile, "Standard-MetaFile (.WMF)", "Windows MetaFile (*.WMF)",
-     ".WMF"                                                                                          },
-    {PictureFormat::Png,              "PNG picture (.PNG)",       "PNG picture (*.PNG)",       ".PNG"},
-    {PictureFormat::Svg,              "SVG drawing (.SVG)",       "SVG drawing (*.SVG)",       ".SVG"},
-    {PictureFormat::Pdf,              "PDF document (.PDF)",      "PDF document (*.PDF)",      ".PDF"},
+     ".WMF"},
+    {PictureFormat::Png, "PNG picture (.PNG)", "PNG picture (*.PNG)", ".PNG"},
+    {PictureFormat::Svg, "SVG drawing (.SVG)", "SVG drawing (*.SVG)", ".SVG"},
+    {PictureFormat::Pdf, "PDF document (.PDF)", "PDF document (*.PDF)", ".PDF"},
 };
 constexpr int kFirstFileFormat = 2; ///< of the list when the panel opens
 

@@ -31,12 +31,10 @@ struct PicturePanel {
 
     // --- print
     Frame frPrintScaling{form, "frPrintScaling", "Scaling"};
-    OptionGroup optSM{
-        form,
-        "optSM",
-        {"A4 Format (Portrait)", "Specification of Height", "Specification of Width"},
-        2
-    };
+    OptionGroup optSM{form,
+                      "optSM",
+                      {"A4 Format (Portrait)", "Specification of Height", "Specification of Width"},
+                      2};
     Frame frPrintPos{form, "frPrintPos", "Position and size in cm"};
     TextField txtTop_in_cm{form, "txtTop_in_cm"};
     TextField txtLeft_in_cm{form, "txtLeft_in_cm"};

@@ -17,9 +17,7 @@ struct Walkable {
 
 std::vector<Walkable> WalkableSeries(const PlotSurface& surface) {
     std::vector<Walkable> list;
-    for (const auto& [group, last] : {
-             std::pair(kLines, kCurveSlots), {kPoints, kPointSets}
-    })
+    for (const auto& [group, last] : {std::pair(kLines, kCurveSlots), {kPoints, kPointSets}})
         for (int series = 1; series <= last; ++series)
             if (auto points = PointsInFrame(surface, group, series); !points.empty())
                 list.push_back({group, series, std::move(points)});

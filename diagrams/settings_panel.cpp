@@ -36,12 +36,10 @@ struct MarginSlider {
     Slider DesignControls::*slider;
     Margin Margins::*margin;
 };
-constexpr std::array<MarginSlider, 4> kMargins{
-    {{&DesignControls::scrHL, &Margins::left},
-     {&DesignControls::scrHR, &Margins::right},
-     {&DesignControls::scrHO, &Margins::top},
-     {&DesignControls::scrHU, &Margins::bottom}}
-};
+constexpr std::array<MarginSlider, 4> kMargins{{{&DesignControls::scrHL, &Margins::left},
+                                                {&DesignControls::scrHR, &Margins::right},
+                                                {&DesignControls::scrHO, &Margins::top},
+                                                {&DesignControls::scrHU, &Margins::bottom}}};
 
 int Thousandths(double share) {
     return static_cast<int>(std::lround(std::clamp(share, 0.0, 1.0) * kPlaceSteps));
@@ -312,12 +310,10 @@ void WireDesign(ProjectState& ps, DiagramDocument& doc) {
     for (const MarginSlider& row : kMargins)
         moved(design.*row.slider, MarginSlider_Change);
     on(design.chkAutoChartArea, chkAutoChartArea_Click);
-    for (const auto& [slider, edge] : {
-             std::pair(&design.scrHLChartArea, Edge::Left),
-             {&design.scrHChartArea,  Edge::Right },
-             {&design.scrVOChartArea, Edge::Top   },
-             {&design.scrVChartArea,  Edge::Bottom}
-    })
+    for (const auto& [slider, edge] : {std::pair(&design.scrHLChartArea, Edge::Left),
+                                       {&design.scrHChartArea, Edge::Right},
+                                       {&design.scrVOChartArea, Edge::Top},
+                                       {&design.scrVChartArea, Edge::Bottom}})
         slider->onChange = [&doc, edge = edge] { ChartAreaSlider_Change(doc, edge); };
 }
 

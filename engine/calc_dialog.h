@@ -34,9 +34,7 @@ struct CalcDialog : Form {
     Label lblZeitEinheit{*this, "lblZeitEinheit"};
     CheckBox chkDelDiagram{*this, "chkDelDiagram"};
     CheckBox chkSpecialScaling{*this, "chkSpecialScaling"};
-    OptionGroup optSpecialScaling{
-        *this, "optSpecialScaling", {"A", "B", "C", "P", "Q"}
-    };
+    OptionGroup optSpecialScaling{*this, "optSpecialScaling", {"A", "B", "C", "P", "Q"}};
     Button cmdReset_k{*this, "cmdReset_k", "Set default values"};
     Frame fraKsi{*this, "fraKsi"};
     Label lblTextKsi_1{*this, "lblTextKsi_1"}, lblTextKsi_2{*this, "lblTextKsi_2"};

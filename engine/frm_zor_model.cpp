@@ -121,14 +121,9 @@ void MarkSelection(frmZorModel& form, int index) {
         Label& label;
         int option;
     };
-    for (const Scheme& scheme : {
-             Scheme{form.lbl7,   7 },
-             Scheme{form.lbl10,  10},
-             Scheme{form.lbl13,  13},
-             Scheme{form.Label3, 14},
-             Scheme{form.Label2, 15},
-             Scheme{form.lbl18,  18}
-    })
+    for (const Scheme& scheme :
+         {Scheme{form.lbl7, 7}, Scheme{form.lbl10, 10}, Scheme{form.lbl13, 13},
+          Scheme{form.Label3, 14}, Scheme{form.Label2, 15}, Scheme{form.lbl18, 18}})
         scheme.label.bold = scheme.option == index;
 }
 

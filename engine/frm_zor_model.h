@@ -25,15 +25,11 @@ struct frmZorModel : Form {
     Label lblOrdnung{*this, "lblOrdnung", "n ="};
     Label lblOrdnungHint{*this, "lblOrdnungHint", "( n >  0 )"};
     Frame fraZeit{*this, "fraZeit", "Time unit"};
-    OptionGroup optZeit{
-        *this, "optZeit", {"s", "min", "h", "d", "a"}
-    };
+    OptionGroup optZeit{*this, "optZeit", {"s", "min", "h", "d", "a"}};
     Label lblZeitHint1{*this, "lblZeitHint1", "(remains in effect in the whole ZORVANT program)"};
     Label lblZeitHint2{*this, "lblZeitHint2",
                        "... causes conversion of a all time values and rate constants "};
-    OptionGroup optMichMent{
-        *this, "optMichMent", {"r(P)-c(S) evaluation", "c-t evaluation"}
-    };
+    OptionGroup optMichMent{*this, "optMichMent", {"r(P)-c(S) evaluation", "c-t evaluation"}};
     Button cmdShowMatrix{*this, "cmdShowMatrix", "Show stoichiometric matrix"};
 };
 

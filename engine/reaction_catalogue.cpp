@@ -29,27 +29,13 @@ constexpr Captions kDownstream{"", "k1", "k>", "k<"};
 // Start concentrations, mol/L. An autocatalytic reaction needs a trace of its catalyst to start; an
 // equilibrium may start from its product alone.
 using Start = std::array<ConcentrationDefault, 2>;
-constexpr Start kStartA{
-    {{kA, 1, false}, {}}
-};
-constexpr Start kStartAB{
-    {{kA, 1, false}, {kB, 1, false}}
-};
-constexpr Start kStartTrace{
-    {{kA, 1, false}, {kP, 0.002, false}}
-};
-constexpr Start kStart7{
-    {{kA, 2, false}, {kB, 1, false}}
-};
-constexpr Start kStart8{
-    {{kA, 0.5, true}, {}}
-};
-constexpr Start kStartEnzyme{
-    {{kA, 1, false}, {kB, 5, false}}
-};
-constexpr Start kStartReversible{
-    {{kA, 0.5, true}, {kB, 0.5, true}}
-};
+constexpr Start kStartA{{{kA, 1, false}, {}}};
+constexpr Start kStartAB{{{kA, 1, false}, {kB, 1, false}}};
+constexpr Start kStartTrace{{{kA, 1, false}, {kP, 0.002, false}}};
+constexpr Start kStart7{{{kA, 2, false}, {kB, 1, false}}};
+constexpr Start kStart8{{{kA, 0.5, true}, {}}};
+constexpr Start kStartEnzyme{{{kA, 1, false}, {kB, 5, false}}};
+constexpr Start kStartReversible{{{kA, 0.5, true}, {kB, 0.5, true}}};
 
 // One row a model, laid out by hand so that the columns can be read downward:
 // id, option, caption, name,
@@ -150,16 +136,14 @@ struct DataMasks {
     const char* species;
     bool ofRc, ofTk;
 };
-constexpr std::array<DataMasks, 6> kDataMasks{
-    {
-     {-15, -12, "0000", true, false}, // pairs r(P)-c(S)
-        {-11, -10, "10010", false, false},
-     {-9, -9, "11111", false, false},
-     {-8, -5, "00002", false, false}, // functions of c, not c itself
-        {-4, -2, "00000", false, true}, // pairs k-T
-        {-1, -1, "11111", false, false},
-     }
-};
+constexpr std::array<DataMasks, 6> kDataMasks{{
+    {-15, -12, "0000", true, false}, // pairs r(P)-c(S)
+    {-11, -10, "10010", false, false},
+    {-9, -9, "11111", false, false},
+    {-8, -5, "00002", false, false}, // functions of c, not c itself
+    {-4, -2, "00000", false, true},  // pairs k-T
+    {-1, -1, "11111", false, false},
+}};
 
 /// While a fit runs, the masks of some models mean the parameters that it varies: order and k, or
 /// frequency factor and activation energy.
@@ -169,13 +153,11 @@ struct FitMasks {
     const char* species; ///< nullptr: as in the catalogue
     const char* rates;
 };
-constexpr std::array<FitMasks, 3> kFitMasks{
-    {
-     {2, 20, nullptr, "110"},
-     {6, 2, "10000", "110"},
-     {7, 3, "10000", "110"},
-     }
-};
+constexpr std::array<FitMasks, 3> kFitMasks{{
+    {2, 20, nullptr, "110"},
+    {6, 2, "10000", "110"},
+    {7, 3, "10000", "110"},
+}};
 
 /// Kinds of rate diagrams count from here.
 constexpr int kRateKinds = 50;

@@ -73,8 +73,7 @@ const std::array<OptionRow, 8>& Options() {
          {"--help", nullptr, "this text",
           [](CommandLine& line, const std::string&) { line.task = Task::Help; }},
          {"--version", nullptr, "the program's version",
-          [](CommandLine& line, const std::string&) { line.task = Task::Version; }}}
-    };
+          [](CommandLine& line, const std::string&) { line.task = Task::Version; }}}};
     return table;
 }
 

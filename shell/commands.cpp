@@ -103,23 +103,23 @@ void ShowStatus(MDIZOR& form) {
 void OpenWindowList(MDIZOR&) {}
 
 constexpr Command kCommands[] = {
-    {"mnuLoadLastSession", nullptr,               mnuLoadLastSession_Click, ""           },
-    {"mnuLoadProject",     nullptr,               mnuLoadProject_Click,     ""           },
-    {"mnuSaveProject",     nullptr,               mnuSaveProject_Click,     kNeedsProject},
-    {"mnuStatus",          nullptr,               ShowStatus,               ""           },
-    {"mnuNeudat",          "frmDatedit",          mnuNeudat_Click,          ""           },
-    {"mnuEditDat",         "frmDatedit",          mnuEditDat_Click,         kNeedsData   },
-    {"mnuImportText",      "frmImportText",       ImportText,               ""           },
-    {"mnuEditXY",          "frmZXYEditor",        OpenXYEditor,             ""           },
-    {"mnuExit",            nullptr,               mnuExit_Click,            ""           },
-    {"mnuModel",           "frmZorModel",         OpenModelDialog,          ""           },
-    {"mnuToolArrhenius",   "frmArrheniusRechner", OpenCalculator<1>,        ""           },
-    {"mnuToolEyring",      "frmArrheniusRechner", OpenCalculator<2>,        ""           },
-    {"mnuConvertTool1W",   nullptr,               mnuConvertTool1W_Click,   ""           },
-    {"mnuFenster",         nullptr,               OpenWindowList,           ""           },
-    {"mnuHilfeHinweis",    nullptr,               mnuHilfeHinweis_Click,    ""           },
-    {"mnuProjektInfo",     nullptr,               ShowStatus,               ""           },
-    {"mnuInfo",            nullptr,               mnuInfo_Click,            ""           },
+    {"mnuLoadLastSession", nullptr, mnuLoadLastSession_Click, ""},
+    {"mnuLoadProject", nullptr, mnuLoadProject_Click, ""},
+    {"mnuSaveProject", nullptr, mnuSaveProject_Click, kNeedsProject},
+    {"mnuStatus", nullptr, ShowStatus, ""},
+    {"mnuNeudat", "frmDatedit", mnuNeudat_Click, ""},
+    {"mnuEditDat", "frmDatedit", mnuEditDat_Click, kNeedsData},
+    {"mnuImportText", "frmImportText", ImportText, ""},
+    {"mnuEditXY", "frmZXYEditor", OpenXYEditor, ""},
+    {"mnuExit", nullptr, mnuExit_Click, ""},
+    {"mnuModel", "frmZorModel", OpenModelDialog, ""},
+    {"mnuToolArrhenius", "frmArrheniusRechner", OpenCalculator<1>, ""},
+    {"mnuToolEyring", "frmArrheniusRechner", OpenCalculator<2>, ""},
+    {"mnuConvertTool1W", nullptr, mnuConvertTool1W_Click, ""},
+    {"mnuFenster", nullptr, OpenWindowList, ""},
+    {"mnuHilfeHinweis", nullptr, mnuHilfeHinweis_Click, ""},
+    {"mnuProjektInfo", nullptr, ShowStatus, ""},
+    {"mnuInfo", nullptr, mnuInfo_Click, ""},
 };
 
 const Command* CommandOf(std::string_view control) {
@@ -173,8 +173,8 @@ struct Evaluations {
     bool nonIsothermal;
 };
 constexpr Evaluations kEvaluations[] = {
-    {2, 1, true },
-    {3, 2, true },
+    {2, 1, true},
+    {3, 2, true},
     {4, 3, false},
 };
 

@@ -44,13 +44,8 @@ struct DroppedKind {
     void (*open)(MDIZOR&, const std::string&);
 };
 constexpr DroppedKind kKinds[] = {
-    {".ZC3", OpenProject},
-    {".ZI3", OpenData   },
-    {".XY",  OpenPoints },
-    {".LRG", OpenPoints },
-    {".CSV", OpenText   },
-    {".TSV", OpenText   },
-    {".TXT", OpenText   },
+    {".ZC3", OpenProject}, {".ZI3", OpenData}, {".XY", OpenPoints}, {".LRG", OpenPoints},
+    {".CSV", OpenText},    {".TSV", OpenText}, {".TXT", OpenText},
 };
 
 const DroppedKind* KindOf(const std::string& path) {

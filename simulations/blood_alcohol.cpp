@@ -110,8 +110,7 @@ const std::array<BacRule, 5>& BacRules() {
           [](ProjectState& ps) { ps.kAbs = kStandardAbs; },
           "rate const. of absorption k(abs) outside the valid range:\r\n2 <= k(abs) <= 20\r\n\r\n"
           "parameter is set to standard value",
-          "5", "txtkres"}}
-    };
+          "5", "txtkres"}}};
     return kRules;
 }
 

@@ -105,14 +105,12 @@ struct ExampleDrink {
     const char* hour;
     const char* minute;
 };
-inline constexpr std::array<ExampleDrink, 6> kExampleSession{
-    {{400, 5, "19", "00"},
-     {400, 5, "19", "30"},
-     {400, 5, "20", "10"},
-     {400, 5, "20", "50"},
-     {400, 5, "21", "30"},
-     {40, 40, "22", "15"}}
-};
+inline constexpr std::array<ExampleDrink, 6> kExampleSession{{{400, 5, "19", "00"},
+                                                              {400, 5, "19", "30"},
+                                                              {400, 5, "20", "10"},
+                                                              {400, 5, "20", "50"},
+                                                              {400, 5, "21", "30"},
+                                                              {40, 40, "22", "15"}}};
 inline constexpr int kExampleTimeMax = 600; ///< min
 
 /// The note that the results are no evidence.

@@ -47,19 +47,19 @@ struct KeyRow {
     ChartKey meaning;
 };
 constexpr KeyRow kChartKeys[] = {
-    {Qt::Key_Left,     Qt::NoModifier,    ChartKey::Left    },
-    {Qt::Key_Right,    Qt::NoModifier,    ChartKey::Right   },
-    {Qt::Key_Up,       Qt::NoModifier,    ChartKey::Up      },
-    {Qt::Key_Down,     Qt::NoModifier,    ChartKey::Down    },
-    {Qt::Key_PageUp,   Qt::NoModifier,    ChartKey::PageUp  },
-    {Qt::Key_PageDown, Qt::NoModifier,    ChartKey::PageDown},
-    {Qt::Key_Home,     Qt::NoModifier,    ChartKey::Home    },
-    {Qt::Key_End,      Qt::NoModifier,    ChartKey::End     },
-    {Qt::Key_Delete,   Qt::NoModifier,    ChartKey::Delete  },
-    {Qt::Key_Return,   Qt::NoModifier,    ChartKey::Design  },
-    {Qt::Key_Enter,    Qt::NoModifier,    ChartKey::Design  },
-    {Qt::Key_Menu,     Qt::NoModifier,    ChartKey::Design  },
-    {Qt::Key_F10,      Qt::ShiftModifier, ChartKey::Design  },
+    {Qt::Key_Left, Qt::NoModifier, ChartKey::Left},
+    {Qt::Key_Right, Qt::NoModifier, ChartKey::Right},
+    {Qt::Key_Up, Qt::NoModifier, ChartKey::Up},
+    {Qt::Key_Down, Qt::NoModifier, ChartKey::Down},
+    {Qt::Key_PageUp, Qt::NoModifier, ChartKey::PageUp},
+    {Qt::Key_PageDown, Qt::NoModifier, ChartKey::PageDown},
+    {Qt::Key_Home, Qt::NoModifier, ChartKey::Home},
+    {Qt::Key_End, Qt::NoModifier, ChartKey::End},
+    {Qt::Key_Delete, Qt::NoModifier, ChartKey::Delete},
+    {Qt::Key_Return, Qt::NoModifier, ChartKey::Design},
+    {Qt::Key_Enter, Qt::NoModifier, ChartKey::Design},
+    {Qt::Key_Menu, Qt::NoModifier, ChartKey::Design},
+    {Qt::Key_F10, Qt::ShiftModifier, ChartKey::Design},
 };
 
 } // namespace

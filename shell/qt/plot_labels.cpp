@@ -218,8 +218,7 @@ Obstacles FindObstacles(const PlotSurface& surface, const PictureLayout& layout)
                     layout.y.scale.Shows(series.y[i]))
                     obstacles.Add(Obstacles::Symbol{
                         {layout.x.scale.Pixel(series.x[i]), layout.y.scale.Pixel(series.y[i])},
-                        series.symbol.size / 2.0
-                    });
+                        series.symbol.size / 2.0});
         }
     }
     return obstacles;

@@ -27,8 +27,7 @@ const std::array<Dashes, 3>& DashTable() {
     static const std::array<Dashes, 3> table{
         {{LinePattern::Dotted, {{0, 1.5}, {0, 3}}},
          {LinePattern::Dashed, {{4, 3}, {2, 1.5}}},
-         {LinePattern::DashDot, {{4, 3}, {1.5, 1.5}, {0, 1.5}, {1.5, 1.5}}}}
-    };
+         {LinePattern::DashDot, {{4, 3}, {1.5, 1.5}, {0, 1.5}, {1.5, 1.5}}}}};
     return table;
 }
 
@@ -51,16 +50,14 @@ struct Shape {
     QCPScatterStyle::ScatterShape drawn;
     bool filled;
 };
-constexpr std::array<Shape, 8> kShapes{
-    {{SymbolShape::Dot, QCPScatterStyle::ssCircle, true},
-     {SymbolShape::Circle, QCPScatterStyle::ssCircle, false},
-     {SymbolShape::Cross, QCPScatterStyle::ssCross, false},
-     {SymbolShape::Square, QCPScatterStyle::ssSquare, true},
-     {SymbolShape::Star, QCPScatterStyle::ssStar, false},
-     {SymbolShape::Triangle, QCPScatterStyle::ssTriangle, true},
-     {SymbolShape::Box, QCPScatterStyle::ssSquare, false},
-     {SymbolShape::Diamond, QCPScatterStyle::ssDiamond, false}}
-};
+constexpr std::array<Shape, 8> kShapes{{{SymbolShape::Dot, QCPScatterStyle::ssCircle, true},
+                                        {SymbolShape::Circle, QCPScatterStyle::ssCircle, false},
+                                        {SymbolShape::Cross, QCPScatterStyle::ssCross, false},
+                                        {SymbolShape::Square, QCPScatterStyle::ssSquare, true},
+                                        {SymbolShape::Star, QCPScatterStyle::ssStar, false},
+                                        {SymbolShape::Triangle, QCPScatterStyle::ssTriangle, true},
+                                        {SymbolShape::Box, QCPScatterStyle::ssSquare, false},
+                                        {SymbolShape::Diamond, QCPScatterStyle::ssDiamond, false}}};
 
 QPointF LineStart(const TextBox& box, const QFontMetricsF& metrics, const QRectF& rect,
                   qsizetype line) {

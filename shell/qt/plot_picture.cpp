@@ -99,16 +99,14 @@ struct Format {
     const char* ending; ///< that means this format; nullptr: none
     QByteArray (*draw)(PlotSurface&, const PictureMeasure&);
 };
-constexpr std::array<Format, 8> kFormats{
-    {{PictureFormat::Png, ".PNG", Png},
-     {PictureFormat::Svg, ".SVG", Svg},
-     {PictureFormat::Pdf, ".PDF", Pdf},
-     {PictureFormat::Bitmap, ".BMP", Bmp},
-     {PictureFormat::Metafile, ".WMF", Wmf},
-     {PictureFormat::EnhancedFile, ".EMF", Emf},
-     {PictureFormat::EnhancedMetafile, nullptr, Emf},
-     {PictureFormat::StandardMetafile, nullptr, BareWmf}}
-};
+constexpr std::array<Format, 8> kFormats{{{PictureFormat::Png, ".PNG", Png},
+                                          {PictureFormat::Svg, ".SVG", Svg},
+                                          {PictureFormat::Pdf, ".PDF", Pdf},
+                                          {PictureFormat::Bitmap, ".BMP", Bmp},
+                                          {PictureFormat::Metafile, ".WMF", Wmf},
+                                          {PictureFormat::EnhancedFile, ".EMF", Emf},
+                                          {PictureFormat::EnhancedMetafile, nullptr, Emf},
+                                          {PictureFormat::StandardMetafile, nullptr, BareWmf}}};
 
 std::string Ending(const std::string& path) {
     const std::string name = FileName(path);

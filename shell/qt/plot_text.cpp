@@ -19,11 +19,9 @@ struct FontName {
     const char* ours;
 };
 /// Free fonts with the same widths.
-constexpr std::array<FontName, 3> kFontNames{
-    {{"Arial", "Liberation Sans"},
-     {"Courier New", "Liberation Mono"},
-     {"Times New Roman", "Liberation Serif"}}
-};
+constexpr std::array<FontName, 3> kFontNames{{{"Arial", "Liberation Sans"},
+                                              {"Courier New", "Liberation Mono"},
+                                              {"Times New Roman", "Liberation Serif"}}};
 
 double WidestLine(const QStringList& lines, const QFont& font) {
     double widest = 0;

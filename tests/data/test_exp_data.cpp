@@ -43,9 +43,7 @@ TEST(DataStatistics, CountEachKindOfMeasurementByItsColumns) {
 }
 
 TEST(DataStatistics, StartAnewEachTime) {
-    ProjectState ps = StateWith({
-        {.cA = 1, .cB = 1, .T = 300, .k = 1, .lambda = 2}
-    });
+    ProjectState ps = StateWith({{.cA = 1, .cB = 1, .T = 300, .k = 1, .lambda = 2}});
     ps.LambdaInf = 3;
     FuCheckExpData(ps);
     ps.ExpPointCount = 0;
@@ -106,11 +104,11 @@ TEST(DataStatistics, TellTemperaturesApartByTheirNeighbours) {
         std::vector<double> all;
         std::vector<float> different;
     } cases[] = {
-        {{300.02, 300, 300.009, 300.005},           {0, 300, 300.02F} },
-        {{300, 300.009, 300.018, 300.027, 300.036}, {0, 300}          }, // a chain of neighbours
-        {{0, 0, 300, 300},                          {0, 300}          },
-        {{-5, 0, 0},                                {0}               },
-        {{310, 290, 300, 290},                      {0, 290, 300, 310}},
+        {{300.02, 300, 300.009, 300.005}, {0, 300, 300.02F}},
+        {{300, 300.009, 300.018, 300.027, 300.036}, {0, 300}}, // a chain of neighbours
+        {{0, 0, 300, 300}, {0, 300}},
+        {{-5, 0, 0}, {0}},
+        {{310, 290, 300, 290}, {0, 290, 300, 310}},
     };
     for (const auto& c : cases) {
         std::vector<ExpPoint> rows;

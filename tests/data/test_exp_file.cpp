@@ -79,12 +79,12 @@ TEST_F(ExpFile, ChangesNothingWhenItCannotBeLoaded) {
         const char *name, *reason;
         bool append;
     } cases[] = {
-        {"none",   "No such file or directory: ",                 false},
-        {"",       "Is a directory: ",                            false},
-        {"empty",  "Input past end of file (comment)",            false},
-        {"short",  "Input past end of file (row 2 of 3, t)",      true },
+        {"none", "No such file or directory: ", false},
+        {"", "Is a directory: ", false},
+        {"empty", "Input past end of file (comment)", false},
+        {"short", "Input past end of file (row 2 of 3, t)", true},
         {"binary", "Input past end of file (number of measuring", false},
-        {"many",   "Overflow",                                    true }, // 32768 rows
+        {"many", "Overflow", true}, // 32768 rows
     };
     const std::vector<ExpPoint> table = ps.ExpData;
     for (const auto& c : cases) {
@@ -176,10 +176,10 @@ TEST_F(ExpFile, IsOfferedForSavingOnLeaving) {
         std::optional<FileChoice> choice;
         bool cancelled, saved;
     } cases[] = {
-        {Answer::No,     std::nullopt,                    false, false},
-        {Answer::Cancel, std::nullopt,                    true,  false},
-        {Answer::Yes,    std::nullopt,                    true,  false},
-        {Answer::Yes,    FileChoice{folder / "kept.ZI3"}, false, true },
+        {Answer::No, std::nullopt, false, false},
+        {Answer::Cancel, std::nullopt, true, false},
+        {Answer::Yes, std::nullopt, true, false},
+        {Answer::Yes, FileChoice{folder / "kept.ZI3"}, false, true},
     };
     for (const auto& c : cases) {
         script.answers = {c.answer};

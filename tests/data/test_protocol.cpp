@@ -39,21 +39,9 @@ TEST(ResultLog, FileHoldsHeadsAndTheColumnsInUse) {
     // B takes no part in A => P, whatever stands in its columns; P does, though it is 0.
     SetResult(
         ps, 0,
-        {
-            {1,  1.5F   },
-            {2,  7.0F   },
-            {6,  0.25F  },
-            {9,  1.25F  },
-            {11, 0.001F },
-            {14, 0.8333F},
-            {15, 60     }
-    });
+        {{1, 1.5F}, {2, 7.0F}, {6, 0.25F}, {9, 1.25F}, {11, 0.001F}, {14, 0.8333F}, {15, 60}});
     RecordProtocolRows(ps, false);
-    SetResult(ps, 0,
-              {
-                  {15, 1e-7F},
-                  {20, -0.5F}
-    });
+    SetResult(ps, 0, {{15, 1e-7F}, {20, -0.5F}});
     RecordProtocolRows(ps, false);
     EXPECT_TRUE(ps.ProtocolOpen);
     EXPECT_EQ(ps.ProtokollRows, 2);
@@ -77,10 +65,7 @@ TEST(ResultLog, ASeriesOfTanksAddsOneRowEach) {
     ps.NKask = 3;
     ClearProtokollDaten(ps, 3);
     for (std::size_t tank = 0; tank < 3; ++tank)
-        SetResult(ps, tank,
-                  {
-                      {0, static_cast<float>(tank + 1)}
-        });
+        SetResult(ps, tank, {{0, static_cast<float>(tank + 1)}});
     RecordProtocolRows(ps, true);
     ASSERT_EQ(ps.ProtokollRows, 3);
     EXPECT_EQ(ps.ProtokollTabelle[2][0], 3);
@@ -98,12 +83,7 @@ TEST(ResultLog, ASeriesOfTanksAddsOneRowEach) {
 TEST(ResultLog, NeverWritesWhatIsNoNumber) {
     LogState ps;
     ClearProtokollDaten(ps);
-    SetResult(ps, 0,
-              {
-                  {1,  std::nanf("")},
-                  {15, HUGE_VALF    },
-                  {20, 1            }
-    });
+    SetResult(ps, 0, {{1, std::nanf("")}, {15, HUGE_VALF}, {20, 1}});
     RecordProtocolRows(ps, false);
     const std::string text = ProtocolText(ps, CalcDialogId::Batch, "");
     EXPECT_TRUE(text.ends_with("c_beg(A);c_beg(P);c_end(A);c_end(P);t; ksi(1);\r\n;0;0;0;;1;\r\n"))
@@ -134,11 +114,7 @@ TEST(ResultLog, AutomaticNamesCountTheFilesOfTheDay) {
 TEST(ResultLog, ClosingWritesTheFileFillsTheClipboardAndBeginsANewLog) {
     LogState ps;
     ClearProtokollDaten(ps);
-    SetResult(ps, 0,
-              {
-                  {1,  2},
-                  {15, 5}
-    });
+    SetResult(ps, 0, {{1, 2}, {15, 5}});
     RecordProtocolRows(ps, false);
     const std::string expected = ProtocolText(ps, CalcDialogId::Batch, "today");
     const std::string path = ProtocolPath(ps);

@@ -23,44 +23,43 @@ Rows Read(std::string_view text) {
 }
 
 TEST(PastedTable, IsReadFromSpreadsheetsOfAnyCountry) {
-    const Rows two = {
-        {0, 1.25 },
-        {5, 0.875}
-    };
+    const Rows two = {{0, 1.25}, {5, 0.875}};
     const struct {
         const char *why, *text;
         Rows rows;
     } cases[] = {
-        {"tabs and points",                 "0\t1.25\r\n5\t0.875\r\n",                         two                        },
-        {"tabs and commas",                 "0\t1,25\r\n5\t0,875\r\n",                         two                        },
-        {"carriage returns alone",          "0\t1.25\r5\t0.875",                               two                        },
-        {"semicolons and commas",           "0;1,25\n5;0,875\n",                               two                        },
-        {"commas and points",               "0,1.25\n5,0.875\n",                               two                        },
-        {"commas, points, blanks",          "0, 1.25\n5 , 0.875\n",                            two                        },
-        {"blanks and points",               "  0   1.25\n  5  0.875  \n",                      two                        },
-        {"blanks and commas",               "0,0 1,25\n5,0 0,875\n",                           two                        },
-        {"quoted cells",                    "\"0\",\"1,25\"\n\"5\",\"0,875\"\n",               two                        },
-        {"headings",                        "run 7, Tuesday\n\nt/s;c, mol/L\n0;1,25\n5;0,875", two                        },
-        {"heading with a line end",         "t;\"c\n(A)\"\n0;1,25\n5;0,875",                   two                        },
-        {"empty lines",                     "\n0\t1.25\n\n5\t0.875\n\n\n",                     two                        },
-        {"empty cells",                     "0\t\t1\n\t5\t\n",                                 {{0, 0, 1}, {0, 5, 0}}     },
-        {"one column",                      "1.5\n2.5\n3",                                     {{1.5}, {2.5}, {3}}        },
-        {"one number",                      "1,5",                                             {{1.5}}                    },
-        {"a column of decimal commas",      "0,5\n1,25\n",                                     {{.5}, {1.25}}             },
-        {"couples under two heads",         "t,c\n0,5\n1,25\n",                                {{0, 5}, {1, 25}}          },
-        {"three integers a line",           "1,2,3\n4,5,6",                                    {{1, 2, 3}, {4, 5, 6}}     },
-        {"thousands parted by points",      "1.234,5;2\n12,5;3",                               {{1234.5, 2}, {12.5, 3}}   },
-        {"thousands parted by commas",      "1,234.5;2\n12.5;3",                               {{1234.5, 2}, {12.5, 3}}   },
+        {"tabs and points", "0\t1.25\r\n5\t0.875\r\n", two},
+        {"tabs and commas", "0\t1,25\r\n5\t0,875\r\n", two},
+        {"carriage returns alone", "0\t1.25\r5\t0.875", two},
+        {"semicolons and commas", "0;1,25\n5;0,875\n", two},
+        {"commas and points", "0,1.25\n5,0.875\n", two},
+        {"commas, points, blanks", "0, 1.25\n5 , 0.875\n", two},
+        {"blanks and points", "  0   1.25\n  5  0.875  \n", two},
+        {"blanks and commas", "0,0 1,25\n5,0 0,875\n", two},
+        {"quoted cells", "\"0\",\"1,25\"\n\"5\",\"0,875\"\n", two},
+        {"headings", "run 7, Tuesday\n\nt/s;c, mol/L\n0;1,25\n5;0,875", two},
+        {"heading with a line end", "t;\"c\n(A)\"\n0;1,25\n5;0,875", two},
+        {"empty lines", "\n0\t1.25\n\n5\t0.875\n\n\n", two},
+        {"empty cells", "0\t\t1\n\t5\t\n", {{0, 0, 1}, {0, 5, 0}}},
+        {"one column", "1.5\n2.5\n3", {{1.5}, {2.5}, {3}}},
+        {"one number", "1,5", {{1.5}}},
+        {"a column of decimal commas", "0,5\n1,25\n", {{.5}, {1.25}}},
+        {"couples under two heads", "t,c\n0,5\n1,25\n", {{0, 5}, {1, 25}}},
+        {"three integers a line", "1,2,3\n4,5,6", {{1, 2, 3}, {4, 5, 6}}},
+        {"thousands parted by points", "1.234,5;2\n12,5;3", {{1234.5, 2}, {12.5, 3}}},
+        {"thousands parted by commas", "1,234.5;2\n12.5;3", {{1234.5, 2}, {12.5, 3}}},
         {"thousands parted by blanks",
          "1 234,5\t2\n1\xC2\xA0"
          "234\xE2\x80\xAF"
-         "567\t3",                                                                             {{1234.5, 2}, {1234567, 3}}},
-        {"thousands parted by apostrophes", "1'234.5\t2",                                      {{1234.5, 2}}              },
+         "567\t3",
+         {{1234.5, 2}, {1234567, 3}}},
+        {"thousands parted by apostrophes", "1'234.5\t2", {{1234.5, 2}}},
         {"a true minus sign",
          "\xE2\x88\x92"
-         "1,5\t2E-3",                                                                          {{-1.5, .002}}             },
-        {"a name in each row",              "first;1,5;2\nsecond;2,5;3",                       {{0, 1.5, 2}, {0, 2.5, 3}} },
-        {"nothing",                         "",                                                {}                         },
+         "1,5\t2E-3",
+         {{-1.5, .002}}},
+        {"a name in each row", "first;1,5;2\nsecond;2,5;3", {{0, 1.5, 2}, {0, 2.5, 3}}},
+        {"nothing", "", {}},
     };
     for (const auto& c : cases)
         EXPECT_EQ(Read(c.text), c.rows) << c.why;
@@ -76,19 +75,19 @@ TEST(PastedTable, ShowsWhereThereAreTwoWaysToReadIt) {
         const char* text;
         std::vector<Doubt> doubts;
     } cases[] = {
-        {"1.5\t2.25\n3.125\t4.75",    {}                                       },
-        {"1,5\t2,25\n3\t4,75",        {}                                       },
-        {"0.125\t1.234\n0.25\t5.678", {}                                       }, // points alone
-        {"0,125\t0,500",              {}                                       }, // no group begins with 0
-        {"1,234\t2\n5,678\t3",        {{0, "1,234", 1.234}}                    },
-        {"1,234\t2\n12,5\t3",         {}                                       }, // the second row tells
-        {"1,5\t1.234\n2,5\t2.345",    {{1, "1.234", 1.234}}                    },
-        {"1,5\n1.234",                {{-1, "1,5", 1.5}, {0, "1.234", 1234}}   },
-        {"1.5\n1,234",                {{-1, "1,234", 1234}, {0, "1,234", 1234}}},
-        {"1,5\n2,75",                 {{-1, "1,5", 1.5}}                       },
-        {"1,5\n2,75.5",               {}                                       },
-        {"t,c\n1,5",                  {}                                       },
-        {"1.234.567\t1,5",            {}                                       },
+        {"1.5\t2.25\n3.125\t4.75", {}},
+        {"1,5\t2,25\n3\t4,75", {}},
+        {"0.125\t1.234\n0.25\t5.678", {}}, // points alone
+        {"0,125\t0,500", {}},              // no group begins with 0
+        {"1,234\t2\n5,678\t3", {{0, "1,234", 1.234}}},
+        {"1,234\t2\n12,5\t3", {}}, // the second row tells
+        {"1,5\t1.234\n2,5\t2.345", {{1, "1.234", 1.234}}},
+        {"1,5\n1.234", {{-1, "1,5", 1.5}, {0, "1.234", 1234}}},
+        {"1.5\n1,234", {{-1, "1,234", 1234}, {0, "1,234", 1234}}},
+        {"1,5\n2,75", {{-1, "1,5", 1.5}}},
+        {"1,5\n2,75.5", {}},
+        {"t,c\n1,5", {}},
+        {"1.234.567\t1,5", {}},
     };
     for (const auto& c : cases) {
         const TableGuess guess = GuessTableLayout(c.text);
@@ -109,10 +108,7 @@ TEST(PastedTable, KnowsItsHeadingAndIsReadAsTheUserCorrectsIt) {
     EXPECT_EQ(guess.layout.skipLines, 2);
     EXPECT_THAT(guess.heads, ElementsAre("t/s", "A \"365\"", "note"));
     const TableNumbers table = ReadTable(text, guess.layout);
-    EXPECT_EQ(RowsOf(table), (Rows{
-                                 {1.234, 5, 0},
-                                 {2,     0, 0}
-    }));
+    EXPECT_EQ(RowsOf(table), (Rows{{1.234, 5, 0}, {2, 0, 0}}));
     EXPECT_EQ(table.badCells, 2);
     EXPECT_EQ(table.firstBadLine, 3);
     guess.layout.decimals[0] = DecimalSign::Point;
@@ -151,29 +147,29 @@ TEST(PastedCell, IsANumberOrNothing) {
         DecimalSign sign;
         std::optional<double> number;
     } cases[] = {
-        {"1.5",          DecimalSign::Comma, 1.5         }, // no group: decimal all the same
-        {"1,5",          DecimalSign::Point, 1.5         },
-        {"1.500",        DecimalSign::Comma, 1500        },
-        {"1.500",        DecimalSign::Point, 1.5         },
-        {"0.500",        DecimalSign::Comma, .5          },
-        {"1,234,567",    DecimalSign::Point, 1234567     },
-        {"1,234,567.89", DecimalSign::Comma, 1234567.89  },
-        {"-1.234E-2",    DecimalSign::Point, -1.234e-2   },
-        {"1,5E-02",      DecimalSign::Comma, .015        },
-        {".5",           DecimalSign::Comma, .5          },
-        {",5",           DecimalSign::Comma, .5          },
-        {"1.2.3",        DecimalSign::Point, std::nullopt},
-        {"1,2,3",        DecimalSign::Comma, std::nullopt},
-        {"1,23.4,5",     DecimalSign::Comma, std::nullopt},
-        {"12,34.5",      DecimalSign::Point, std::nullopt},
-        {"1 2",          DecimalSign::Point, std::nullopt},
-        {"1 2345",       DecimalSign::Point, std::nullopt},
-        {"5 %",          DecimalSign::Point, std::nullopt},
-        {"1e999",        DecimalSign::Point, std::nullopt},
-        {"NaN",          DecimalSign::Point, std::nullopt},
-        {"",             DecimalSign::Point, std::nullopt},
-        {"-",            DecimalSign::Comma, std::nullopt},
-        {",",            DecimalSign::Comma, std::nullopt},
+        {"1.5", DecimalSign::Comma, 1.5}, // no group: decimal all the same
+        {"1,5", DecimalSign::Point, 1.5},
+        {"1.500", DecimalSign::Comma, 1500},
+        {"1.500", DecimalSign::Point, 1.5},
+        {"0.500", DecimalSign::Comma, .5},
+        {"1,234,567", DecimalSign::Point, 1234567},
+        {"1,234,567.89", DecimalSign::Comma, 1234567.89},
+        {"-1.234E-2", DecimalSign::Point, -1.234e-2},
+        {"1,5E-02", DecimalSign::Comma, .015},
+        {".5", DecimalSign::Comma, .5},
+        {",5", DecimalSign::Comma, .5},
+        {"1.2.3", DecimalSign::Point, std::nullopt},
+        {"1,2,3", DecimalSign::Comma, std::nullopt},
+        {"1,23.4,5", DecimalSign::Comma, std::nullopt},
+        {"12,34.5", DecimalSign::Point, std::nullopt},
+        {"1 2", DecimalSign::Point, std::nullopt},
+        {"1 2345", DecimalSign::Point, std::nullopt},
+        {"5 %", DecimalSign::Point, std::nullopt},
+        {"1e999", DecimalSign::Point, std::nullopt},
+        {"NaN", DecimalSign::Point, std::nullopt},
+        {"", DecimalSign::Point, std::nullopt},
+        {"-", DecimalSign::Comma, std::nullopt},
+        {",", DecimalSign::Comma, std::nullopt},
     };
     for (const auto& c : cases)
         EXPECT_EQ(ParseCell(c.cell, c.sign), c.number) << c.cell;

@@ -99,22 +99,22 @@ TEST(ProjectFile, RefusesValuesThatLeadNowhere) {
         int line;
         const char *text, *error;
     } cases[] = {
-        {4,  "0",                                                                           "there is no model 0"                            },
-        {4,  "21",                                                                          "there is no model 21"                           },
-        {4,  "-2",                                                                          "there is no model -2"                           },
-        {4,  "99999",                                                                       "Overflow (model number)"                        },
-        {4,  "second",                                                                      "\"second\" is not a number"                     },
-        {5,  "1,NaN,3",                                                                     "\"NaN\" is not a number within the range (rate "},
-        {5,  "1,1e999,3",                                                                   "\"1e999\" is not a number"                      },
-        {6,  "batch",                                                                       "\"batch\" is not a number"                      },
-        {7,  "6",                                                                           "the number of concentrations is 6"              },
-        {7,  "-1",                                                                          "the number of concentrations is -1"             },
-        {7,  "99999",                                                                       "Overflow"                                       },
-        {8,  "\x01\x02\x03 bytes \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC here",
-         "\"??? bytes \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC \"... is not"                                                                   },
-        {13, "1e5",                                                                         "Overflow"                                       },
-        {16, "--5",                                                                         "\"--5\" is not a number"                        },
-        {18, "a,b",                                                                         "\"a\" is not a number"                          },
+        {4, "0", "there is no model 0"},
+        {4, "21", "there is no model 21"},
+        {4, "-2", "there is no model -2"},
+        {4, "99999", "Overflow (model number)"},
+        {4, "second", "\"second\" is not a number"},
+        {5, "1,NaN,3", "\"NaN\" is not a number within the range (rate "},
+        {5, "1,1e999,3", "\"1e999\" is not a number"},
+        {6, "batch", "\"batch\" is not a number"},
+        {7, "6", "the number of concentrations is 6"},
+        {7, "-1", "the number of concentrations is -1"},
+        {7, "99999", "Overflow"},
+        {8, "\x01\x02\x03 bytes \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC here",
+         "\"??? bytes \xE2\x82\xAC \xE2\x82\xAC \xE2\x82\xAC \"... is not"},
+        {13, "1e5", "Overflow"},
+        {16, "--5", "\"--5\" is not a number"},
+        {18, "a,b", "\"a\" is not a number"},
     };
     for (const auto& c : cases) {
         const Zc3Reading reading = ParseZc3(WithLine(c.line, c.text));

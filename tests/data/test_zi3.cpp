@@ -74,26 +74,26 @@ TEST(DataFile, TakesWhatPeopleAndOtherProgramsMakeOfIt) {
         std::string bytes;
         std::vector<double> times;
     } cases[] = {
-        {"LF",                                                              "c\ns\nh\n1\n5,1,0,0,0,0,0,0,0,0,0,0,0\n", {5}},
-        {                             "CR",                        "c\rs\rh\r1\r5,1,0,0,0,0,0,0,0,0,0,0,0\r",                                       {5}   },
-        {     "no end of the last line",                                     File("1",                                                                           "5,1,0,0,0,0,0,0,0,0,0,0,0"),    {5}},
-        {        "a line for each item",                      File("1",                                                            "5\n1\n0\n0\n0\n0\n0\n0\n0\n0\n0\n0\n-1\n"),    {5}},
-        {      "rows behind each other",
-         File("2",                                                                                                       "5,1,0,0,0,0,0,0,0,0,0,0,0,6,1,0,0,0,0,0,0,0,0,0,0,0"),
+        {"LF", "c\ns\nh\n1\n5,1,0,0,0,0,0,0,0,0,0,0,0\n", {5}},
+        {"CR", "c\rs\rh\r1\r5,1,0,0,0,0,0,0,0,0,0,0,0\r", {5}},
+        {"no end of the last line", File("1", "5,1,0,0,0,0,0,0,0,0,0,0,0"), {5}},
+        {"a line for each item", File("1", "5\n1\n0\n0\n0\n0\n0\n0\n0\n0\n0\n0\n-1\n"), {5}},
+        {"rows behind each other",
+         File("2", "5,1,0,0,0,0,0,0,0,0,0,0,0,6,1,0,0,0,0,0,0,0,0,0,0,0"),
          {5, 6}},
-        {                                                                                                                      "blanks and tabs",                            File(" 1 ",                                                                  " 5 ,\t1, 0,0,0,0,0,0,0,0,0,0, 0 \n"),    {5}},
-        { "commas at the ends of lines",
-         File("2,,",                                                                                                       "5,1,0,0,0,0,0,0,0,0,0,0,0,,\n6,1,0,0,0,0,0,0,0,0,0,0,,\n"),
+        {"blanks and tabs", File(" 1 ", " 5 ,\t1, 0,0,0,0,0,0,0,0,0,0, 0 \n"), {5}},
+        {"commas at the ends of lines",
+         File("2,,", "5,1,0,0,0,0,0,0,0,0,0,0,0,,\n6,1,0,0,0,0,0,0,0,0,0,0,,\n"),
          {5, 6}},
-        {                                                                                                                          "empty items",                                                 File("1",                                                                                        "5,,,,,,,,,,,,"),    {}},
-        {                 "empty items",                                               File("1",                                                                                     "5,,,,,,,,,,,,\n"),    {5}},
-        {                 "empty lines",
-         File("2",                                                                                                       "\n5,1,0,0,0,0,0,0,0,0,0,0,0\n\n \n6,1,0,0,0,0,0,0,0,0,0,0,0\n"),
+        {"empty items", File("1", "5,,,,,,,,,,,,"), {}},
+        {"empty items", File("1", "5,,,,,,,,,,,,\n"), {5}},
+        {"empty lines",
+         File("2", "\n5,1,0,0,0,0,0,0,0,0,0,0,0\n\n \n6,1,0,0,0,0,0,0,0,0,0,0,0\n"),
          {5, 6}},
-        {                                                                                                                  "signs and exponents",                       File("+1",                                                             "+5.0E+00,1D-3,.5,5.,0,0,0,0,0,0,0,0,0\n"),    {5}},
-        {      "more rows than counted",                  File("1",                                                        "5,1,0,0,0,0,0,0,0,0,0,0,0\n6,1,0,0,0,0,0,0\n"),    {5}},
-        {                     "no rows",                                                              File("0",                                                                                                     ""),    {}},
-        {         "a mark before UTF-8",                                                              "\xEF\xBB\xBF" + File("0",                                                                                                     ""),    {}},
+        {"signs and exponents", File("+1", "+5.0E+00,1D-3,.5,5.,0,0,0,0,0,0,0,0,0\n"), {5}},
+        {"more rows than counted", File("1", "5,1,0,0,0,0,0,0,0,0,0,0,0\n6,1,0,0,0,0,0,0\n"), {5}},
+        {"no rows", File("0", ""), {}},
+        {"a mark before UTF-8", "\xEF\xBB\xBF" + File("0", ""), {}},
     };
     for (const auto& c : cases) {
         std::vector<double> times;
@@ -116,29 +116,29 @@ TEST(DataFile, RefusesWhatIsNoneAndSaysWhere) {
         std::string bytes;
         const char* reason;
     } cases[] = {
-        {"",                                                          "Input past end of file (comment)"              },
-        {"c",                                                         "Input past end of file (time unit)"            },
-        {"c\nmi",                                                     "Input past end of file (time unit)"            },
-        {"c\ns\n",                                                    "Input past end of file (column heads)"         },
-        {"c\ns\nh\n",                                                 "Input past end of file (number of"             },
-        {File("2",                                                    row),                                             "Input past end of file (row 2 of 2, t)"},
-        {File("1",                                                           "1,2,3"),                                                                                                    "Input past end of file (row 1 of 1, cC)"},
-        {File("1",                  "1,1,0,0,0,0,0,0,0,0,0,0,"),"Input past end of file (row 1 of 1, exclude)"},
-        {File("-1",               row),                                                   "the number of measuring points is -1"},
-        {File("99999",                                                   row),                                                                                 "Overflow (number of measuring points)"},
-        {File("1e999",                                                           row),                                                                                                "\"1e999\" is not a number within the range"},
-        {File("three",                    row),"\"three\" is not a number"},
-        {File("1","1,one,0,0,0,0,0,0,0,0,0,0,0"),
+        {"", "Input past end of file (comment)"},
+        {"c", "Input past end of file (time unit)"},
+        {"c\nmi", "Input past end of file (time unit)"},
+        {"c\ns\n", "Input past end of file (column heads)"},
+        {"c\ns\nh\n", "Input past end of file (number of"},
+        {File("2", row), "Input past end of file (row 2 of 2, t)"},
+        {File("1", "1,2,3"), "Input past end of file (row 1 of 1, cC)"},
+        {File("1", "1,1,0,0,0,0,0,0,0,0,0,0,"), "Input past end of file (row 1 of 1, exclude)"},
+        {File("-1", row), "the number of measuring points is -1"},
+        {File("99999", row), "Overflow (number of measuring points)"},
+        {File("1e999", row), "\"1e999\" is not a number within the range"},
+        {File("three", row), "\"three\" is not a number"},
+        {File("1", "1,one,0,0,0,0,0,0,0,0,0,0,0"),
          "\"one\" is not a number within the range (row 1 of 1, cA)"},
-        {File("1",                                                "NaN,1,0,0,0,0,0,0,0,0,0,0,0"),                                                                         "\"NaN\" is not"},
-        {File("1",                                                           "1,1,0,0,0,0,0,-inf,0,0,0,0,0"),                                                                                                    "\"-inf\" is not"},
-        {File("1", "1e999,1,0,0,0,0,0,0,0,0,0,0,0"),                                                 "\"1e999\" is not"},
-        {File("1","1 2,1,0,0,0,0,0,0,0,0,0,0,0"),"\"1 2\" is not"},
-        {File("1",                                                    "1;1;0;0;0;0;0;0;0;0;0;0;0"),           "\"1;1;0;0;0;0;0;0;0;0;0;0;\"... is"},
-        {File("1",                                                           "1,1,0,0,0,0,0,0,1e39,0,0,0,0"),                                                                                                    "Overflow (row 1 of 1, lambda)"},
-        {File("1",                                         "1,1,0,0,0,0,0,0,0,0,0,0,40000"),                                         "Overflow (row 1 of 1, exclude)"},
-        {std::string(3000,                                                '\0'),                                                                                                                                           "Input past end of file (time unit)"},
-        {"\x89PNG\r\n\x1A\n\r\n\xFF\x01\r\nIHDR",                                                    "\"\xC3\xBF?\" is not a number"                    },
+        {File("1", "NaN,1,0,0,0,0,0,0,0,0,0,0,0"), "\"NaN\" is not"},
+        {File("1", "1,1,0,0,0,0,0,-inf,0,0,0,0,0"), "\"-inf\" is not"},
+        {File("1", "1e999,1,0,0,0,0,0,0,0,0,0,0,0"), "\"1e999\" is not"},
+        {File("1", "1 2,1,0,0,0,0,0,0,0,0,0,0,0"), "\"1 2\" is not"},
+        {File("1", "1;1;0;0;0;0;0;0;0;0;0;0;0"), "\"1;1;0;0;0;0;0;0;0;0;0;0;\"... is"},
+        {File("1", "1,1,0,0,0,0,0,0,1e39,0,0,0,0"), "Overflow (row 1 of 1, lambda)"},
+        {File("1", "1,1,0,0,0,0,0,0,0,0,0,0,40000"), "Overflow (row 1 of 1, exclude)"},
+        {std::string(3000, '\0'), "Input past end of file (time unit)"},
+        {"\x89PNG\r\n\x1A\n\r\n\xFF\x01\r\nIHDR", "\"\xC3\xBF?\" is not a number"},
     };
     for (const auto& c : cases) {
         std::string reason = "was read";
@@ -161,14 +161,15 @@ TEST(DataFile, HoldsAnyCommentInOneLine) {
     const struct {
         std::string comment, read;
     } cases[] = {
-        {"a\r\nb\nc\rd",              "a b c d"                  },
+        {"a\r\nb\nc\rd", "a b c d"},
         {"25 \xC2\xB0"
-         "C, k\xC3\xBChl",   "25 \xC2\xB0"
-         "C, k\xC3\xBChl"     },
-        {"\xCE\x94H \xE2\x82\xAC",    "\xCE\x94H \xE2\x82\xAC"   },
+         "C, k\xC3\xBChl",
+         "25 \xC2\xB0"
+         "C, k\xC3\xBChl"},
+        {"\xCE\x94H \xE2\x82\xAC", "\xCE\x94H \xE2\x82\xAC"},
         {"  \"quoted\", and , more ", "  \"quoted\", and , more "},
-        {std::string("\0\x1A\x7F",    3),                          std::string("\0\x1A\x7F", 3)},
-        {"",                         ""                                                   },
+        {std::string("\0\x1A\x7F", 3), std::string("\0\x1A\x7F", 3)},
+        {"", ""},
     };
     const ExpPoint row{.t = 1};
     for (const auto& c : cases) {

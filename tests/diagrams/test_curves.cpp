@@ -192,9 +192,7 @@ TEST_F(Curves, SpreadTheirLabels) {
 
 TEST_F(Curves, OutsideTheFrameAreWarnedOf) {
     ps.DiagramKind = -1;
-    SetRows({
-        {.t = 1, .cA = 1}
-    });
+    SetRows({{.t = 1, .cA = 1}});
     Open(-1);
     const std::string warning =
         "WARNING|Curve outside the actual coordinates\r\n\r\nEnlarge the coordinates";
@@ -250,13 +248,11 @@ TEST_F(Curves, OfBloodAlcoholAreGivenPerMass) {
 }
 
 TEST_F(Curves, ThroughMeasuredPointsStartAtZeroWhateverTheFrame) {
-    SetRows({
-        {.t = 0, .cB = 0},
-        {.t = 1, .cB = 3, .exclude = -1},
-        {.t = 2,      .cB = 4       },
-        {.t = 4,      .cB = 2},
-        {.t = 6,      .cB = 1       }
-    });
+    SetRows({{.t = 0, .cB = 0},
+             {.t = 1, .cB = 3, .exclude = -1},
+             {.t = 2, .cB = 4},
+             {.t = 4, .cB = 2},
+             {.t = 6, .cB = 1}});
     ps.SingleSpecies = 2;
     ps.Memory.RngT = {2, 6};
     ps.Memory.RngC = {0, 5};
@@ -276,10 +272,7 @@ TEST_F(Curves, ThroughMeasuredPointsStartAtZeroWhateverTheFrame) {
     EXPECT_LE(GetPointCount(doc.surface, kLines, 1), kCurveBufferPoints + 1);
 
     scripted.boxes.clear();
-    SetRows({
-        {.t = 1, .cB = 3},
-        {.t = 2, .cB = 4}
-    });
+    SetRows({{.t = 1, .cB = 3}, {.t = 2, .cB = 4}});
     UnloadForm(ps.desktop, doc);
     GrafZentrale(ps, doc);
     ASSERT_EQ(scripted.boxes.size(), 1U) << "too few for a spline";
@@ -351,11 +344,7 @@ TEST_F(Curves, TakeTheirStyleFromThePanelAndGiveItBack) {
 
 TEST_F(Curves, FromTheEditorTakeASlot) {
     OpenForBuffers();
-    ps.ManualBuf = {
-        {2, 0   },
-        {1, 0.1F},
-        {5, 0.2F}
-    };
+    ps.ManualBuf = {{2, 0}, {1, 0.1F}, {5, 0.2F}};
     Press(doc.cmdManuKurve);
     EXPECT_EQ(ps.CurveCount, 1);
     EXPECT_EQ(GetSeries(doc.surface, kLines, 1).x, (std::vector<double>{1, 5}));

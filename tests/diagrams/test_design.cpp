@@ -22,37 +22,34 @@ PlotContents Decorated() {
     const Border border{.type = BorderType::Etched, .width = 3};
     const Location location{.x = kThird, .y = 0.9, .automatic = false};
     PlotSeries series{
-        .x = {0,                   0.1, kHole,                                           -5e-324},
-        .y = {kHole,                   1e300,                  2,                                          kThird},
+        .x = {0, 0.1, kHole, -5e-324},
+        .y = {kHole, 1e300, 2, kThird},
         .display = SeriesDisplay::Excluded,
         .label = "c(\xC3\xA4) \"quoted\" \\ \n\tand a second line",
-        .line = {.pattern = LinePattern::DashDot,             .width = 4,                .colour = 0xABCDEF},
-        .symbol = {.shape = SymbolShape::HorizontalLine, .size = 9,.colour = 0xFF0000         }
-    };
+        .line = {.pattern = LinePattern::DashDot, .width = 4, .colour = 0xABCDEF},
+        .symbol = {.shape = SymbolShape::HorizontalLine, .size = 9, .colour = 0xFF0000}};
     d.series[kLines] = {{}, series, {}};
     d.series[kPoints] = {{}, {}, series};
-    d.labels = {
-        {               },
-        { .text = "1",
-         .visible = true,
-         .attachment = Attachment::Point,
-         .group = kPoints,
-         .series = 2,
-         .point = 3,
-         .x = 1e-7,
-         .y = 2e7,
-         .offset = -3,
-         .anchor = LabelAnchor::SouthWest,
-         .font = font,
-         .colours = colours,
-         .border = border},
-        {         .text = "free",
-         .attachment = Attachment::Coord,
-         .x = kThird,
-         .font = {},
-         .colours = {},
-         .border = {}}
-    };
+    d.labels = {{},
+                {.text = "1",
+                 .visible = true,
+                 .attachment = Attachment::Point,
+                 .group = kPoints,
+                 .series = 2,
+                 .point = 3,
+                 .x = 1e-7,
+                 .y = 2e7,
+                 .offset = -3,
+                 .anchor = LabelAnchor::SouthWest,
+                 .font = font,
+                 .colours = colours,
+                 .border = border},
+                {.text = "free",
+                 .attachment = Attachment::Coord,
+                 .x = kThird,
+                 .font = {},
+                 .colours = {},
+                 .border = {}}};
     d.header = {"two\nlines", location, font, colours, border};
     d.footer = {"additional", location, font, colours, border};
     d.legend = {true, Orientation::Horizontal, border, font, colours, location};
@@ -82,12 +79,7 @@ PlotContents Decorated() {
     d.chartAreaBox = {0.1, 0.2, 0.7, kThird, false};
     d.plotAreaFrame = false;
     d.plotAreaFrameWidth = 5;
-    d.margins = {
-        {10, false},
-        {20, false},
-        {30, false},
-        {40, false}
-    };
+    d.margins = {{10, false}, {20, false}, {30, false}, {40, false}};
     return d;
 }
 
@@ -109,27 +101,26 @@ TEST(DesignFile, SaysInWhichLineItIsDamaged) {
         const char* to;
         const char* says;
     };
-    for (const Row& row : {
-             Row{"version 1",          "version 2",          "line 1: the file is no diagram design"            },
-             Row{"picture",            "pictures",           "line 2: \"picture\" is expected, not \"pictures\""},
-             Row{"#102030",            "#10203",             "\"#10203\" is not a colour"                       },
-             Row{"etched",             "edged",              "\"edged\" is none of none, 3D, plain, etched"     },
-             Row{" points 4",          " points 5",          "is not a finite number"                           },
-             Row{" points 4",          " points 3",          "\"series\" is expected"                           },
-             Row{" points 4",          " points 2000000000", "not an integer from 0 to 10000000"                },
-             Row{"1e+300",             "1e+999",             "\"1e+999\" is not a finite number"                },
-             Row{"1e+300",             "nan",                "\"nan\" is not a finite number"                   },
-             Row{"1e+300",             "1e+300 4",           "\"4\" is too much"                                },
-             Row{"series excluded \"", "series excluded ",   "a text in double quotes is expected"              },
-             Row{"\\\"quoted",         "\\quoted",           "a backslash stands before"                        },
-             Row{"two\\nlines\"",      "two",                "the closing quote of a text is missing"           },
-             Row{"\"two",              "\"\xFFtwo",          "the text is not in UTF-8"                         },
-             Row{" at point 2 2",      " at point 2 3",      "label 1 is attached to series 3"                  },
-             Row{" at point 2 2",      " at point 3 2",      "\"3\" is not an integer from 1 to 2"              },
-             Row{"0.001 1e+05",        "0.001 1e+39",        "out of the range"                                 },
-             Row{"\r\nend\r\n",        "\r\n",               "ends before the design is complete"               },
-             Row{"\r\nend\r\n",        "\r\nend\r\nend",     "behind the end"                                   }
-    }) {
+    for (const Row& row :
+         {Row{"version 1", "version 2", "line 1: the file is no diagram design"},
+          Row{"picture", "pictures", "line 2: \"picture\" is expected, not \"pictures\""},
+          Row{"#102030", "#10203", "\"#10203\" is not a colour"},
+          Row{"etched", "edged", "\"edged\" is none of none, 3D, plain, etched"},
+          Row{" points 4", " points 5", "is not a finite number"},
+          Row{" points 4", " points 3", "\"series\" is expected"},
+          Row{" points 4", " points 2000000000", "not an integer from 0 to 10000000"},
+          Row{"1e+300", "1e+999", "\"1e+999\" is not a finite number"},
+          Row{"1e+300", "nan", "\"nan\" is not a finite number"},
+          Row{"1e+300", "1e+300 4", "\"4\" is too much"},
+          Row{"series excluded \"", "series excluded ", "a text in double quotes is expected"},
+          Row{"\\\"quoted", "\\quoted", "a backslash stands before"},
+          Row{"two\\nlines\"", "two", "the closing quote of a text is missing"},
+          Row{"\"two", "\"\xFFtwo", "the text is not in UTF-8"},
+          Row{" at point 2 2", " at point 2 3", "label 1 is attached to series 3"},
+          Row{" at point 2 2", " at point 3 2", "\"3\" is not an integer from 1 to 2"},
+          Row{"0.001 1e+05", "0.001 1e+39", "out of the range"},
+          Row{"\r\nend\r\n", "\r\n", "ends before the design is complete"},
+          Row{"\r\nend\r\n", "\r\nend\r\nend", "behind the end"}}) {
         std::string damaged = good;
         const std::size_t at = damaged.find(row.from);
         ASSERT_NE(at, std::string::npos) << row.from;
@@ -165,10 +156,7 @@ struct Design : Diagram {
 };
 
 TEST_F(Design, MakesTheDiagramAnew) {
-    SetRows({
-        {.t = 10, .cA = 0.8, .cB = 0.7},
-        {.t = 20, .cA = 0.6, .cB = 0.5}
-    });
+    SetRows({{.t = 10, .cA = 0.8, .cB = 0.7}, {.t = 20, .cA = 0.6, .cB = 0.5}});
     ps.WithExpPoints = true;
     DrawModel(4);
     FuKurveLoeschen(ps, doc, 2);

@@ -74,22 +74,12 @@ TEST_F(Document, OffersHalfLivesWhereThereAreSome) {
         int kind, model;
         bool a, b;
     };
-    for (const Row& row : {
-             Row{-9,  2,  false, false},
-             Row{-8,  4,  true,  true },
-             Row{-7,  2,  true,  false},
-             Row{-5,  2,  true,  false},
-             Row{-4,  2,  false, false},
-             Row{2,   2,  true,  false},
-             Row{4,   4,  true,  true },
-             Row{5,   5,  true,  false},
-             Row{10,  10, true,  true },
-             Row{18,  18, true,  false},
-             Row{19,  19, true,  true },
-             Row{68,  18, true,  true },
-             Row{70,  20, true,  false},
-             Row{112, 2,  false, false}
-    }) {
+    for (const Row& row :
+         {Row{-9, 2, false, false}, Row{-8, 4, true, true}, Row{-7, 2, true, false},
+          Row{-5, 2, true, false}, Row{-4, 2, false, false}, Row{2, 2, true, false},
+          Row{4, 4, true, true}, Row{5, 5, true, false}, Row{10, 10, true, true},
+          Row{18, 18, true, false}, Row{19, 19, true, true}, Row{68, 18, true, true},
+          Row{70, 20, true, false}, Row{112, 2, false, false}}) {
         UnloadForm(ps.desktop, doc);
         ps.ModelId = row.model;
         ps.DiagramKind = row.kind;
@@ -104,9 +94,7 @@ TEST_F(Document, OffersHalfLivesWhereThereAreSome) {
 }
 
 TEST_F(Document, OffersPointsAndTheCalculatorByKind) {
-    SetRows({
-        {.t = 1, .cA = 1}
-    });
+    SetRows({{.t = 1, .cA = 1}});
     DrawModel(2);
     EXPECT_TRUE(doc.mnuAddPunkte.enabled);
     EXPECT_TRUE(doc.cmdSingleCalc.visible);
@@ -141,9 +129,7 @@ TEST_F(Document, ShowsTheLegendUnderManyNamesAsOne) {
     EXPECT_FALSE(doc.chkLegend.checked);
 
     SetText(doc.txtLegendCurves(1), "");
-    EXPECT_EQ(LegendLines(doc.surface), (std::vector<LegendLine>{
-                                            {kLines, 2}
-    }));
+    EXPECT_EQ(LegendLines(doc.surface), (std::vector<LegendLine>{{kLines, 2}}));
     SetText(doc.txtLegendCurves(5), "no curve here");
     EXPECT_EQ(GetSeriesLabel(doc.surface, kLines, 5), "");
     SetText(doc.txtLegendCurves(2), "");
@@ -187,9 +173,7 @@ TEST_F(Document, ShowsAndHidesLabels) {
 }
 
 TEST_F(Document, DeletesEverythingAndDrawsAgain) {
-    SetRows({
-        {.t = 10, .cA = 0.5}
-    });
+    SetRows({{.t = 10, .cA = 0.5}});
     ps.WithExpPoints = true;
     DrawModel(2);
     Press(doc.mnuAddLegend);
@@ -221,9 +205,7 @@ TEST_F(Document, OpensItsDesignMenuForWhatThereIs) {
     EXPECT_FALSE(doc.fraTabs.visible);
     EXPECT_TRUE(doc.mnuKurvenDesign.enabled);
     EXPECT_FALSE(doc.mnuPunktDesign.enabled);
-    SetRows({
-        {.t = 1, .cA = 1}
-    });
+    SetRows({{.t = 1, .cA = 1}});
     Open(-1);
     mnuDesign_Click(ps, doc);
     EXPECT_FALSE(doc.mnuKurvenDesign.enabled);
@@ -327,9 +309,7 @@ TEST_F(Document, TurnsAxesLogarithmicAndBack) {
 // --- mouse
 
 TEST_F(Document, ReadsOutWhatThePointerIsOver) {
-    SetRows({
-        {.t = 50, .cA = 0.7}
-    });
+    SetRows({{.t = 50, .cA = 0.7}});
     ps.WithExpPoints = true;
     DrawModel(2);
     LayOut();
@@ -360,9 +340,7 @@ TEST_F(Document, ReadsOutWhatThePointerIsOver) {
 }
 
 TEST_F(Document, OpensPanelsByRightClick) {
-    SetRows({
-        {.t = 50, .cA = 0.7}
-    });
+    SetRows({{.t = 50, .cA = 0.7}});
     ps.WithExpPoints = true;
     DrawModel(2);
     LayOut();

@@ -69,23 +69,15 @@ struct NamedRange {
     Range KoordMemory::*range;
 };
 constexpr NamedRange kRanges[] = {
-    {"T",    &KoordMemory::RngT   },
-    {"C",    &KoordMemory::RngC   },
-    {"R",    &KoordMemory::RngR   },
-    {"Temp", &KoordMemory::RngTemp},
-    {"K",    &KoordMemory::RngK   },
-    {"InvT", &KoordMemory::RngInvT},
-    {"LnK",  &KoordMemory::RngLnK },
-    {"LnKT", &KoordMemory::RngLnKT},
-    {"LnC",  &KoordMemory::RngLnC },
-    {"InvC", &KoordMemory::RngInvC},
-    {"Wilk", &KoordMemory::RngWilk},
-    {"LnAB", &KoordMemory::RngLnAB},
-    {"Lam1", &KoordMemory::RngLam1},
-    {"Lam2", &KoordMemory::RngLam2},
-    {"InvR", &KoordMemory::RngInvR},
-    {"CR",   &KoordMemory::RngCR  },
-    {"RC",   &KoordMemory::RngRC  },
+    {"T", &KoordMemory::RngT},       {"C", &KoordMemory::RngC},
+    {"R", &KoordMemory::RngR},       {"Temp", &KoordMemory::RngTemp},
+    {"K", &KoordMemory::RngK},       {"InvT", &KoordMemory::RngInvT},
+    {"LnK", &KoordMemory::RngLnK},   {"LnKT", &KoordMemory::RngLnKT},
+    {"LnC", &KoordMemory::RngLnC},   {"InvC", &KoordMemory::RngInvC},
+    {"Wilk", &KoordMemory::RngWilk}, {"LnAB", &KoordMemory::RngLnAB},
+    {"Lam1", &KoordMemory::RngLam1}, {"Lam2", &KoordMemory::RngLam2},
+    {"InvR", &KoordMemory::RngInvR}, {"CR", &KoordMemory::RngCR},
+    {"RC", &KoordMemory::RngRC},
 };
 
 Range KoordMemory::*RangeOf(const std::string& name) {
@@ -100,24 +92,12 @@ struct KindRanges {
     const char *x, *y;
 };
 constexpr KindRanges kKindRanges[] = {
-    {-15, -15, "C",    "R"   },
-    {-14, -14, "RC",   "R"   },
-    {-13, -13, "C",    "CR"  },
-    {-12, -12, "InvC", "InvR"},
-    {-11, -11, "T",    "Lam2"},
-    {-10, -10, "T",    "Lam1"},
-    {-9,  -9,  "T",    "C"   },
-    {-8,  -8,  "T",    "LnAB"},
-    {-7,  -7,  "T",    "Wilk"},
-    {-6,  -6,  "T",    "InvC"},
-    {-5,  -5,  "T",    "LnC" },
-    {-4,  -4,  "InvT", "LnKT"},
-    {-3,  -3,  "InvT", "LnK" },
-    {-2,  -2,  "Temp", "K"   },
-    {-1,  -1,  "T",    "C"   },
-    {1,   20,  "T",    "C"   },
-    {51,  70,  "T",    "R"   },
-    {100, 100, "T",    "C"   },
+    {-15, -15, "C", "R"},       {-14, -14, "RC", "R"},   {-13, -13, "C", "CR"},
+    {-12, -12, "InvC", "InvR"}, {-11, -11, "T", "Lam2"}, {-10, -10, "T", "Lam1"},
+    {-9, -9, "T", "C"},         {-8, -8, "T", "LnAB"},   {-7, -7, "T", "Wilk"},
+    {-6, -6, "T", "InvC"},      {-5, -5, "T", "LnC"},    {-4, -4, "InvT", "LnKT"},
+    {-3, -3, "InvT", "LnK"},    {-2, -2, "Temp", "K"},   {-1, -1, "T", "C"},
+    {1, 20, "T", "C"},          {51, 70, "T", "R"},      {100, 100, "T", "C"},
 };
 
 TEST_F(DiagramKindTest, ReadsAndKeepsItsOwnRanges) {
@@ -144,13 +124,9 @@ TEST_F(DiagramKindTest, WithFixedLimitsRemembersNothing) {
         int kind;
         std::array<float, 4> limits;
     };
-    for (const Fixed& row : {
-             Fixed{110, {0, 100, 0, 1}         },
-             Fixed{112, {0, 40, -0.005F, 0.11F}},
-             Fixed{113, {0, 4, -0.01F, 0.11F}  },
-             Fixed{114, {0, 40, -0.01F, 1.05F} },
-             Fixed{115, {0, 4, -0.01F, 1.05F}  }
-    }) {
+    for (const Fixed& row : {Fixed{110, {0, 100, 0, 1}}, Fixed{112, {0, 40, -0.005F, 0.11F}},
+                             Fixed{113, {0, 4, -0.01F, 0.11F}}, Fixed{114, {0, 40, -0.01F, 1.05F}},
+                             Fixed{115, {0, 4, -0.01F, 1.05F}}}) {
         DiaKoord frame;
         KoordMemory memory;
         FuKoordLesen(ps, row.kind, memory, frame);
@@ -198,9 +174,9 @@ TEST_F(DiagramKindTest, OfBloodAlcoholAndFitsHaveTheirOwnEnds) {
 
 TEST_F(DiagramKindTest, TakesDataRangesWithTheirMargins) {
     SetRows({
-        {.t = 0,      .cA = 1,  .cB = 0.5    },
-        { .t = 20, .cA = 0.25, .cB = 0.25,        .T = 300, .k = 2},
-        { .t = 40, .cA = 0.5,     .T = 400, .k = 3, .exclude = -1},
+        {.t = 0, .cA = 1, .cB = 0.5},
+        {.t = 20, .cA = 0.25, .cB = 0.25, .T = 300, .k = 2},
+        {.t = 40, .cA = 0.5, .T = 400, .k = 3, .exclude = -1},
     });
     ps.Memory.RngR = {9, 8};
     FuDatenBereiche(ps, -5);
@@ -228,10 +204,7 @@ TEST_F(DiagramKindTest, TakesDataRangesWithTheirMargins) {
 }
 
 TEST_F(DiagramKindTest, NeverReachesANegativeInverseTemperature) {
-    SetRows({
-        {.T = 10,   .k = 1},
-        {.T = 1000, .k = 2}
-    });
+    SetRows({{.T = 10, .k = 1}, {.T = 1000, .k = 2}});
     FuDatenBereiche(ps, -3);
     EXPECT_EQ(ps.Memory.RngInvT.lower, 0.0F);
     EXPECT_FLOAT_EQ(ps.Memory.RngInvT.upper, 0.1F + 0.099F / 20);
@@ -239,11 +212,7 @@ TEST_F(DiagramKindTest, NeverReachesANegativeInverseTemperature) {
 
 TEST_F(DiagramKindTest, OfEnzymeRatesReadsTheRateFromTheTimeColumn) {
     ps.ModelId = 10;
-    SetRows({
-        {.t = 0.2, .cB = 0.5},
-        {.t = 0.4, .cB = 2  },
-        {.t = 0,   .cB = 4  }
-    });
+    SetRows({{.t = 0.2, .cB = 0.5}, {.t = 0.4, .cB = 2}, {.t = 0, .cB = 4}});
     FuDatenBereiche(ps, -12);
     EXPECT_FLOAT_EQ(ps.Memory.RngR.upper, 0.42F);
     EXPECT_FLOAT_EQ(ps.Memory.RngInvC.upper, 2 + 1.75F / 20);
@@ -255,8 +224,8 @@ TEST_F(DiagramKindTest, OfEnzymeRatesReadsTheRateFromTheTimeColumn) {
 TEST_F(DiagramKindTest, OfDataKeepsItsRangesFiniteForAnyNumbers) {
     ps.ModelId = 10;
     SetRows({
-        {.t = 1e300,  .cA = 1e300, .cB = 1e-300, .T = 1e300,  .k = 1e300 },
-        {.t = 1e-300, .cA = 1e-7,  .cB = 1e300,  .T = 1e-300, .k = 1e-300},
+        {.t = 1e300, .cA = 1e300, .cB = 1e-300, .T = 1e300, .k = 1e300},
+        {.t = 1e-300, .cA = 1e-7, .cB = 1e300, .T = 1e-300, .k = 1e-300},
     });
     FuDatenBereiche(ps, -1);
     for (const NamedRange& named : kRanges) {

@@ -38,15 +38,8 @@ TEST_F(Notes, MarksWhereHalfIsLeft) {
         bool rates;
         int slot;
     };
-    for (const Row& row : {
-             Row{1,  false, 1},
-             Row{2,  false, 1},
-             Row{2,  true,  1},
-             Row{4,  false, 2},
-             Row{7,  false, 1},
-             Row{9,  true,  2},
-             Row{13, false, 1}
-    }) {
+    for (const Row& row : {Row{1, false, 1}, Row{2, false, 1}, Row{2, true, 1}, Row{4, false, 2},
+                           Row{7, false, 1}, Row{9, true, 2}, Row{13, false, 1}}) {
         const std::string what = std::to_string(row.model) + (row.rates ? " rates" : "");
         NumericModelOf(row.model);
         DrawModel(row.model, row.rates);
@@ -106,11 +99,7 @@ TEST_F(Notes, NamesAHalfLifeThatIsNotReached) {
 }
 
 TEST_F(Notes, TakesDataOrTubeForTheMark) {
-    SetRows({
-        {.t = 0,  .cA = 0.5 },
-        {.t = 10, .cA = 0.25},
-        {.t = 20, .cA = 0.12}
-    });
+    SetRows({{.t = 0, .cA = 0.5}, {.t = 10, .cA = 0.25}, {.t = 20, .cA = 0.12}});
     Open(kKindSecondOrder); // the line gives k
     Press(doc.mnuHalbA);
     EXPECT_NEAR(MarkAt(kHalfLifeASeries), 1 / (2 * ps.k[1] * 0.5), 1e-4);
@@ -155,12 +144,11 @@ TEST_F(Notes, EditsEachTextInItsPlace) {
         std::function<std::string()> text;
     };
     const PlotSurface& s = doc.surface;
-    for (const Row& row : {
-             Row{1, "Design Header text",     true,  false, [&] { return s.header.text; }  },
-             Row{2, "Design Additional text", true,  false, [&] { return s.footer.text; }  },
-             Row{3, "Design X-Axis label",    false, false, [&] { return s.axes[0].title; }},
-             Row{4, "Design Y-Axis label",    false, true,  [&] { return s.axes[1].title; }}
-    }) {
+    for (const Row& row :
+         {Row{1, "Design Header text", true, false, [&] { return s.header.text; }},
+          Row{2, "Design Additional text", true, false, [&] { return s.footer.text; }},
+          Row{3, "Design X-Axis label", false, false, [&] { return s.axes[0].title; }},
+          Row{4, "Design Y-Axis label", false, true, [&] { return s.axes[1].title; }}}) {
         doc.fraTabs.visible = true;
         Press(doc.mnuTextDesign(row.target));
         EXPECT_TRUE(doc.fraSchrift.visible && !doc.fraTabs.visible);

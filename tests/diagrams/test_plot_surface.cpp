@@ -141,17 +141,17 @@ TEST(MarkText, HasTheDecimalsOfItsSpacing) {
         const char* text;
     };
     for (const Row& row : {
-             Row{0,       0.2,  false, "0"      },
-             Row{0.4,     0.2,  false, "0.4"    },
-             Row{-1,      0.5,  false, "-1.0"   },
-             Row{150,     50,   false, "150"    },
-             Row{0.25,    0.25, false, "0.25"   },
-             Row{2e6,     5e5,  false, "2.0E+06"},
+             Row{0, 0.2, false, "0"},
+             Row{0.4, 0.2, false, "0.4"},
+             Row{-1, 0.5, false, "-1.0"},
+             Row{150, 50, false, "150"},
+             Row{0.25, 0.25, false, "0.25"},
+             Row{2e6, 5e5, false, "2.0E+06"},
              Row{0.00015, 5e-5, false, "1.5E-04"},
-             Row{0.001,   1,    true,  "0.001"  },
-             Row{100,     1,    true,  "100"    },
-             Row{1e-5,    1,    true,  "1E-05"  },
-    })
+             Row{0.001, 1, true, "0.001"},
+             Row{100, 1, true, "100"},
+             Row{1e-5, 1, true, "1E-05"},
+         })
         EXPECT_EQ(MarkText(row.mark, row.spacing, row.log), row.text);
 }
 
@@ -225,14 +225,9 @@ TEST_F(PlotSurfaceTest, LegendHasALineForEachShownSeriesWithAText) {
     SetPointCount(surface, kLines, 4, 0);
     SetPoints(surface, kPoints, 1, {1}, {1});
     SetSeriesLabel(surface, kPoints, 1, "points");
-    EXPECT_EQ(LegendLines(surface), (std::vector<LegendLine>{
-                                        {kLines,  1},
-                                        {kPoints, 1}
-    }));
+    EXPECT_EQ(LegendLines(surface), (std::vector<LegendLine>{{kLines, 1}, {kPoints, 1}}));
     ClearSeriesLabels(surface, kLines);
-    EXPECT_EQ(LegendLines(surface), (std::vector<LegendLine>{
-                                        {kPoints, 1}
-    }));
+    EXPECT_EQ(LegendLines(surface), (std::vector<LegendLine>{{kPoints, 1}}));
 }
 
 TEST_F(PlotSurfaceTest, ZoomsIntoARectangleAndBack) {

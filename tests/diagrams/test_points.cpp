@@ -21,11 +21,11 @@ struct Points : Diagram {
 TEST_F(Points, OfEveryKindAreItsTransformedRows) {
     // row 4 is switched off, row 5 lacks what most kinds need
     const std::vector<ExpPoint> rows = {
-        {.t = 0,   .cA = 0.8, .cB = 0.5,  .T = 300,    .k = 0.1,       .lambda = 2},
-        {.t = 10,  .cA = 0.4, .cB = 0.25, .T = 320,    .k = 0.3,       .lambda = 5},
-        {.t = 0.3, .cA = 0.1, .cB = 0.7,  .T = 0,      .k = 0.5,       .lambda = 8},
-        {.t = 40,  .cA = 0.1, .cB = 0.7,  .T = 350,    .k = 0.5,       .lambda = 9, .exclude = -1},
-        {.t = 50,        .cA = 0,           .cB = 0,       .T = 360, .k = 0, .lambda = 0     },
+        {.t = 0, .cA = 0.8, .cB = 0.5, .T = 300, .k = 0.1, .lambda = 2},
+        {.t = 10, .cA = 0.4, .cB = 0.25, .T = 320, .k = 0.3, .lambda = 5},
+        {.t = 0.3, .cA = 0.1, .cB = 0.7, .T = 0, .k = 0.5, .lambda = 8},
+        {.t = 40, .cA = 0.1, .cB = 0.7, .T = 350, .k = 0.5, .lambda = 9, .exclude = -1},
+        {.t = 50, .cA = 0, .cB = 0, .T = 360, .k = 0, .lambda = 0},
     };
     using Value = double (*)(const ExpPoint&);
     struct Row {
@@ -39,42 +39,54 @@ TEST_F(Points, OfEveryKindAreItsTransformedRows) {
     constexpr Value inverseT = [](const ExpPoint& p) { return 1 / p.T; };
     ps.LambdaInf = 10;
     for (const Row& row : std::vector<Row>{
-             {-15, 6, {1, 2, 3}, cB,                                           t,                                                                                    true },
-             {-14, 6, {2, 3},    [](const ExpPoint& p) { return p.t / p.cB; }, t,                                                                                    false},
-             {-13, 6, {2, 3},    cB,                                           [](const ExpPoint& p) { return p.cB / p.t; },                                         true },
+             {-15, 6, {1, 2, 3}, cB, t, true},
+             {-14, 6, {2, 3}, [](const ExpPoint& p) { return p.t / p.cB; }, t, false},
+             {-13, 6, {2, 3}, cB, [](const ExpPoint& p) { return p.cB / p.t; }, true},
              {-12,
-              6,      {2, 3},
+              6,
+              {2, 3},
               [](const ExpPoint& p) { return 1 / p.cB; },
               [](const ExpPoint& p) { return 1 / p.t; },
-              false                                                                                                                                                       },
+              false},
              {-11,
-              1,      {1, 2, 3},
-              t,                                                               [](const ExpPoint& p) {
+              1,
+              {1, 2, 3},
+              t,
+              [](const ExpPoint& p) {
                   return 8 / (10 - static_cast<double>(p.lambda)) / static_cast<double>(0.8F);
-              },                                                                                                                                     false},
+              },
+              false},
              {-10,
-              1,      {1, 2, 3},
-              t,                                                               [](const ExpPoint& p) { return std::log((10 - static_cast<double>(p.lambda)) / 8); },
-              false                                                                                                                                                       },
-             {-8,  1, {1, 2, 3}, t,                                            [](const ExpPoint& p) { return std::log(p.cA / p.cB); },                              false},
+              1,
+              {1, 2, 3},
+              t,
+              [](const ExpPoint& p) { return std::log((10 - static_cast<double>(p.lambda)) / 8); },
+              false},
+             {-8, 1, {1, 2, 3}, t, [](const ExpPoint& p) { return std::log(p.cA / p.cB); }, false},
              {-7,
-              1,      {2, 3, 5},
-              t,                                                               [](const ExpPoint& p) {
+              1,
+              {2, 3, 5},
+              t,
+              [](const ExpPoint& p) {
                   return p.t * static_cast<double>(0.8F) / (static_cast<double>(0.8F) - p.cA);
-              },                                                                                                                                     false},
-             {-6,  1, {1, 2, 3}, t,                                            [](const ExpPoint& p) { return 1 / p.cA; },                                           false},
-             {-5,  1, {1, 2, 3}, t,                                            [](const ExpPoint& p) { return std::log(p.cA); },                                     false},
+              },
+              false},
+             {-6, 1, {1, 2, 3}, t, [](const ExpPoint& p) { return 1 / p.cA; }, false},
+             {-5, 1, {1, 2, 3}, t, [](const ExpPoint& p) { return std::log(p.cA); }, false},
              {-4,
-              6,      {1, 2},
-              inverseT,                                                        [](const ExpPoint& p) { return std::log(p.k / p.T); },
-              false                                                                                                                                                       },
-             {-3,  6, {1, 2},    inverseT,                                     [](const ExpPoint& p) { return std::log(p.k); },                                      false},
+              6,
+              {1, 2},
+              inverseT,
+              [](const ExpPoint& p) { return std::log(p.k / p.T); },
+              false},
+             {-3, 6, {1, 2}, inverseT, [](const ExpPoint& p) { return std::log(p.k); }, false},
              {-2,
-              6,      {1, 2, 5},
+              6,
+              {1, 2, 5},
               [](const ExpPoint& p) { return p.T; },
               [](const ExpPoint& p) { return p.k; },
-              true                                                                                                                                                        },
-    }) {
+              true},
+         }) {
         SetRows(rows);
         ps.ModelId = row.kind <= -12 ? 10 : 2;
         ps.LambdaMode = row.kind == -10 || row.kind == -11;
@@ -103,10 +115,7 @@ TEST_F(Points, OfEveryKindAreItsTransformedRows) {
 }
 
 TEST_F(Points, OfConcentrationsGoToTheSetsOfTheirSpecies) {
-    SetRows({
-        {.t = 0.1, .cA = 0.1, .cP = 0.3},
-        {.t = 0.2,        .cP = 0.4         }
-    });
+    SetRows({{.t = 0.1, .cA = 0.1, .cP = 0.3}, {.t = 0.2, .cP = 0.4}});
     const auto sizes = [&] {
         std::vector<int> counts;
         for (int set = 1; set <= kPointSets; ++set)
@@ -135,11 +144,7 @@ TEST_F(Points, OfConcentrationsGoToTheSetsOfTheirSpecies) {
 
     ps.SingleSpecies = 4;
     ps.Memory.RngC = {0, 1};
-    SetRows({
-        {.t = 0, .cP = 0.1},
-        {.t = 1, .cP = 0.2},
-        {.t = 2, .cP = 0.4}
-    });
+    SetRows({{.t = 0, .cP = 0.1}, {.t = 1, .cP = 0.2}, {.t = 2, .cP = 0.4}});
     Open(100);
     EXPECT_EQ(sizes(), (std::vector<int>{0, 0, 0, 3, 0, 0, 0}));
     EXPECT_TRUE(doc.tabPunkte.pages[3].visible);
@@ -156,10 +161,7 @@ TEST_F(Points, HavePagesAndNamesByKind) {
                 shown += page.text + ";";
         return shown;
     };
-    SetRows({
-        {.t = 0,  .cA = 1, .cB = 2, .T = 300, .k = 1},
-        {.t = 1, .cA = 0.5,        .cB = 1         }
-    });
+    SetRows({{.t = 0, .cA = 1, .cB = 2, .T = 300, .k = 1}, {.t = 1, .cA = 0.5, .cB = 1}});
     Open(-1);
     EXPECT_EQ(pages(), "c(A);c(B);");
     EXPECT_TRUE(doc.surface.legend.visible) << "the points of this kind have a legend";
@@ -179,11 +181,7 @@ TEST_F(Points, HavePagesAndNamesByKind) {
     Open(-1);
     EXPECT_EQ(pages(), "c(E);c(S);");
 
-    SetRows({
-        {.t = 1,  .cB = 2},
-        {.t = 2,  .cB = 1, .T = 300, .k = 1},
-        {.T = 310, .k = 2       }
-    });
+    SetRows({{.t = 1, .cB = 2}, {.t = 2, .cB = 1, .T = 300, .k = 1}, {.T = 310, .k = 2}});
     ps.ModelId = 2;
     Open(-3);
     EXPECT_EQ(pages(), "k-T;");
@@ -192,9 +190,7 @@ TEST_F(Points, HavePagesAndNamesByKind) {
 }
 
 TEST_F(Points, OutsideTheFrameAreWarnedOf) {
-    SetRows({
-        {.t = 500, .cA = 1}
-    });
+    SetRows({{.t = 500, .cA = 1}});
     const std::string outside =
         "WARNING|all experimental points are outside the coordinate range of the diagram\r\n";
     ps.WithExpPoints = true;
@@ -213,9 +209,7 @@ TEST_F(Points, OutsideTheFrameAreWarnedOf) {
     ps.ModelId = 11;
     DrawModel(11);
     scripted.boxes.clear();
-    SetRows({
-        {.t = 1, .cB = 1}
-    });
+    SetRows({{.t = 1, .cB = 1}});
     Press(doc.mnuAddPunkte);
     EXPECT_THAT(Messages(),
                 testing::ElementsAre("Execution not possible|For this diagram no c-t points are "
@@ -226,11 +220,7 @@ TEST_F(Points, OutsideTheFrameAreWarnedOf) {
 TEST_F(Points, FromTheEditorReplaceOthersOnlyWhenTheUserSaysSo) {
     ps.DiagramKind = 114;
     GrafZentrale(ps, doc);
-    ps.ManualBuf = {
-        {2, 0   },
-        {1, 0.5F},
-        {2, 0.7F}
-    };
+    ps.ManualBuf = {{2, 0}, {1, 0.5F}, {2, 0.7F}};
     ps.PresetColor = kRed;
     Press(doc.cmdManuPoints);
     EXPECT_EQ(GetPointCount(doc.surface, kPoints, kManualSet), 2);
@@ -249,9 +239,7 @@ TEST_F(Points, FromTheEditorReplaceOthersOnlyWhenTheUserSaysSo) {
 }
 
 TEST_F(Points, HaveSevenDifferentSymbolsAndTakeStyles) {
-    SetRows({
-        {.t = 0, .cA = 1}
-    });
+    SetRows({{.t = 0, .cA = 1}});
     Open(-1);
     for (int set = 1; set <= kPointSets; ++set) {
         EXPECT_EQ(GetSymbol(doc.surface, kPoints, set).shape, static_cast<SymbolShape>(set - 1));
@@ -271,9 +259,7 @@ TEST_F(Points, HaveSevenDifferentSymbolsAndTakeStyles) {
 }
 
 TEST_F(Points, AreDeletedSetBySetOrAll) {
-    SetRows({
-        {.t = 0, .cA = 1, .cB = 2}
-    });
+    SetRows({{.t = 0, .cA = 1, .cB = 2}});
     Open(-1);
     doc.fraPunkte.visible = true;
     mnuDelete_Click(doc);

@@ -46,11 +46,9 @@ TEST_F(Settings, SchemesColourEveryGroundAndWhatStandsOnIt) {
         Button& button;
         Colour back, fore;
     };
-    for (const Row& row : {
-             Row{design.cmdFullBlack,   0x000000, 0xFFFFFF},
-             Row{design.cmdRandColGrau, 0xD2D2D2, 0x000000},
-             Row{design.cmdFullWhite,   0xFFFFFF, 0x000000}
-    }) {
+    for (const Row& row : {Row{design.cmdFullBlack, 0x000000, 0xFFFFFF},
+                           Row{design.cmdRandColGrau, 0xD2D2D2, 0x000000},
+                           Row{design.cmdFullWhite, 0xFFFFFF, 0x000000}}) {
         const std::uint64_t before = surface.revision;
         Press(row.button);
         EXPECT_EQ(surface.revision, before + 1);
@@ -82,9 +80,7 @@ TEST_F(Settings, ADialogThatIsCancelledChangesNothing) {
         // and with an answer it does something, in one repaint at most
         const std::uint64_t revision = surface.revision;
         Give({0x123456});
-        scripted.fonts = {
-            FontChoice{.family = "Serif", .size = 20}
-        };
+        scripted.fonts = {FontChoice{.family = "Serif", .size = 20}};
         Press(*asks);
         EXPECT_TRUE(!(Contents() == before) || ps.PresetColor != preset) << asks->name;
         EXPECT_LE(surface.revision, revision + 1) << asks->name;
@@ -256,10 +252,7 @@ TEST_F(Settings, PanelsShowASurfaceThatCameFromElsewhere) {
 }
 
 TEST_F(Settings, APageOfPointsHasACaption) {
-    ps.ManualBuf = {
-        {1, 0   },
-        {5, 0.5F}
-    };
+    ps.ManualBuf = {{1, 0}, {5, 0.5F}};
     Press(doc.cmdManuPoints);
     Press(doc.mnuPunktDesign);
     EXPECT_EQ(doc.tabPunkte.selected, kManualSet - 1);
@@ -326,11 +319,7 @@ TEST_F(Settings, ZoomEndsByEscapeByAClickAndAtTheLimitOfSingle) {
 // --- keys
 
 TEST_F(Settings, KeysWalkAlongCurvesAndSets) {
-    SetRows({
-        {.t = 20, .cA = 0.7},
-        {.t = 30, .cA = 9  },
-        {.t = 40, .cA = 0.4}
-    });
+    SetRows({{.t = 20, .cA = 0.7}, {.t = 30, .cA = 9}, {.t = 40, .cA = 0.4}});
     ps.WithExpPoints = true;
     DrawModel(2); // A => P: two curves of 201 points, and a set
     const auto at = [&] { return surface.cursor.value_or(SeriesPoint{}); };

@@ -164,41 +164,28 @@ std::vector<ExpPoint> RateConstants(std::initializer_list<std::pair<double, doub
 
 TEST_F(Evaluation, GivesThePublishedConstantsOfMeasuredCourses) {
     // N2O5 at 318 K, S. S. Zumdahl, Chemistry: k = 6.93E-3 1/s
-    SetRows(Concentrations({
-        {0,   0.1    },
-        {50,  0.0707 },
-        {100, 0.05   },
-        {200, 0.025  },
-        {300, 0.0125 },
-        {400, 0.00625}
-    }));
+    SetRows(Concentrations(
+        {{0, 0.1}, {50, 0.0707}, {100, 0.05}, {200, 0.025}, {300, 0.0125}, {400, 0.00625}}));
     Evaluate(kKindFirstOrder, 2);
     EXPECT_NEAR(ps.k[1], 6.93e-3, 0.005e-3);
     ExpectResult("Result:   k =  0.00693", "  1/s Coefficient of determination R^2 = 1.00000");
 
     // NO2 at 573 K, T. L. Brown, H. E. LeMay, Chemistry: slope of 1/c 0.543, 2A => P has half of it
-    SetRows(Concentrations({
-        {0,   0.01   },
-        {50,  0.00787},
-        {100, 0.00649},
-        {200, 0.00481},
-        {300, 0.0038 }
-    }));
+    SetRows(
+        Concentrations({{0, 0.01}, {50, 0.00787}, {100, 0.00649}, {200, 0.00481}, {300, 0.0038}}));
     Evaluate(kKindSecondOrder, 3);
     EXPECT_NEAR(ps.k[1], 0.543 / 2, 0.001);
     ExpectResult("Result:  k =  0.271", "  L/(s mol) Coefficient");
 
     // Butadiene, S. S. Zumdahl, Chemistry: slope of 1/c 0.0614 L/(mol s)
-    SetRows(Concentrations({
-        {0,    0.01   },
-        {1000, 0.00625},
-        {1800, 0.00476},
-        {2800, 0.0037 },
-        {3600, 0.00313},
-        {4400, 0.0027 },
-        {5200, 0.00241},
-        {6200, 0.00208}
-    }));
+    SetRows(Concentrations({{0, 0.01},
+                            {1000, 0.00625},
+                            {1800, 0.00476},
+                            {2800, 0.0037},
+                            {3600, 0.00313},
+                            {4400, 0.0027},
+                            {5200, 0.00241},
+                            {6200, 0.00208}}));
     ps.TwoSpeciesEqual = true;
     Evaluate(kKindSecondOrder, 4);
     EXPECT_NEAR(ps.k[1], 0.0614, 0.0002);
@@ -207,12 +194,10 @@ TEST_F(Evaluation, GivesThePublishedConstantsOfMeasuredCourses) {
 TEST_F(Evaluation, ExtrapolatesTheStartOfATitration) {
     // Methyl acetate in 1 M HCl, F. Daniels, R. A. Alberty, Physical Chemistry: k = 1.26E-4 1/s,
     // from a graph; least squares over the same four points give 1.23E-4
-    SetRows({
-        {.t = 339,  .lambda = 26.34F},
-        {.t = 1242, .lambda = 27.8F },
-        {.t = 2745, .lambda = 29.7F },
-        {.t = 4546, .lambda = 31.81F}
-    });
+    SetRows({{.t = 339, .lambda = 26.34F},
+             {.t = 1242, .lambda = 27.8F},
+             {.t = 2745, .lambda = 29.7F},
+             {.t = 4546, .lambda = 31.81F}});
     ps.LambdaInf = 39.81;
     FuCheckExpData(ps);
     ps.LambdaMode = true;
@@ -226,14 +211,12 @@ TEST_F(Evaluation, ExtrapolatesTheStartOfATitration) {
 
 TEST_F(Evaluation, GivesThePublishedActivationEnergies) {
     // N2O5: F. Daniels, E. H. Johnston, J. Am. Chem. Soc. 43 (1921) 53: about 103 kJ/mol
-    SetRows(RateConstants({
-        {273.15, 7.87e-07},
-        {298.15, 3.46e-05},
-        {308.15, 0.000135},
-        {318.15, 0.000498},
-        {328.15, 0.0015  },
-        {338.15, 0.00487 }
-    }));
+    SetRows(RateConstants({{273.15, 7.87e-07},
+                           {298.15, 3.46e-05},
+                           {308.15, 0.000135},
+                           {318.15, 0.000498},
+                           {328.15, 0.0015},
+                           {338.15, 0.00487}}));
     const auto energy = [&](int kind) {
         Evaluate(kind, 2);
         const FittedLine line{.a = doc.RegressA, .b = doc.RegressB};
@@ -247,17 +230,15 @@ TEST_F(Evaluation, GivesThePublishedActivationEnergies) {
     EXPECT_NEAR(energy(kKindEyring), arrhenius - 8.3145e-3 * 308, 0.2);
 
     // HI: M. Bodenstein, Z. phys. Chem. 29 (1899) 295: about 184 kJ/mol
-    SetRows(RateConstants({
-        {556, 3.52e-07},
-        {575, 1.22e-06},
-        {629, 3.02e-05},
-        {647, 8.59e-05},
-        {666, 0.00022 },
-        {683, 0.000512},
-        {700, 0.00116 },
-        {716, 0.0025  },
-        {781, 0.0395  }
-    }));
+    SetRows(RateConstants({{556, 3.52e-07},
+                           {575, 1.22e-06},
+                           {629, 3.02e-05},
+                           {647, 8.59e-05},
+                           {666, 0.00022},
+                           {683, 0.000512},
+                           {700, 0.00116},
+                           {716, 0.0025},
+                           {781, 0.0395}}));
     EXPECT_NEAR(energy(kKindArrhenius), 184, 2.5);
 }
 
@@ -330,36 +311,38 @@ TEST_F(Evaluation, WritesItsResultLine) {
              {-14,
               {.a = 0.5, .b = -0.25},
               "Result: KM =  0.25 mol/L,  r(P)max =  0.5 mol/(L min),  " + r,
-              false                                                                                      },
+              false},
              {-13,
               {.a = 0.5, .b = 4},
               "Result: KM =  0.125 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
-              false                                                                                      },
+              false},
              {-13,
               {.a = 0.5, .b = 0},
               "Result: KM =  0 mol/L,  r(P)max =  0 mol/(L min),  " + r,
-              false                                                                                      },
+              false},
              {-12,
               {.a = 4, .b = 2},
               "Result: KM =  0.5 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
-              false                                                                                      },
-             {-11, {.a = 1, .b = 0.5},                 "Result:   k =  0.25  L/(min mol),  " + r,   true },
-             {-10, {.a = 1, .b = -0.5},                "Result:   k =  0.5  1/min" + r,             true },
+              false},
+             {-11, {.a = 1, .b = 0.5}, "Result:   k =  0.25  L/(min mol),  " + r, true},
+             {-10, {.a = 1, .b = -0.5}, "Result:   k =  0.5  1/min" + r, true},
              {-8,
               {.a = 1, .b = -0.5, .cA0 = 1, .cB0 = 2},
               "Result:  k =  0.5  L/(min mol)" + r,
-              true                                                                                       },
-             {-7,  {.a = 4, .b = 0.75},                "Result: n = 1.5;  k =  0.1767767" + r,      false},
-             {-6,  {.a = 1, .b = 0.5},                 "Result:  k =  0.25  L/(min mol)" + r,       true },
-             {-5,  {.a = 1, .b = 0.5},                 "Result:   k = -0.5  1/min" + r,             true },
+              true},
+             {-7, {.a = 4, .b = 0.75}, "Result: n = 1.5;  k =  0.1767767" + r, false},
+             {-6, {.a = 1, .b = 0.5}, "Result:  k =  0.25  L/(min mol)" + r, true},
+             {-5, {.a = 1, .b = 0.5}, "Result:   k = -0.5  1/min" + r, true},
              {-4,
               {.a = 23.76, .b = -12000},
               "Result: h#/(kJ/mol) = 99.77;  s#/(J/mol*K) = 0.0, "
-              "ATTENTION: s# is only correct if [t] = s applies to k, coeff. of det. R^2= 0.98766", false},
+              "ATTENTION: s# is only correct if [t] = s applies to k, coeff. of det. R^2= 0.98766",
+              false},
              {-3,
               {.a = std::log(2e13), .b = -12000},
-              "Result: EA/(kJ/mol) = 99.77;  A =  2E+13,  coeff. of det. R^2= 0.98766",             false},
-    }) {
+              "Result: EA/(kJ/mol) = 99.77;  A =  2E+13,  coeff. of det. R^2= 0.98766",
+              false},
+         }) {
         FittedLine line = row.line;
         line.r2 = 0.987664F;
         const LineResult result = EvaluateLine(ps, row.kind, line);
@@ -385,22 +368,14 @@ TEST_F(Evaluation, LeavesOutAndCountsRowsThatNoFormulaTakes) {
     EXPECT_TRUE(doc.StatusBar2.toolTip.starts_with("1 row was left out"));
     EXPECT_NEAR(doc.RegressB, -5000, 0.1);
 
-    SetRows(Concentrations({
-        {0,  1  },
-        {10, 1  },
-        {20, 0.6},
-        {30, 0.5},
-        {40, 0.4}
-    }));
+    SetRows(Concentrations({{0, 1}, {10, 1}, {20, 0.6}, {30, 0.5}, {40, 0.4}}));
     Evaluate(kKindWilkinson, 2);
     EXPECT_EQ(doc.RegressLeftOut, 1) << "no conversion, U = 0";
 
-    SetRows({
-        {.t = 10, .lambda = 9 },
-        {.t = 20, .lambda = 10},
-        {.t = 30, .lambda = 12},
-        {.t = 5,  .lambda = 8 }
-    });
+    SetRows({{.t = 10, .lambda = 9},
+             {.t = 20, .lambda = 10},
+             {.t = 30, .lambda = 12},
+             {.t = 5, .lambda = 8}});
     ps.LambdaInf = 10;
     FuCheckExpData(ps);
     ps.LambdaMode = true;
@@ -411,12 +386,7 @@ TEST_F(Evaluation, LeavesOutAndCountsRowsThatNoFormulaTakes) {
 }
 
 TEST_F(Evaluation, CountsASwitchedOffRowForNothing) {
-    std::vector<ExpPoint> rows = Concentrations({
-        {0,  1  },
-        {10, 0.5},
-        {20, 0.3},
-        {30, 0.1}
-    });
+    std::vector<ExpPoint> rows = Concentrations({{0, 1}, {10, 0.5}, {20, 0.3}, {30, 0.1}});
     SetRows(rows);
     Evaluate(kKindFirstOrder, 2);
     const double slope = doc.RegressB;
@@ -429,10 +399,7 @@ TEST_F(Evaluation, CountsASwitchedOffRowForNothing) {
 }
 
 TEST_F(Evaluation, TellsAnErrorOfTheArithmeticAndDrawsNothing) {
-    SetRows({
-        {.t = 1, .cA = 1,   .cB = 0.5},
-        {.t = 2, .cA = 0.8, .cB = 0.3}
-    });
+    SetRows({{.t = 1, .cA = 1, .cB = 0.5}, {.t = 2, .cA = 0.8, .cB = 0.3}});
     ps.k[1] = 0.125;
     Evaluate(kKindMixedSecondOrder, 4);
     EXPECT_THAT(Messages(), testing::ElementsAre("Aborted|Critical error occured:\r\nDivision by "
@@ -446,11 +413,7 @@ TEST_F(Evaluation, TellsAnErrorOfTheArithmeticAndDrawsNothing) {
 }
 
 TEST_F(Evaluation, DrawsTheLineOverTheWholeFrameAndOneStepBeyond) {
-    SetRows(Concentrations({
-        {0,  1   },
-        {10, 0.5 },
-        {20, 0.25}
-    }));
+    SetRows(Concentrations({{0, 1}, {10, 0.5}, {20, 0.25}}));
     Evaluate(kKindFirstOrder, 2);
     const PlotSeries& line = GetSeries(doc.surface, kLines, 1);
     EXPECT_EQ(line.x.front(), static_cast<double>(ps.Frame.xMin));

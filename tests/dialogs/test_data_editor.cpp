@@ -134,9 +134,7 @@ TEST_F(DataEditor, TakesALineOnlyWhenItsSumIsPositive) {
 TEST_F(DataEditor, EditingALineKeepsTheDigitsAndFieldsThatWereNotTouched) {
     ps.ModelId = 10;
     ps.RcSMode = true;
-    Open({
-        {.t = 1.23456789012, .cB = 0.123456789012, .T = 300, .lambda = 7}
-    });
+    Open({{.t = 1.23456789012, .cB = 0.123456789012, .T = 300, .lambda = 7}});
     Select(0, 0);
     EXPECT_EQ(editor.y(0).text, " 1.234568");
     EXPECT_EQ(editor.y(7).text, ""); // not enabled
@@ -146,9 +144,7 @@ TEST_F(DataEditor, EditingALineKeepsTheDigitsAndFieldsThatWereNotTouched) {
 }
 
 TEST_F(DataEditor, ListsSmallConcentrationsWithAnExponent) {
-    Open({
-        {.t = 1.23456789, .cA = 5e-6, .cB = 1e-5, .cP = 0.123456789012345}
-    });
+    Open({{.t = 1.23456789, .cA = 5e-6, .cB = 1e-5, .cP = 0.123456789012345}});
     EXPECT_EQ(Cell(0, 2), "1.234568");
     EXPECT_EQ(Cell(0, 3), "5.000000E-06");
     EXPECT_EQ(Cell(0, 4), SingleText(1e-5));
@@ -207,9 +203,8 @@ TEST_F(DataEditor, CouplesArePastedIntoRateAndSubstrate) {
 
 TEST_F(DataEditor, WhatItCopiesPastesBackUnchanged) {
     const std::vector<ExpPoint> rows{
-        {.t = 1.0 / 3,  .cA = 5.5e-6,   .T = 298.15, .k = 1.25e-7, .lambda = 0.1F},
-        {.t = 1e6, .cQ = 0.123456789012345}
-    };
+        {.t = 1.0 / 3, .cA = 5.5e-6, .T = 298.15, .k = 1.25e-7, .lambda = 0.1F},
+        {.t = 1e6, .cQ = 0.123456789012345}};
     Open(rows);
     Select(0, 1);
     Key(3);
@@ -279,11 +274,7 @@ TEST_F(DataEditor, EntryInTheListFollowsTheSystemsDecimalSign) {
 
 TEST_F(DataEditor, EveryChangeCanBeTakenBackAndMadeAgain) {
     ps.ModelId = 2;
-    Open({
-        {.t = 3, .cA = 1.0 / 3},
-        {.t = 1, .cA = 0.7    },
-        {.t = 2, .cA = 0.1    }
-    });
+    Open({{.t = 3, .cA = 1.0 / 3}, {.t = 1, .cA = 0.7}, {.t = 2, .cA = 0.1}});
     std::vector<std::vector<ExpPoint>> states{ps.ExpData};
     std::vector<std::string> names;
     const auto note = [&] {
@@ -346,9 +337,7 @@ TEST_F(DataEditor, AHundredStepsAreKept) {
 }
 
 TEST_F(DataEditor, AFailedLoadCanBeTakenBackAndForeignChangesEndTheHistory) {
-    Open({
-        {.t = 1, .cA = 2}
-    });
+    Open({{.t = 1, .cA = 2}});
     WriteFileAtomically(folder / "bad.ZI3", "nothing");
     bench.host.files = {FileChoice{folder / "bad.ZI3"}};
     Press(editor.cmdLoadFile);
@@ -395,11 +384,9 @@ TEST_F(DataEditor, DrawsOnlyWhatIsThereAndActive) {
 
 TEST_F(DataEditor, ApplyWarnsOfAwkwardTimesAndTakesInitialConcentrations) {
     ps.ModelId = 2;
-    Open({
-        {.t = 0, .cA = 1,   .T = 300},
-        {.t = 5, .cA = 0.8, .T = 310},
-        {.t = 9, .cA = 0.5, .T = 320}
-    });
+    Open({{.t = 0, .cA = 1, .T = 300},
+          {.t = 5, .cA = 0.8, .T = 310},
+          {.t = 9, .cA = 0.5, .T = 320}});
     bench.host.answers = {Answer::Yes};
     Press(editor.OK);
     EXPECT_EQ(Box().title, "Warning for non-isothermal fitting");

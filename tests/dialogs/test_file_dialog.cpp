@@ -132,18 +132,11 @@ TEST(FileNames, FitPatternsWithoutRegardToCase) {
         const char* pattern;
         bool fits;
     };
-    for (const Case& c : {
-             Case{"run.zi3",  "*.ZI3",      true },
-             Case{"run.zi3",  "*.ZC3",      false},
-             Case{"a.XY",     "*.XY;*.LRG", true },
-             Case{"b.lrg",    "*.XY;*.LRG", true },
-             Case{"noending", "*.*",        true },
-             Case{"abc",      "a?c",        true },
-             Case{"abbc",     "a?c",        false},
-             Case{"aXbXc",    "a*b*c",      true },
-             Case{"abcd",     "a*c",        false},
-             Case{"",         "*",          true }
-    })
+    for (const Case& c :
+         {Case{"run.zi3", "*.ZI3", true}, Case{"run.zi3", "*.ZC3", false},
+          Case{"a.XY", "*.XY;*.LRG", true}, Case{"b.lrg", "*.XY;*.LRG", true},
+          Case{"noending", "*.*", true}, Case{"abc", "a?c", true}, Case{"abbc", "a?c", false},
+          Case{"aXbXc", "a*b*c", true}, Case{"abcd", "a*c", false}, Case{"", "*", true}})
         EXPECT_EQ(FitsPattern(c.name, c.pattern), c.fits) << c.name << " " << c.pattern;
 }
 

@@ -45,10 +45,10 @@ TEST_F(ImportText, FindsHowAFileIsToBeReadAndWhereItsColumnsBelong) {
         int separator, skip;
     } cases[] = {
         {"UTF-8 with a heading and units",
-         "Messung \xC3\xBC\nTime/min;T/K;c(A)/(mol/L)\n0;300,5;1,25\n2,5;301;0,5\n",                     1, 2},
-        {"UTF-16 with tabs",               Utf16("Time\tT\tcA\r\n0\t300.5\t1.25\r\n2.5\t301\t0.5\r\n"),  0, 1},
-        {"Windows-1252 with CR",           "Zeit;T;c(A)\xFC\r0;300,5;1,25\r2,5;301;0,5\r",               1, 1},
-        {"commas and quotes",              "\"time\",\"T [K]\",\"c(A)\"\n0,300.5,1.25\n2.5,301.0,0.5\n", 2, 1},
+         "Messung \xC3\xBC\nTime/min;T/K;c(A)/(mol/L)\n0;300,5;1,25\n2,5;301;0,5\n", 1, 2},
+        {"UTF-16 with tabs", Utf16("Time\tT\tcA\r\n0\t300.5\t1.25\r\n2.5\t301\t0.5\r\n"), 0, 1},
+        {"Windows-1252 with CR", "Zeit;T;c(A)\xFC\r0;300,5;1,25\r2,5;301;0,5\r", 1, 1},
+        {"commas and quotes", "\"time\",\"T [K]\",\"c(A)\"\n0,300.5,1.25\n2.5,301.0,0.5\n", 2, 1},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.what);
@@ -110,10 +110,7 @@ TEST_F(ImportText, AsksWhereItIsNotSureUnlessTheUserHasChosen) {
 }
 
 TEST_F(ImportText, ReplacingCanBeTakenBackAndAppendingKeepsWhatIsThere) {
-    ps.ExpData = {
-        {       },
-        { .t = 5, .cA = 6}
-    };
+    ps.ExpData = {{}, {.t = 5, .cA = 6}};
     ps.ExpPointCount = 1;
     ps.DataFilePath = folder / "old.ZI3";
     ps.DataFileTitle = "old.ZI3";

@@ -58,11 +58,9 @@ TEST_F(Pictures, EachKindOfOutputHasItsPartsAndClosesAfterwards) {
         const char* caption;
         std::size_t formats;
         bool size, print;
-    } rows[] = {
-        {"... to the Clipboard", 2, false, false},
-        {"Write image file",     8, true,  false},
-        {"Print",                0, false, true }
-    };
+    } rows[] = {{"... to the Clipboard", 2, false, false},
+                {"Write image file", 8, true, false},
+                {"Print", 0, false, true}};
     for (int mode = 1; mode <= 3; ++mode) {
         const auto& row = rows[mode - 1];
         Open(mode);
@@ -89,14 +87,10 @@ TEST_F(Pictures, AFileIsWrittenInTheFormatChosen) {
         int index;
         const char* name;
         const char* asked;
-    } rows[] = {
-        {2, "/a.WMF", "/a.WMF 3" }, // as the panel opens
-        {0, "/a.bmp", "/a.bmp 1" },
-        {1, "/a.wmf", "/a.wmf 2" },
-        {3, "/a.EMF", "/a.EMF 3" }, // 13 as long as the name is not known
-        {4, "/a.WMF", "/a.WMF 4" },
-        {7, "/a.PDF", "/a.PDF 23"}
-    };
+    } rows[] = {{2, "/a.WMF", "/a.WMF 3"}, // as the panel opens
+                {0, "/a.bmp", "/a.bmp 1"}, {1, "/a.wmf", "/a.wmf 2"},
+                {3, "/a.EMF", "/a.EMF 3"}, // 13 as long as the name is not known
+                {4, "/a.WMF", "/a.WMF 4"}, {7, "/a.PDF", "/a.PDF 23"}};
     for (const auto& row : rows) {
         Open(2);
         Choose(panel().cmbGraphFormat, row.index);
@@ -159,11 +153,9 @@ TEST_F(Pictures, APrintIsPlacedByTheCodesOfItsScaling) {
         int code;
         bool height, width;
         PaperRect rect;
-    } rows[] = {
-        {2, 5, false, false, {3.5, 3, 14, 23.7}},
-        {3, 3, true,  false, {3.5, 3, 15, 10}  },
-        {4, 2, false, true,  {3.5, 3, 15, 10}  }
-    };
+    } rows[] = {{2, 5, false, false, {3.5, 3, 14, 23.7}},
+                {3, 3, true, false, {3.5, 3, 15, 10}},
+                {4, 2, false, true, {3.5, 3, 15, 10}}};
     for (const auto& row : rows) {
         Open(3);
         Press(panel().optSM, row.option);

@@ -110,12 +110,12 @@ TEST_F(XYEditor, TransformsOnlyActiveLinesAndAllOrNothing) {
         const char* w;
         std::pair<float, float> result; // of (0.5, 2)
     } cases[] = {
-        {0, "",  {0.5F, std::exp(2.0F)}},
-        {1, "",  {0.5F, std::log(2.0F)}},
-        {2, "3", {0.5F, 6}             },
-        {3, "3", {0.5F, 5}             },
-        {4, "",  {0.5F, 0.5F}          },
-        {5, "",  {0.5F, 2}             },
+        {0, "", {0.5F, std::exp(2.0F)}},
+        {1, "", {0.5F, std::log(2.0F)}},
+        {2, "3", {0.5F, 6}},
+        {3, "3", {0.5F, 5}},
+        {4, "", {0.5F, 0.5F}},
+        {5, "", {0.5F, 2}},
     };
     for (const auto& each : cases) {
         SCOPED_TRACE(each.transform);

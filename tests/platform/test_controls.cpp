@@ -28,10 +28,7 @@ struct frmSample : Form {
     Array<TextField, 3, 5> Inp{*this, "Inp"};
     Button cmdRun{*this, "cmdRun", "Run"};
     CheckBox chkLog{*this, "chkLog", "log"};
-    OptionGroup optMode{
-        *this, "optMode", {"first", "second", "third"},
-          1
-    };
+    OptionGroup optMode{*this, "optMode", {"first", "second", "third"}, 1};
     ComboBox cboUnit{*this, "cboUnit"};
     Slider sldStep{*this, "sldStep"};
     MenuEntry mnuRun{*this, "mnuRun"};

@@ -15,12 +15,8 @@ namespace {
 using testing::HasSubstr;
 
 constexpr MenuRow kMenu[] = {
-    {1, "mnuFile",  "&File"},
-    {2, "mnuOpen",  "Open" },
-    {2, "sep1",     "-"    },
-    {2, "mnuMore",  "More" },
-    {3, "mnuDeep",  "Deep" },
-    {1, "mnuPlain", "Plain"},
+    {1, "mnuFile", "&File"}, {2, "mnuOpen", "Open"}, {2, "sep1", "-"},
+    {2, "mnuMore", "More"},  {3, "mnuDeep", "Deep"}, {1, "mnuPlain", "Plain"},
 };
 
 struct TestForm : Form {
@@ -40,10 +36,7 @@ struct TestForm : Form {
         cmdDefault.isDefault = true;
         cmdEsc.isCancel = true;
         grdTable.heads = {"no", "off", "value"};
-        grdTable.cells = {
-            {"1", "0",  "1.5"},
-            {"2", "-1", "2.5"}
-        };
+        grdTable.cells = {{"1", "0", "1.5"}, {"2", "-1", "2.5"}};
         grdTable.editableColumns = {false, false, true};
         grdTable.checkColumns = {false, true, false};
         Declare();
@@ -59,19 +52,14 @@ struct TestForm : Form {
     Button cmdDefault{*this, "cmdDefault", "&Go"};
     Button cmdEsc{*this, "cmdEsc", "Close <Esc>"};
     CheckBox chkOn{*this, "chkOn", "on"};
-    OptionGroup optKind{
-        *this, "optKind", {"first", "second", "third"},
-          1
-    };
+    OptionGroup optKind{*this, "optKind", {"first", "second", "third"}, 1};
     ComboBox cmbList{*this, "cmbList"};
     ComboBox cmbFree{*this, "cmbFree"};
     ListBox lstList{*this, "lstList"};
     Slider sldSpeed{*this, "sldSpeed"};
     UpDown updCount{*this, "updCount"};
     Grid grdTable{*this, "grdTable"};
-    TabPanel tabPages{
-        *this, "tabPages", {"left", "right"}
-    };
+    TabPanel tabPages{*this, "tabPages", {"left", "right"}};
     Timer tmrTick{*this, "tmrTick"};
     MenuEntry mnuFile{*this, "mnuFile", "&File"};
     MenuEntry mnuOpen{*this, "mnuOpen", "Open"};
@@ -357,10 +345,7 @@ TEST_F(BinderTest, AGridShowsEditsTicksAndSelectsItsCells) {
     EXPECT_TRUE(model.setData(model.index(0, 2), QStringLiteral("3.5"), Qt::EditRole));
     EXPECT_TRUE(model.setData(model.index(0, 1), Qt::Checked, Qt::CheckStateRole));
     EXPECT_EQ(form.grdTable.cells[0], (std::vector<std::string>{"1", "-1", "3.5"}));
-    EXPECT_EQ(edits, (std::vector<std::pair<int, int>>{
-                         {0, 2},
-                         {0, 1}
-    }));
+    EXPECT_EQ(edits, (std::vector<std::pair<int, int>>{{0, 2}, {0, 1}}));
 
     view.selectionModel()->select(QItemSelection(model.index(0, 0), model.index(1, 2)),
                                   QItemSelectionModel::ClearAndSelect);

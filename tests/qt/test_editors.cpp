@@ -54,11 +54,7 @@ TEST_F(EditorsInWindows, FitTheScreenWithoutScrolling) {
 }
 
 TEST_F(EditorsInWindows, KeysInACellGoThroughTheFilterIntoTheTable) {
-    ps.ExpData = {
-        {       },
-        {  .t = 1, .cA = 2},
-        { .t = 3, .cA = 4}
-    };
+    ps.ExpData = {{}, {.t = 1, .cA = 2}, {.t = 3, .cA = 4}};
     ps.ExpPointCount = 2;
     Open(data);
     QTableView& table = Table(data);

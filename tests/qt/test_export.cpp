@@ -120,10 +120,7 @@ TEST(Export, DrawsSecondOrderReactionsAsPublished) {
         double slope, scatter; ///< of 1/c against t, L/(mol s)
     };
     // T. L. Brown, H. E. LeMay, Chemistry; S. S. Zumdahl, Chemistry
-    for (const Row& row : {
-             Row{"no2",       0.543,  0.002 },
-             Row{"butadiene", 0.0614, 0.0005}
-    }) {
+    for (const Row& row : {Row{"no2", 0.543, 0.002}, Row{"butadiene", 0.0614, 0.0005}}) {
         const auto measured = Measured(row.name + ".ZI3");
         EXPECT_NEAR(Slope(measured, Time, [](const ExpPoint& p) { return 1 / p.cA; }), row.slope,
                     row.scatter)
@@ -271,18 +268,18 @@ TEST(Export, TellsWhatIsWrongWithAProjectAndWritesNothing) {
     for (int i = 0; i < 4096; ++i)
         binary += static_cast<char>(i * 37 % 256);
     for (const Row& row : {
-             Row{"empty",           "",                       "Execution not possible"},
-             Row{                         "cut off",    good.substr(0,         good.size() / 2), "Execution not possible"},
-             Row{                         "binary",           binary, "Execution not possible"                        },
-             Row{            "a word for k",          with("0.00693",          "fast"),                         "Execution not possible"},
-             Row{               "NaN for k",           with("0.00693",           "nan"),                         "Execution not possible"},
-             Row{         "infinite t(max)",         with("450",         "1e999"),                         "Execution not possible"},
-             Row{       "a count that lies", with("\r\n5\r\n", "\r\n99999\r\n"),                         "Execution not possible"},
-             Row{                "model 77",          with(" 2 ",          " 77 "),                         "Execution not possible"},
-             Row{             "no reaction",             with("0.00693",                             "0"),                         "k1 > 0"},
-             Row{                 "no time",            with("450",             "-1"),                         "specification of time"},
-             Row{ "data that are not there",   with("n2o5.ZI3",              "nowhere.ZI3"),                         "nowhere.ZI3"},
-    }) {
+             Row{"empty", "", "Execution not possible"},
+             Row{"cut off", good.substr(0, good.size() / 2), "Execution not possible"},
+             Row{"binary", binary, "Execution not possible"},
+             Row{"a word for k", with("0.00693", "fast"), "Execution not possible"},
+             Row{"NaN for k", with("0.00693", "nan"), "Execution not possible"},
+             Row{"infinite t(max)", with("450", "1e999"), "Execution not possible"},
+             Row{"a count that lies", with("\r\n5\r\n", "\r\n99999\r\n"), "Execution not possible"},
+             Row{"model 77", with(" 2 ", " 77 "), "Execution not possible"},
+             Row{"no reaction", with("0.00693", "0"), "k1 > 0"},
+             Row{"no time", with("450", "-1"), "specification of time"},
+             Row{"data that are not there", with("n2o5.ZI3", "nowhere.ZI3"), "nowhere.ZI3"},
+         }) {
         const TempFolder folder;
         WriteFileAtomically(folder / "bad.ZC3", row.project);
         WriteFileAtomically(folder / "n2o5.ZI3", ReadFile(Example("n2o5.ZI3")));
@@ -310,10 +307,9 @@ TEST(Export, GoesOnWhereNothingIsLost) {
     // places that can't be read or written
     for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
              {"--export", folder / "no/a.png", Example("n2o5.ZC3")},
-             {"--table",  folder.Path(),       Example("n2o5.ZC3")},
-             {"--export", folder / "a.png",    folder.Path()      },
-             {"--export", folder / "a.png",    folder / "none.ZC3"}
-    }) {
+             {"--table", folder.Path(), Example("n2o5.ZC3")},
+             {"--export", folder / "a.png", folder.Path()},
+             {"--export", folder / "a.png", folder / "none.ZC3"}}) {
         const Outcome refused = StartProgram(arguments);
         EXPECT_EQ(refused.status, 2) << arguments[1];
         EXPECT_NE(refused.err, "") << arguments[1];

@@ -30,15 +30,13 @@ TEST(PlotLayout, KeepsTextsApartAndInsideThePictureAtAnySize) {
         double xMin, xMax, yMin, yMax;
         bool log;
     };
-    for (const Ranges& frame : std::initializer_list<Ranges>{
-             {0,      450,     0,       0.102,  false},
-             {0,      1e-7,    -2.5e-9, 1e-9,   false},
-             {-1,     99999,   0,       123456, false},
-             {273.15, 338.2,   -14.2,   -5.1,   false},
-             {0.0029, 0.00367, 1e9,     9e9,    false},
-             {1e-7,   100,     1e-6,    1,      true },
-             {0,      450,     -1,      0.1,    true }
-    }) {
+    for (const Ranges& frame : std::initializer_list<Ranges>{{0, 450, 0, 0.102, false},
+                                                             {0, 1e-7, -2.5e-9, 1e-9, false},
+                                                             {-1, 99999, 0, 123456, false},
+                                                             {273.15, 338.2, -14.2, -5.1, false},
+                                                             {0.0029, 0.00367, 1e9, 9e9, false},
+                                                             {1e-7, 100, 1e-6, 1, true},
+                                                             {0, 450, -1, 0.1, true}}) {
         for (const QSize size : {QSize(1200, 800), QSize(900, 600), QSize(500, 320)}) {
             PlotSurface surface = EmptyDiagram();
             SetFooter(surface, "measured at 318 K");
@@ -142,11 +140,8 @@ TEST(PlotLayout, PutsAxesAndNumbersWhereTheyAreAskedTo) {
         Placement placement;
         double x; ///< where the line of the y-axis and its numbers are
     };
-    for (const Row& row : {
-             Row{Placement::Min,    -5},
-             Row{Placement::AtZero, 0 },
-             Row{Placement::Max,    10}
-    }) {
+    for (const Row& row :
+         {Row{Placement::Min, -5}, Row{Placement::AtZero, 0}, Row{Placement::Max, 10}}) {
         SetAxisOrigin(surface, AxisId::X, row.placement);
         SetAxisAnnotation(surface, AxisId::Y, row.placement, TextRotation::Horizontal);
         const PictureLayout layout = LayOut(surface, {900, 600}, kPixelsPerPoint);
@@ -168,12 +163,10 @@ TEST(PlotLayout, PutsAxesAndNumbersWhereTheyAreAskedTo) {
 
 TEST(PlotLayout, KeepsTextsApartWhereverAxesAndNumbersStand) {
     constexpr Placement kAll[] = {Placement::Min, Placement::AtZero, Placement::Max};
-    for (const auto& [min, max, log] : {
-             std::tuple(-20.0, 100.0, false),
-             {0.0,    100.0, false},
-             {-100.0, -20.0, false},
-             {0.1,    1e4,   true }
-    })
+    for (const auto& [min, max, log] : {std::tuple(-20.0, 100.0, false),
+                                        {0.0, 100.0, false},
+                                        {-100.0, -20.0, false},
+                                        {0.1, 1e4, true}})
         for (const Placement ofX : kAll)
             for (const Placement ofY : kAll)
                 for (const bool vertical : {false, true}) {
@@ -231,27 +224,10 @@ TEST(ClipPolyline, KeepsWhatLiesInsideAndPartsWhatLeaves) {
     const QRectF frame(0, 0, 10, 10);
     const auto nan = std::numeric_limits<double>::quiet_NaN();
     // a zigzag that leaves at the top and comes back, then a gap, then a segment across
-    const QVector<QPointF> clipped = ClipPolyline(
-        {
-            {1,   5  },
-            {2,   -5 },
-            {3,   5  },
-            {nan, nan},
-            {-5,  2  },
-            {15,  2  },
-            {20,  20 }
-    },
-        frame);
-    const QVector<QPointF> expected{
-        {1,   5  },
-        {1.5, 0  },
-        {nan, nan},
-        {2.5, 0  },
-        {3,   5  },
-        {nan, nan},
-        {0,   2  },
-        {10,  2  }
-    };
+    const QVector<QPointF> clipped =
+        ClipPolyline({{1, 5}, {2, -5}, {3, 5}, {nan, nan}, {-5, 2}, {15, 2}, {20, 20}}, frame);
+    const QVector<QPointF> expected{{1, 5}, {1.5, 0},   {nan, nan}, {2.5, 0},
+                                    {3, 5}, {nan, nan}, {0, 2},     {10, 2}};
     ASSERT_EQ(clipped.size(), expected.size());
     for (qsizetype i = 0; i < clipped.size(); ++i) {
         EXPECT_EQ(std::isnan(clipped[i].x()), std::isnan(expected[i].x())) << i;

@@ -114,12 +114,10 @@ TEST(PlotOutput, APageHasTheDiagramWhereItWasAskedFor) {
         PrintRequest request;
         QRectF picture; ///< mm
     };
-    for (const Row& row : {
-             Row{{.left = 3, .top = 2.5, .width = 15},                                 {35, 30, 150, 90} },
-             Row{{.scaling = PaperScaling::Height, .left = 1, .top = 10, .height = 7},
-                 {15, 105, 70 * 5 / 3.0, 70}                                                             },
-             Row{{.scaling = PaperScaling::Page},                                      {35, 30, 140, 237}}
-    }) {
+    for (const Row& row : {Row{{.left = 3, .top = 2.5, .width = 15}, {35, 30, 150, 90}},
+                           Row{{.scaling = PaperScaling::Height, .left = 1, .top = 10, .height = 7},
+                               {15, 105, 70 * 5 / 3.0, 70}},
+                           Row{{.scaling = PaperScaling::Page}, {35, 30, 140, 237}}}) {
         QByteArray written;
         QBuffer buffer(&written);
         buffer.open(QIODevice::WriteOnly);

@@ -65,11 +65,7 @@ TEST(PlotView, PaintsDataWhereTheRecordFindsIt) {
     EXPECT_TRUE(IsDark(picture, surface, 2, 0.9));
     EXPECT_TRUE(IsDark(picture, surface, 7.5, 0.8));
     // the frame stands at the ends of the axes
-    for (const auto& [x, y] : {
-             std::pair(0.0, 0.6), {10.0, 0.6},
-               {5.0,  0.0},
-               {5.0,  1.0}
-    })
+    for (const auto& [x, y] : {std::pair(0.0, 0.6), {10.0, 0.6}, {5.0, 0.0}, {5.0, 1.0}})
         EXPECT_TRUE(IsDark(picture, surface, x, y)) << x << ' ' << y;
     // and the mouse finds a point from the pixel where it is painted
     const auto pixel = DataToPixel(surface, 7.5, 0.8);
@@ -155,11 +151,7 @@ TEST(PlotView, DrawsLinesInTheOrderOfTheirPoints) {
     SetPoints(surface, kLines, 1, {2, 8, 8, 2, 2}, {0.2, 0.2, 0.8, 0.8, 0.2}); // a rectangle
     Shown shown(surface);
     const QImage picture = shown.Picture();
-    for (const auto& [x, y] : {
-             std::pair(5.0, 0.2), {8.0, 0.5},
-               {5.0, 0.8},
-               {2.0, 0.5}
-    })
+    for (const auto& [x, y] : {std::pair(5.0, 0.2), {8.0, 0.5}, {5.0, 0.8}, {2.0, 0.5}})
         EXPECT_TRUE(IsDark(picture, surface, x, y)) << x << ' ' << y;
     EXPECT_FALSE(IsDark(picture, surface, 5, 0.5));
 }

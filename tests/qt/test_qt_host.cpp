@@ -41,9 +41,9 @@ TEST_F(QtHostTest, EscIsTheAnswerThatChangesNothing) {
         Buttons buttons;
         Answer expected;
     } cases[] = {
-        {Buttons::Ok,          Answer::Ok    },
-        {Buttons::OkCancel,    Answer::Cancel},
-        {Buttons::YesNo,       Answer::No    },
+        {Buttons::Ok, Answer::Ok},
+        {Buttons::OkCancel, Answer::Cancel},
+        {Buttons::YesNo, Answer::No},
         {Buttons::YesNoCancel, Answer::Cancel},
     };
     for (const auto& each : cases) {

@@ -9,15 +9,14 @@ TEST(CommandLine, TakesWhatHasNoDashesAsTheProject) {
         std::vector<std::string> arguments;
         std::string project;
     };
-    for (const Row& row : std::vector<Row>{
-             {{},                        ""                     },
-             {{"a.ZC3"},                 "a.ZC3"                },
-             {{"\"my run.ZC3\""},        "my run.ZC3"           }, // quotes are taken out
-             {{"my", "run.ZC3"},         "my run.ZC3"           }, // an unquoted name with a blank
-             {{"-a.ZC3"},                "-a.ZC3"               },
-             {{"C:\\data\\a.ZC3"},       "C:\\data\\a.ZC3"      },
-             {{"/tmp/\303\204pfel.ZC3"}, "/tmp/\303\204pfel.ZC3"}
-    }) {
+    for (const Row& row :
+         std::vector<Row>{{{}, ""},
+                          {{"a.ZC3"}, "a.ZC3"},
+                          {{"\"my run.ZC3\""}, "my run.ZC3"}, // quotes are taken out
+                          {{"my", "run.ZC3"}, "my run.ZC3"},  // an unquoted name with a blank
+                          {{"-a.ZC3"}, "-a.ZC3"},
+                          {{"C:\\data\\a.ZC3"}, "C:\\data\\a.ZC3"},
+                          {{"/tmp/\303\204pfel.ZC3"}, "/tmp/\303\204pfel.ZC3"}}) {
         const CommandLine line = ParseCommandLine(row.arguments);
         EXPECT_EQ(line.project, row.project);
         EXPECT_EQ(line.task, Task::Window);
@@ -48,27 +47,26 @@ TEST(CommandLine, RefusesWhatItCannotDo) {
         const char* says;
     };
     for (const Row& row : std::vector<Row>{
-             {{"--unknown"},                                                           "--unknown"     },
-             {{"--", "a.ZC3"},                                                         "unknown"       },
-             {{"--export=a.png", "a.ZC3"},                                             "--export=a.png"},
-             {{"a.ZC3", "--export"},                                                   "FILE"          },
-             {{"--export", "", "a.ZC3"},                                               "--export"      },
-             {{"--export", "a.gif", "a.ZC3"},                                          "a.gif"         },
-             {{"--export", "png", "a.ZC3"},                                            ".svg"          },
-             {{"--export", "dir/.png", "a.ZC3"},                                       ".svg"          },
-             {{"--export", "a.png"},                                                   "project"       },
-             {{"--table", "a.TXT"},                                                    "project"       },
-             {{"--export", "a.png", "--size", "1200", "a.ZC3"},                        "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "0x800", "a.ZC3"},                       "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "-5x800", "a.ZC3"},                      "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "1e3x800", "a.ZC3"},                     "WIDTHxHEIGHT"  },
-             {{"--export", "a.png", "--size", "99999x99999", "a.ZC3"},                 "16384"         },
-             {{"--export", "a.png", "--scale", "0", "a.ZC3"},                          "--scale"       },
-             {{"--export", "a.png", "--scale", "nan", "a.ZC3"},                        "--scale"       },
-             {{"--export", "a.png", "--size", "9999x9", "--scale", "2", "a.ZC3"},      "larger"        },
+             {{"--unknown"}, "--unknown"},
+             {{"--", "a.ZC3"}, "unknown"},
+             {{"--export=a.png", "a.ZC3"}, "--export=a.png"},
+             {{"a.ZC3", "--export"}, "FILE"},
+             {{"--export", "", "a.ZC3"}, "--export"},
+             {{"--export", "a.gif", "a.ZC3"}, "a.gif"},
+             {{"--export", "png", "a.ZC3"}, ".svg"},
+             {{"--export", "dir/.png", "a.ZC3"}, ".svg"},
+             {{"--export", "a.png"}, "project"},
+             {{"--table", "a.TXT"}, "project"},
+             {{"--export", "a.png", "--size", "1200", "a.ZC3"}, "WIDTHxHEIGHT"},
+             {{"--export", "a.png", "--size", "0x800", "a.ZC3"}, "WIDTHxHEIGHT"},
+             {{"--export", "a.png", "--size", "-5x800", "a.ZC3"}, "WIDTHxHEIGHT"},
+             {{"--export", "a.png", "--size", "1e3x800", "a.ZC3"}, "WIDTHxHEIGHT"},
+             {{"--export", "a.png", "--size", "99999x99999", "a.ZC3"}, "16384"},
+             {{"--export", "a.png", "--scale", "0", "a.ZC3"}, "--scale"},
+             {{"--export", "a.png", "--scale", "nan", "a.ZC3"}, "--scale"},
+             {{"--export", "a.png", "--size", "9999x9", "--scale", "2", "a.ZC3"}, "larger"},
              {{"--export", "a.bmp", "--size", "9000x9000", "--scale", "1.5", "a.ZC3"},
-              "million"                                                                                }
-    }) {
+              "million"}}) {
         try {
             ParseCommandLine(row.arguments);
             ADD_FAILURE() << row.says;

@@ -66,11 +66,11 @@ protected:
             CalcDialogId id;
         } calculations[] = {
             {"frmPrepareTimeDiagram", CalcDialogId::TimeDiagram},
-            {"frmRKconti",            CalcDialogId::Cstr       },
-            {"frmBatch",              CalcDialogId::Batch      },
-            {"frmRohrreaktor",        CalcDialogId::Tubular    },
-            {"frmKaskade",            CalcDialogId::Cascade    },
-            {"frmZFitting",           CalcDialogId::Fitting    },
+            {"frmRKconti", CalcDialogId::Cstr},
+            {"frmBatch", CalcDialogId::Batch},
+            {"frmRohrreaktor", CalcDialogId::Tubular},
+            {"frmKaskade", CalcDialogId::Cascade},
+            {"frmZFitting", CalcDialogId::Fitting},
         };
         for (const auto& each : calculations)
             Add(std::make_unique<CalcRecorder>(each.name, each.id, log));
@@ -200,11 +200,11 @@ TEST_F(CommandsTest, TheModelEnablesItsEvaluations) {
         int option;
         std::vector<std::string> enabled;
     } cases[] = {
-        {2,  {"mnuctAusw_1", "mnuNonIsothermFitting_1", "mnuLambdaAusw_1"}},
-        {3,  {"mnuctAusw_2", "mnuNonIsothermFitting_2", "mnuLambdaAusw_2"}},
-        {4,  {"mnuctAusw_3", "mnuLambdaAusw_3"}                           },
-        {10, {"mnuMichMent"}                                              },
-        {0,  {}                                                           },
+        {2, {"mnuctAusw_1", "mnuNonIsothermFitting_1", "mnuLambdaAusw_1"}},
+        {3, {"mnuctAusw_2", "mnuNonIsothermFitting_2", "mnuLambdaAusw_2"}},
+        {4, {"mnuctAusw_3", "mnuLambdaAusw_3"}},
+        {10, {"mnuMichMent"}},
+        {0, {}},
     };
     for (const auto& each : cases) {
         Press(model.optTyp, each.option);

@@ -63,10 +63,7 @@ protected:
     }
     static std::vector<XYPoint> ThePairs() {
         return {
-            {.x = 2},
-            {           .x = 0.1F / 3, .y = -1e-30F},
-            { .x = 16777217.0F,  .y = 4, .inactive = -1}
-        };
+            {.x = 2}, {.x = 0.1F / 3, .y = -1e-30F}, {.x = 16777217.0F, .y = 4, .inactive = -1}};
     }
     std::string Put(const std::string& name, const std::string& bytes) {
         WriteFileAtomically(folder / name, bytes);

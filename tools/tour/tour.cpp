@@ -233,13 +233,7 @@ public:
         picture("curves");
         Press(doc.mnuCoord);
         picture("coordinates");
-        program_.state().ManualBuf = {
-            {4,  0   },
-            {10, 0.6F},
-            {30, 0.3F},
-            {50, 0.2F},
-            {70, 0.1F}
-        };
+        program_.state().ManualBuf = {{4, 0}, {10, 0.6F}, {30, 0.3F}, {50, 0.2F}, {70, 0.1F}};
         Press(doc.cmdManuPoints);
         Press(doc.mnuPunktDesign);
         picture("points");
