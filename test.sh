@@ -7,7 +7,7 @@ cd "$top"
 
 tools/install_deps.sh
 tools/check_format.sh
-tools/build.sh
+ZORVANT_WERROR=ON tools/build.sh
 status=0
 ctest --test-dir build -j 2 --output-on-failure >build/tests.log 2>&1 || status=$?
 [ "$status" -eq 0 ] || grep -E '\*\*\*|Failure|\[  FAILED' build/tests.log || true

@@ -2,7 +2,7 @@
 // points, 50 measured points; and a full diagram of 24 curves of 301 points, seven point sets of 100,
 // legend and labels. One frame of a screen is 16.7 ms.
 #include "data/exp_data.h"
-#include "diagrams/dispatcher.h"
+#include "dialogs/diagram/dispatcher.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
 #include "shell/qt/plot_picture.h"
@@ -20,7 +20,7 @@ using namespace zorvant;
 constexpr int kModel = 7; ///< A, B, C and P
 constexpr QSize kPicture(1200, 800);
 
-void SetUp(ProjectState& ps) {
+void SetUp(Workspace& ps) {
     InitProjectState(ps);
     ps.ModelId = ps.DiagramKind = kModel;
     FuMaskenSetzen(ps, kModel);
@@ -40,7 +40,7 @@ void SetUp(ProjectState& ps) {
 }
 
 void OpenDiagram(benchmark::State& state) {
-    ProjectState ps;
+    Workspace ps;
     SetUp(ps);
     DiagramDocument diagram(ps);
     PlotView view;
@@ -65,7 +65,7 @@ BENCHMARK(OpenDiagram)->Unit(benchmark::kMillisecond);
 
 /// One change of the open diagram: a colour.
 void ChangeDiagram(benchmark::State& state) {
-    ProjectState ps;
+    Workspace ps;
     SetUp(ps);
     DiagramDocument diagram(ps);
     PlotView view;
@@ -124,7 +124,7 @@ struct FullDiagram {
         view.repaint();
         QApplication::processEvents();
     }
-    ProjectState ps;
+    Workspace ps;
     DiagramDocument diagram;
     PlotView view;
 };
@@ -199,7 +199,7 @@ void WriteLargePng(benchmark::State& state) {
 BENCHMARK(WriteLargePng)->Unit(benchmark::kMillisecond);
 
 void WritePicture(benchmark::State& state, const char* ending) {
-    ProjectState ps;
+    Workspace ps;
     SetUp(ps);
     DiagramDocument diagram(ps);
     GrafZentrale(ps, diagram);

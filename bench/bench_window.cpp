@@ -3,8 +3,8 @@
 // and a key in a list of the largest length. Prints times in ms, the median of several runs.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window
-#include "data/frm_datedit.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/course/frm_zor_model.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/binder.h"
@@ -73,7 +73,7 @@ private:
 
 /// The data editor: a paste of many rows, and keys in the longest list that there is.
 void MeasureEditor(Application& program) {
-    ProjectState& ps = program.state();
+    Workspace& ps = program.state();
     auto& editor = dynamic_cast<frmDatedit&>(*FindForm(ps.desktop, "frmDatedit"));
     host().messageBox = [](const MessageBox&) { return Answer::Yes; };
     ShowForm(ps.desktop, editor);

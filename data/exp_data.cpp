@@ -88,10 +88,6 @@ void FuCheckExpData(ProjectState& ps) {
     ps.HasCtTData = ctTRows - ps.nExcluded >= kFewestCtTRows && sumOfTimes != 0;
     ps.HasLambdaData = ps.SumLambda > 0 && ps.LambdaInf > 0;
     CollectTemperatures(ps);
-
-    if (Form* editor = FindForm(ps.desktop, "frmDatedit");
-        editor != nullptr && editor->loaded && editor->onModelChanged)
-        editor->onModelChanged(); // sets its column heads
 }
 
 void FuInitialValuesFromData(ProjectState& ps) {

@@ -11,8 +11,7 @@ void FuClearExpData(ProjectState& ps);
 
 /// Counts the kinds of measurement in the table and takes its extremes.
 /// Given:    ExpData(1..ExpPointCount), LambdaInf
-/// Returned: the statistics of ExpDataSet (docs/numerics.md, chapter 10); the open data editor is
-///           told that its column heads are due
+/// Returned: the statistics of ExpDataSet (docs/numerics.md, chapter 10)
 void FuCheckExpData(ProjectState& ps);
 
 /// Initial concentrations from the table.

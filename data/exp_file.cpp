@@ -91,12 +91,6 @@ void LoadExpDialog(ProjectState& ps, bool append, bool& ok, bool& cancelled) {
     ps.DataIsSession = UpperCase(name) == UpperCase(FileName(ps.LastSessionFile));
 }
 
-void TellUnitOfData(ProjectState& ps) {
-    const int unit = TimeUnitIndex(ps.TimeUnitText);
-    if (ps.TimeUnitIdx != unit && ps.TimeUnitText == kTimeUnits.at(static_cast<std::size_t>(unit)))
-        ChangeTimeUnit(ps, unit, unit);
-}
-
 void SaveExpDialog(ProjectState& ps, std::string& file, bool& cancelled) {
     cancelled = true;
     const std::optional<FileChoice> choice = host().chooseFile({

@@ -33,9 +33,6 @@ void LoadExpDialog(ProjectState& ps, bool append, bool& ok, bool& cancelled);
 /// Returned: file: the chosen name; cancelled: no name was chosen, or it could not be written
 void SaveExpDialog(ProjectState& ps, std::string& file, bool& cancelled);
 
-/// Tells the open dialogs the time unit that loaded data brought; nothing is converted.
-void TellUnitOfData(ProjectState& ps);
-
 /// The question on leaving with changed data; Yes saves.
 /// Returned: cancelled: the user chose Cancel here or in the choice of the file, or saving failed
 void AskSaveExpData(ProjectState& ps, std::string& file, bool& cancelled);

@@ -4,10 +4,12 @@
 #include "data/exp_file.h"
 #include "data/file_dialog.h"
 #include "data/formats/zc3.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <stdexcept>
@@ -16,40 +18,37 @@ namespace zorvant {
 namespace {
 
 constexpr std::string_view kLastSessionEnd = "ZORLASTSESSION.ZC3";
-constexpr int kEnzymeModel = 10;
 
-/// The open calculation window by its code, in the order in which it is looked for.
+/// The code of the open calculation in the file.
 struct WindowCode {
     int code;
-    const char* form;
+    CalcTask task;
 };
-constexpr std::array<WindowCode, 6> kWindowCodes = {{{1, "frmPrepareTimeDiagram"},
-                                                     {2, "frmBatch"},
-                                                     {3, "frmRohrreaktor"},
-                                                     {4, "frmRKconti"},
-                                                     {5, "frmKaskade"},
-                                                     {6, "frmZFitting"}}};
+constexpr std::array<WindowCode, 6> kWindowCodes = {{{1, CalcTask::TimeDiagram},
+                                                     {2, CalcTask::Batch},
+                                                     {3, CalcTask::Tubular},
+                                                     {4, CalcTask::Cstr},
+                                                     {5, CalcTask::Cascade},
+                                                     {6, CalcTask::Fitting}}};
 
 bool IsLastSession(const std::string& path) {
     return EndsWith(UpperCase(path), kLastSessionEnd);
 }
 
-int OpenWindowCode(const ProjectState& ps) {
-    for (const WindowCode& window : kWindowCodes)
-        if (IsFormLoaded(ps.desktop, window.form))
-            return window.code;
-    return 0;
+int CodeOf(CalcTask open) {
+    const auto found = std::ranges::find(kWindowCodes, open, &WindowCode::task);
+    return found == kWindowCodes.end() ? 0 : found->code;
 }
 
-Zc3File ProjectOf(const ProjectState& ps) {
+Zc3File ProjectOf(const ProjectState& ps, CalcTask open) {
     Zc3File file;
     file.date = host().dateAndTime();
     file.comment = ps.ProjectComment;
     file.dataFile = FileName(ps.DataFilePath);
-    file.model = ps.ModelId == kEnzymeModel && ps.RcSMode ? kEnzymeWithRcS : ps.ModelId;
+    file.model = IsEnzymeModel(ps.ModelId) && ps.RcSMode ? kEnzymeWithRcS : ps.ModelId;
     for (std::size_t i = 0; i < file.k.size(); ++i)
         file.k[i] = ps.k[i + 1];
-    file.window = OpenWindowCode(ps);
+    file.window = CodeOf(open);
     for (std::size_t i = 0; i < file.c0.size(); ++i)
         file.c0[i] = ps.c0[i + 1];
     file.scaleSpecies = ps.ScaleSpecies;
@@ -123,11 +122,11 @@ std::function<void(ProjectState&)>& commentQuestion() {
     return question;
 }
 
-bool FuSaveProjectFile(ProjectState& ps, const std::string& path) {
+bool FuSaveProjectFile(ProjectState& ps, const std::string& path, CalcTask open) {
     if (!IsLastSession(path))
         commentQuestion()(ps);
     try {
-        WriteFileAtomically(path, WriteZc3(ProjectOf(ps)));
+        WriteFileAtomically(path, WriteZc3(ProjectOf(ps, open)));
         return true;
     } catch (const FileError& error) {
         ShowMessage(error.what(),
@@ -173,7 +172,7 @@ void FuViewProjectFile(const std::string& path, std::string& date, std::string& 
     }
 }
 
-void FuSaveProjectDialog(ProjectState& ps) {
+void FuSaveProjectDialog(ProjectState& ps, CalcTask open) {
     const std::optional<FileChoice> choice = host().chooseFile({
         .save = true,
         .title = "Save the actual project as ...",
@@ -183,7 +182,7 @@ void FuSaveProjectDialog(ProjectState& ps) {
         .filters = {{"ZORVANT project file (*.ZC3)", "*.ZC3"}},
         .overwritePrompt = true,
     });
-    if (!choice || choice->path.empty() || !FuSaveProjectFile(ps, choice->path))
+    if (!choice || choice->path.empty() || !FuSaveProjectFile(ps, choice->path, open))
         return;
     ps.ProjectFile = choice->path;
     ps.ProjectTitle = FileName(choice->path);

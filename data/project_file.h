@@ -1,6 +1,7 @@
 // Loading and saving of projects and of the last session (.ZC3).
 #pragma once
 
+#include "engine/modes.h"
 #include "engine/project_state.h"
 
 #include <functional>
@@ -13,8 +14,9 @@ namespace zorvant {
 std::function<void(ProjectState&)>& commentQuestion();
 
 /// Writes the project; asks for its comment unless it is the last session.
+/// Given:    open: the calculation whose dialog is open, which the file notes
 /// Returned: whether the file was written; else a box told why and the old file stands
-bool FuSaveProjectFile(ProjectState& ps, const std::string& path);
+bool FuSaveProjectFile(ProjectState& ps, const std::string& path, CalcTask open = CalcTask::None);
 
 /// Reads a project into the state.
 /// Returned: dataFile: the name of its data file, empty without one or (told in a box) when it is
@@ -28,7 +30,7 @@ void FuViewProjectFile(const std::string& path, std::string& date, std::string& 
                        std::string& dataFile, bool& ok);
 
 /// The command "save project": asks for a name and saves. A cancel changes nothing.
-void FuSaveProjectDialog(ProjectState& ps);
+void FuSaveProjectDialog(ProjectState& ps, CalcTask open);
 
 /// Asks for a project and reads it.
 /// Returned: path: the chosen file; dataFile, ok as FuLoadProjectFile; cancelled

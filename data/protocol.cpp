@@ -23,19 +23,19 @@ constexpr std::array<const char*, kProtocolColumns> kHeads{
     " V*",      "v",        " ksi(1)",  " ksi(2)"};
 
 /// The line that names the reactor; nothing for a dialog that is none.
-const char* ReactorLine(CalcDialogId caller) {
+const char* ReactorLine(CalcTask caller) {
     switch (caller) {
-    case CalcDialogId::Cstr:
+    case CalcTask::Cstr:
         return "Calculation of a Continuous Stirred Tank Reactor (CSTR)";
-    case CalcDialogId::Batch:
+    case CalcTask::Batch:
         return "Calculation of a Batch Reactor";
-    case CalcDialogId::Tubular:
+    case CalcTask::Tubular:
         return "Calculation of a Tubular Flow Reactor (TFR)";
-    case CalcDialogId::Cascade:
+    case CalcTask::Cascade:
         return "Calculation of a Stirred Tank-in-series Reactor";
-    case CalcDialogId::None:
-    case CalcDialogId::TimeDiagram:
-    case CalcDialogId::Fitting:
+    case CalcTask::None:
+    case CalcTask::TimeDiagram:
+    case CalcTask::Fitting:
         break;
     }
     return nullptr;
@@ -94,7 +94,7 @@ void RecordProtocolRows(ProjectState& ps, bool series) {
     ps.ProtokollRows = static_cast<int>(ps.ProtokollTabelle.size());
 }
 
-std::string ProtocolText(const ProjectState& ps, CalcDialogId caller, std::string_view date) {
+std::string ProtocolText(const ProjectState& ps, CalcTask caller, std::string_view date) {
     const std::string& unit = ps.TimeUnitText;
     std::string text = "ZORVANT: Kinetics of chemical reactions";
     text.append(kCrLf).append("Record from ").append(date).append(kCrLf);
@@ -103,7 +103,7 @@ std::string ProtocolText(const ProjectState& ps, CalcDialogId caller, std::strin
     text += "kinetic model: " + ModelNameText(ps, ps.ModelId) + kCrLf;
     text += "units: [c(i)] = mol/L   [k_1stO] = 1/" + unit + "    [k_2ndO] = L/(mol " + unit +
             ")   [U(A)] = 1    [t] = " + unit;
-    if (caller == CalcDialogId::Cascade)
+    if (caller == CalcTask::Cascade)
         text += "  (time in each tank)";
     text += kCrLf;
     text += "         [l] = m     [V] = m^3     [v] = m/" + unit + "    [V*} = m^3/" + unit +
@@ -163,7 +163,7 @@ std::string NextProtocolName(const ProjectState& ps) {
     });
 }
 
-std::string CloseProtocol(ProjectState& ps, CalcDialogId caller, std::string_view date) {
+std::string CloseProtocol(ProjectState& ps, CalcTask caller, std::string_view date) {
     const std::string path = ProtocolPath(ps);
     if (ps.ProtocolOpen)
         WriteFileAtomically(path, EncodeText(ProtocolText(ps, caller, date)));

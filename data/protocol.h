@@ -1,7 +1,7 @@
 // The log of reactor results: the rows collected, the text of the file, its automatic name.
 #pragma once
 
-#include "engine/calc_dialog.h"
+#include "engine/modes.h"
 #include "engine/project_state.h"
 #include "platform/host.h"
 
@@ -55,7 +55,7 @@ void RecordProtocolRows(ProjectState& ps, bool series);
 ///           date    for people
 /// Returned: heads and rows with CR LF. A column is in use when the species mask has its species
 ///           (1..10), else when the sum of its rows is not 0.
-std::string ProtocolText(const ProjectState& ps, CalcDialogId caller, std::string_view date);
+std::string ProtocolText(const ProjectState& ps, CalcTask caller, std::string_view date);
 
 /// The text of the file as the clipboard takes it: tabs between the fields.
 std::string ProtocolClipboardText(std::string fileText, std::string_view separator);
@@ -81,7 +81,7 @@ std::string NextProtocolName(const ProjectState& ps);
 /// Writes the rows that wait, and begins a new log under the next free name.
 /// Returned: the content of the file for the clipboard; empty when there is none
 /// Errors:   FileError; then the rows still wait
-std::string CloseProtocol(ProjectState& ps, CalcDialogId caller, std::string_view date);
+std::string CloseProtocol(ProjectState& ps, CalcTask caller, std::string_view date);
 
 /// Deletes the protocol file when it exists and is empty.
 void DeleteEmptyProtocol(const ProjectState& ps);

@@ -116,7 +116,6 @@ bool TakeData(ProjectState& ps, const std::string& path) {
     ps.DataFileTitle = FileName(dataFile);
     ps.DataIsSession = false;
     ps.ExpDataChanged = true;
-    TellUnitOfData(ps);
     FuCheckExpData(ps);
     return true;
 }

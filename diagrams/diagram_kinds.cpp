@@ -22,54 +22,54 @@ constexpr const char* kSaturationRate = "r(P) / r(P)(max)";
 
 // clang-format off
 constexpr DiagramKindRow kKinds[] = {
-    {.kind = -15, .curves = 1, .header = "Evaluation enzyme kinetics, Michaelis-Menten model",
+    {.kind = kKindMichaelisMenten, .curves = 1, .header = "Evaluation enzyme kinetics, Michaelis-Menten model",
      .xTitle = "c(S) / (mol/L)", .yTitle = kRateP,
      .x = &KoordMemory::RngC, .y = &KoordMemory::RngR},
-    {.kind = -14, .curves = 1, .header = "EADIE evaluation",
+    {.kind = kKindEadie, .curves = 1, .header = "EADIE evaluation",
      .xTitle = "r(P)/c(S) / {U}^-1", .yTitle = kRateP,
      .x = &KoordMemory::RngRC, .y = &KoordMemory::RngR},
-    {.kind = -13, .curves = 1, .header = "HANES/WOOLF evaluation",
+    {.kind = kKindHanesWoolf, .curves = 1, .header = "HANES/WOOLF evaluation",
      .xTitle = "c(S) / (mol/L)", .yTitle = "c(S)/r(P) / {U}",
      .x = &KoordMemory::RngC, .y = &KoordMemory::RngCR},
-    {.kind = -12, .curves = 1, .header = "LINEWEAVER/BURK evaluation",
+    {.kind = kKindLineweaverBurk, .curves = 1, .header = "LINEWEAVER/BURK evaluation",
      .xTitle = "1/c(S) / (L/mol)", .yTitle = "1/r(P) / (L {U}/mol)",
      .x = &KoordMemory::RngInvC, .y = &KoordMemory::RngInvR},
-    {.kind = -11, .curves = 1,
+    {.kind = kKindLambdaSecondOrder, .curves = 1,
      .header = "lambda evaluation 2nd order A + B => P (c(A)0<>c(B)0)",
      .xTitle = kTime, .yTitle = "lambda_inf / (lambda_inf-lambda)",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngLam2},
-    {.kind = -10, .curves = 1, .header = "lambda evaluation 1st order A => P",
+    {.kind = kKindLambdaFirstOrder, .curves = 1, .header = "lambda evaluation 1st order A => P",
      .xTitle = kTime, .yTitle = "ln (lambda_inf-lambda)",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngLam1},
-    {.kind = -9, .curves = 1, .header = "exper. points c(i) vs. time, fitting of k",
+    {.kind = kKindFitPoints, .curves = 1, .header = "exper. points c(i) vs. time, fitting of k",
      .xTitle = kTime, .yTitle = kConcentration,
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngC, .pointLegend = true},
-    {.kind = -8, .curves = 1,
+    {.kind = kKindMixedSecondOrder, .curves = 1,
      .header = "evaluation of exp. data according to 2nd order reaction A + B => P "
                "(c(A,0) <> c(B,0)) ",
      .xTitle = kTime, .yTitle = "ln(c(A)/c(B))",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngLnAB},
-    {.kind = -7, .curves = 1, .header = "evaluation of exp. data according to Wilkinson",
+    {.kind = kKindWilkinson, .curves = 1, .header = "evaluation of exp. data according to Wilkinson",
      .xTitle = kTime, .yTitle = "t/[(c(A,0) - c(A))/c(A,0)]",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngWilk},
-    {.kind = -6, .curves = 1,
+    {.kind = kKindSecondOrder, .curves = 1,
      .header = "evaluation of exp. data according to 2nd-order: 2A => P ",
      .xTitle = kTime, .yTitle = "1/(c(A)/ (mol/L))",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngInvC},
-    {.kind = -5, .curves = 1,
+    {.kind = kKindFirstOrder, .curves = 1,
      .header = "evaluation of exp. data according to 1st-order: A => P",
      .xTitle = kTime, .yTitle = "ln(c(A)/ (mol/L))",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngLnC},
-    {.kind = -4, .curves = 1, .header = "ln(k/T) vs. 1/T, EYRING",
+    {.kind = kKindEyring, .curves = 1, .header = "ln(k/T) vs. 1/T, EYRING",
      .xTitle = "1/ (T/K) ", .yTitle = "ln(k/T) ",
      .x = &KoordMemory::RngInvT, .y = &KoordMemory::RngLnKT},
-    {.kind = -3, .curves = 1, .header = "ln(k) vs. 1/T, ARRHENIUS",
+    {.kind = kKindArrhenius, .curves = 1, .header = "ln(k) vs. 1/T, ARRHENIUS",
      .xTitle = "1/ (T/K) ", .yTitle = "ln(k) ",
      .x = &KoordMemory::RngInvT, .y = &KoordMemory::RngLnK},
-    {.kind = -2, .curves = 1, .header = "measured rate constants k vs. temperature",
+    {.kind = kKindKOfT, .curves = 1, .header = "measured rate constants k vs. temperature",
      .xTitle = "T/ K ", .yTitle = "k ",
      .x = &KoordMemory::RngTemp, .y = &KoordMemory::RngK},
-    {.kind = -1, .curves = 1, .header = "measured concentrations vs. time",
+    {.kind = kKindPoints, .curves = 1, .header = "measured concentrations vs. time",
      .xTitle = kTime, .yTitle = kConcentration,
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngC, .pointLegend = true},
     {.kind = 1, .curves = 2,
@@ -331,14 +331,14 @@ constexpr DiagramKindRow kKinds[] = {
      .header = "reaction rates r(i) = (dc(i)/dt), nth-order reaction A => P",
      .xTitle = kTime, .yTitle = "r(A), r(P) / (mol/L/{U})",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngR},
-    {.kind = 100, .curves = 1, .header = "concentration c({c}) vs. time",
+    {.kind = kKindSingleSpecies, .curves = 1, .header = "concentration c({c}) vs. time",
      .xTitle = kTime, .yTitle = "c({c})/ (mol/L)",
      .x = &KoordMemory::RngT, .y = &KoordMemory::RngC},
-    {.kind = 110, .curves = 1, .header = "c(Tracer) at reactor outlet",
+    {.kind = kKindTracer, .curves = 1, .header = "c(Tracer) at reactor outlet",
      .xTitle = "time (rel.) (100 = total time of the experiment)",
      .yTitle = "rel. time t (100 = duration of the experiment)",
      .fixed = {0, 100, 0, 1}, .sideWindow = true},
-    {.kind = 112, .curves = 1, .header = "Residence-Time Distribution E = f(t)",
+    {.kind = kKindResidenceFirst, .curves = 1, .header = "Residence-Time Distribution E = f(t)",
      .xTitle = "time of the experiment t/{U}", .yTitle = "E / {U}^-1",
      .fixed = {0, 40, -0.005F, 0.11F}, .sideWindow = true},
     {.kind = 113, .curves = 1,
@@ -348,10 +348,10 @@ constexpr DiagramKindRow kKinds[] = {
     {.kind = 114, .curves = 1, .header = "cumulat. residence time distribution F = f(t)",
      .xTitle = "time t/{U}", .yTitle = "F",
      .fixed = {0, 40, -0.01F, 1.05F}, .sideWindow = true},
-    {.kind = 115, .curves = 1, .header = "cumulat. residence time distribution F = f(t/tm)",
+    {.kind = kKindResidenceLast, .curves = 1, .header = "cumulat. residence time distribution F = f(t/tm)",
      .xTitle = "time ratio t/tm", .yTitle = "F",
      .fixed = {0, 4, -0.01F, 1.05F}, .sideWindow = true},
-    {.kind = 500, .curves = 1,
+    {.kind = kKindBloodAlcohol, .curves = 1,
      .header = "blood alcohol concentr. BAC = f(t) in the human body",
      .xTitle = "Time t / min", .yTitle = "BAC / (g/kg) = \"per mill\"", .sideWindow = true},
 };
@@ -367,11 +367,11 @@ struct KindVariant {
 };
 
 constexpr bool (*kFitsOrder)(const ProjectState&) =
-    [](const ProjectState& ps) { return ps.FitMode == 2; };
+    [](const ProjectState& ps) { return ps.FitMode == kFitOrder; };
 constexpr bool (*kFitsFirstOrder)(const ProjectState&) =
-    [](const ProjectState& ps) { return ps.FitMode == 6; };
+    [](const ProjectState& ps) { return ps.FitMode == kFitFirstOrderT; };
 constexpr bool (*kFitsSecondOrder)(const ProjectState&) =
-    [](const ProjectState& ps) { return ps.FitMode == 7; };
+    [](const ProjectState& ps) { return ps.FitMode == kFitSecondOrderT; };
 constexpr bool (*kLambdaZeroKnown)(const ProjectState&) =
     [](const ProjectState& ps) { return ps.LambdaZero != 0; };
 constexpr bool (*kNormalized)(const ProjectState&) =
@@ -386,25 +386,25 @@ constexpr const char* kSaturationRateHeader =
     "enzyme reaction Michaelis-Menten; Michaelis constant KM/(mol/L) ={KM}";
 
 constexpr KindVariant kVariants[] = {
-    {-11, [](const ProjectState& ps) { return ps.ModelId == 3; },
+    {kKindLambdaSecondOrder, [](const ProjectState& ps) { return IsSecondOrderInA(ps.ModelId); },
      "lambda evaluation 2nd order 2A => P", nullptr, nullptr},
-    {-11, kLambdaZeroKnown, nullptr, nullptr,
+    {kKindLambdaSecondOrder, kLambdaZeroKnown, nullptr, nullptr,
      "[(lambda_inf-lambda_0)/(lambda_inf-lambda)]/c(A)0"},
-    {-10, kLambdaZeroKnown, nullptr, nullptr, "ln [(lambda_inf-lambda)/(lambda_inf-lambda_0)]"},
-    {-9, kFitsOrder, "exper. points concentr. vs. time, fitting order of reaction", nullptr, nullptr},
-    {-9, kFitsFirstOrder, "exper. points concentr. vs. time, 1st-order, non-isothermal", nullptr,
+    {kKindLambdaFirstOrder, kLambdaZeroKnown, nullptr, nullptr, "ln [(lambda_inf-lambda)/(lambda_inf-lambda_0)]"},
+    {kKindFitPoints, kFitsOrder, "exper. points concentr. vs. time, fitting order of reaction", nullptr, nullptr},
+    {kKindFitPoints, kFitsFirstOrder, "exper. points concentr. vs. time, 1st-order, non-isothermal", nullptr,
      "c(A)/c(A,0)"},
-    {-9, kFitsSecondOrder, "exper. points concentration vs. time, 2nd-order, non-isothermal", nullptr,
+    {kKindFitPoints, kFitsSecondOrder, "exper. points concentration vs. time, 2nd-order, non-isothermal", nullptr,
      "c(A)/ (mol/L)"},
-    {-6, [](const ProjectState& ps) { return ps.TwoSpeciesEqual; },
+    {kKindSecondOrder, [](const ProjectState& ps) { return ps.TwoSpeciesEqual; },
      "evaluation of exp. data according to 2nd-order reaction A + B => P (c(A,0) = c(B,0)) ",
      nullptr, nullptr},
     {2, kFitsFirstOrder, nullptr, nullptr, "c(A)/c(A,0)"},
     {3, kFitsSecondOrder, nullptr, nullptr, "c(A)/ (mol/L)"},
     {10, kNormalized, kSaturationHeader, kSaturationNormalized, kSaturationRate, 1},
     {10, kNotNormalized, kSaturationHeader, kSaturation, kSaturationRate, 1},
-    {60, kNormalized, kSaturationRateHeader, kSaturationNormalized, kSaturationRate, 1},
-    {60, kNotNormalized, kSaturationRateHeader, kSaturation, kSaturationRate, 1},
+    {10 + kRateKinds, kNormalized, kSaturationRateHeader, kSaturationNormalized, kSaturationRate, 1},
+    {10 + kRateKinds, kNotNormalized, kSaturationRateHeader, kSaturation, kSaturationRate, 1},
 };
 // clang-format on
 
@@ -489,7 +489,7 @@ int ModelOfKind(int kind) {
 }
 
 bool IsMichaelisMentenCurve(const ProjectState& ps) {
-    return ps.MMDiagram && ps.ModelId == 10;
+    return ps.MMDiagram && IsEnzymeModel(ps.ModelId);
 }
 
 std::string PointSetName(const ProjectState& ps, int slot) {

@@ -1,6 +1,7 @@
 // What each kind of diagram is called, shows and reads its ranges from, as one table.
 #pragma once
 
+#include "engine/modes.h"
 #include "engine/project_state.h"
 
 #include <span>
@@ -8,30 +9,6 @@
 #include <string_view>
 
 namespace zorvant {
-
-// Kinds that are asked for by name.
-inline constexpr int kKindMichaelisMenten = -15;
-inline constexpr int kKindEadie = -14;
-inline constexpr int kKindHanesWoolf = -13;
-inline constexpr int kKindLineweaverBurk = -12;
-inline constexpr int kKindLambdaSecondOrder = -11;
-inline constexpr int kKindLambdaFirstOrder = -10;
-inline constexpr int kKindFitPoints = -9;
-inline constexpr int kKindMixedSecondOrder = -8;
-inline constexpr int kKindWilkinson = -7;
-inline constexpr int kKindSecondOrder = -6;
-inline constexpr int kKindFirstOrder = -5;
-inline constexpr int kKindEyring = -4;
-inline constexpr int kKindArrhenius = -3;
-inline constexpr int kKindKOfT = -2;
-inline constexpr int kKindPoints = -1;
-/// Rates of model m are kind m + 50.
-inline constexpr int kRateKinds = 50;
-inline constexpr int kKindSingleSpecies = 100;
-inline constexpr int kKindTracer = 110;
-inline constexpr int kKindResidenceFirst = 112;
-inline constexpr int kKindResidenceLast = 115;
-inline constexpr int kKindBloodAlcohol = 500;
 
 /// Texts of the kinds 1..20 outside the batch reactor.
 struct ReactorTexts {

@@ -17,11 +17,12 @@
 // - After laying out, write the rectangles into `layout`.
 #pragma once
 
-#include "platform/controls.h"
+#include "platform/colour.h"
 #include "platform/host.h"
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -278,7 +279,7 @@ struct PlotSurface : PlotContents {
     std::array<int, 3> groupBatchDepth{}; ///< by group
     bool changed = false;                 ///< since the batch began
     std::uint64_t revision = 0;           ///< repaints due so far
-    Handler onRepaint; ///< the view's; also after a change of `rubber` or `cursor`
+    std::function<void()> onRepaint; ///< the view's; also after a change of `rubber` or `cursor`
 };
 
 // --- batches

@@ -1,6 +1,7 @@
 #include "diagrams/straight_lines.h"
 
 #include "engine/arithmetic.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/number_text.h"
 
 #include <cmath>
@@ -160,7 +161,8 @@ LineResult SecondOrderText(const ProjectState& ps, const FittedLine& line, doubl
 }
 LineResult LambdaSecondOrder(const ProjectState& ps, const FittedLine& line) {
     const double k = ps.LambdaZero == 0 ? Divide(line.b, StartA(ps) * line.a) : line.b;
-    return SecondOrderText(ps, line, ps.ModelId == 3 ? k / 2 : k, "Result:   k = ", ",  ");
+    return SecondOrderText(ps, line, IsSecondOrderInA(ps.ModelId) ? k / 2 : k,
+                           "Result:   k = ", ",  ");
 }
 LineResult MixedSecondOrder(const ProjectState& ps, const FittedLine& line) {
     return SecondOrderText(ps, line, Divide(line.b, line.cA0 - line.cB0), "Result:  k = ", "");
@@ -216,24 +218,25 @@ LineResult Arrhenius(const ProjectState&, const FittedLine& line) {
     return result;
 }
 
-// clang-format off
 constexpr EvaluationKind kEvaluations[] = {
     // kind, set, drawn, fitted, x, y, full width of x and y, result
-    {-15, 6, HasSubstrate,        nullptr,             Substrate,   Time,          true,  false, nullptr},
-    {-14, 6, HasRateAndSubstrate, HasRateAndSubstrate, RateByC,     Time,          false, false, Eadie},
-    {-13, 6, HasRateAndSubstrate, HasRateAndSubstrate, Substrate,   CByRate,       true,  false, HanesWoolf},
-    {-12, 6, HasRateAndSubstrate, HasRateAndSubstrate, InverseC,    InverseRate,   false, false, LineweaverBurk},
-    {-11, 1, HasLambda,           HasLambda,           Time,        InverseLambda, false, false, LambdaSecondOrder},
-    {-10, 1, HasLambda,           HasLambda,           Time,        LnLambda,      false, false, FirstOrder},
-    {-8,  1, DrawsAAndB,          HasAAndB,            Time,        LnAByB,        false, false, MixedSecondOrder},
-    {-7,  1, DrawsTime,           HasTime,             Time,        Wilkinson,     false, false, WilkinsonOrder},
-    {-6,  1, DrawsA,              HasA,                Time,        InverseA,      false, false, SecondOrder},
-    {-5,  1, DrawsA,              HasA,                Time,        LnA,           false, false, FirstOrder},
-    {-4,  6, HasTAndK,            HasT,                InverseT,    LnKByT,        false, false, Eyring},
-    {-3,  6, HasTAndK,            HasT,                InverseT,    LnK,           false, false, Arrhenius},
-    {-2,  6, HasT,                nullptr,             Temperature, RateConstant,  true,  true,  nullptr},
+    {kKindMichaelisMenten, 6, HasSubstrate, nullptr, Substrate, Time, true, false, nullptr},
+    {kKindEadie, 6, HasRateAndSubstrate, HasRateAndSubstrate, RateByC, Time, false, false, Eadie},
+    {kKindHanesWoolf, 6, HasRateAndSubstrate, HasRateAndSubstrate, Substrate, CByRate, true, false,
+     HanesWoolf},
+    {kKindLineweaverBurk, 6, HasRateAndSubstrate, HasRateAndSubstrate, InverseC, InverseRate, false,
+     false, LineweaverBurk},
+    {kKindLambdaSecondOrder, 1, HasLambda, HasLambda, Time, InverseLambda, false, false,
+     LambdaSecondOrder},
+    {kKindLambdaFirstOrder, 1, HasLambda, HasLambda, Time, LnLambda, false, false, FirstOrder},
+    {kKindMixedSecondOrder, 1, DrawsAAndB, HasAAndB, Time, LnAByB, false, false, MixedSecondOrder},
+    {kKindWilkinson, 1, DrawsTime, HasTime, Time, Wilkinson, false, false, WilkinsonOrder},
+    {kKindSecondOrder, 1, DrawsA, HasA, Time, InverseA, false, false, SecondOrder},
+    {kKindFirstOrder, 1, DrawsA, HasA, Time, LnA, false, false, FirstOrder},
+    {kKindEyring, 6, HasTAndK, HasT, InverseT, LnKByT, false, false, Eyring},
+    {kKindArrhenius, 6, HasTAndK, HasT, InverseT, LnK, false, false, Arrhenius},
+    {kKindKOfT, 6, HasT, nullptr, Temperature, RateConstant, true, true, nullptr},
 };
-// clang-format on
 
 } // namespace
 

@@ -8,7 +8,7 @@
 #include "engine/diagram_state.h"
 #include "engine/experimental_data.h"
 #include "engine/simulation_state.h"
-#include "platform/controls.h"
+#include "platform/colour.h"
 
 #include <array>
 #include <cstdint>
@@ -141,9 +141,6 @@ struct ProjectState : ExpDataSet,
     bool DecimalComma = false;
     bool Busy = false;
     int WaitDepth = 0;
-
-    /// The dialogs that exist and which of them are open.
-    Desktop desktop;
 };
 
 /// The course of species slot 1..5.

@@ -1,5 +1,7 @@
 #include "engine/reaction_catalogue.h"
 
+#include "engine/modes.h"
+
 #include "platform/number_text.h"
 
 #include <algorithm>
@@ -159,9 +161,6 @@ constexpr std::array<FitMasks, 3> kFitMasks{{
     {7, 3, "10000", "110"},
 }};
 
-/// Kinds of rate diagrams count from here.
-constexpr int kRateKinds = 50;
-constexpr int kFitOrder = 2;
 
 } // namespace
 
@@ -176,14 +175,14 @@ int ModelOfOption(int option) {
 }
 
 std::string ModelNameText(const ProjectState& ps, int id) {
-    if (id == 20 && ps.FitMode == kFitOrder)
+    if (HasOrder(id) && ps.FitMode == kFitOrder)
         return "A => P, variable order of rct.";
     return Model(id).name;
 }
 
 std::string ModelCaption(const ProjectState& ps) {
     std::string caption = "kinetic model: " + ModelNameText(ps, ps.ModelId);
-    if (ps.ModelId == 20)
+    if (HasOrder(ps.ModelId))
         caption += " (n = " + FormatNumber(ps.OrderN, "0.00") + ")";
     return caption;
 }
@@ -194,7 +193,7 @@ void FillStoich(ProjectState& ps) {
         if (entry.reaction != 0)
             ps.Stoich[static_cast<std::size_t>(entry.reaction)]
                      [static_cast<std::size_t>(entry.slot)] = entry.coefficient;
-    if (ps.ModelId == 20)
+    if (HasOrder(ps.ModelId))
         ps.Stoich[1][kA] = -ps.OrderN;
 }
 
@@ -203,7 +202,7 @@ const char* SpeciesName(int modelId, int slot) {
     static constexpr std::array<const char*, kSpecies> kEnzyme{"E", "S", "ES", "P", "Q"};
     if (slot < 1 || slot > kSpecies)
         throw std::out_of_range("species slot " + std::to_string(slot));
-    return (modelId == 10 ? kEnzyme : kPlain)[static_cast<std::size_t>(slot - 1)];
+    return (IsEnzymeModel(modelId) ? kEnzyme : kPlain)[static_cast<std::size_t>(slot - 1)];
 }
 
 void FuMaskenSetzen(ProjectState& ps, int kind) {
@@ -233,6 +232,30 @@ void FuMaskenSetzen(ProjectState& ps, int kind) {
         if (row.species != nullptr)
             ps.SpeciesMask = row.species;
     }
+}
+
+bool IsEnzymeModel(int modelId) {
+    return modelId == kEnzymeModel;
+}
+
+bool IsAutocatalytic(int modelId) {
+    return modelId == 5 || modelId == 16;
+}
+
+bool HasOrder(int modelId) {
+    return modelId == 20;
+}
+
+bool BeginsFromEitherSide(int modelId) {
+    return modelId == 19;
+}
+
+bool IsSecondOrderInA(int modelId) {
+    return modelId == 3;
+}
+
+bool IsMixedSecondOrder(int modelId) {
+    return modelId == 4;
 }
 
 } // namespace zorvant

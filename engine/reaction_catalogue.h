@@ -74,4 +74,19 @@ const char* SpeciesName(int modelId, int slot);
 /// Sets SpeciesMask, RateMask, DiagramOfRc and DiagramOfTk for a kind of diagram or a model.
 void FuMaskenSetzen(ProjectState& ps, int kind);
 
+/// Properties of the models that calculations and dialogs ask for.
+inline constexpr int kEnzymeModel = 10;
+/// E + S <=> ES => P + E; its species have other names, its data may be r(P) against c(S).
+bool IsEnzymeModel(int modelId);
+/// 5 and 16: nothing reacts without a trace of P.
+bool IsAutocatalytic(int modelId);
+/// 20: A => P of order n.
+bool HasOrder(int modelId);
+/// 19: A + B <=> P + Q may begin from either side.
+bool BeginsFromEitherSide(int modelId);
+/// 3: 2 A => P, whose rate constant counts two of A.
+bool IsSecondOrderInA(int modelId);
+/// 4: A + B => P
+bool IsMixedSecondOrder(int modelId);
+
 } // namespace zorvant

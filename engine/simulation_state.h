@@ -2,7 +2,7 @@
 // reactor results keep in the project state between two openings. None of it goes into a file.
 #pragma once
 
-#include "platform/controls.h"
+#include "platform/colour.h"
 
 #include <array>
 #include <string>

@@ -1,6 +1,6 @@
 #include "engine/time_units.h"
 
-#include "engine/calc_dialog.h"
+#include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/number_text.h"
 
@@ -14,14 +14,6 @@ constexpr int kLastUnit = static_cast<int>(kTimeUnits.size()) - 1;
 constexpr double kDefaultReactionTime = 60;
 constexpr double kDefaultRateAxis = 60;
 constexpr double kDefaultConcAxis = 100;
-/// FitMode of the search for order and constant, during which k2 holds the order.
-constexpr int kFitOrder = 2;
-
-/// The dialogs that show times or flows of their own, in the order in which they hear of a change.
-constexpr std::array<const char*, 6> kUnitListeners{
-    "frmRohrreaktor",        "frmRKconti",  "frmKaskade", "frmBatch",
-    "frmPrepareTimeDiagram", "frmZorModel",
-};
 
 std::size_t Index(int unit) {
     return static_cast<std::size_t>(std::clamp(unit, 0, kLastUnit));
@@ -34,28 +26,7 @@ double SecondInUnit(const ProjectState& ps) {
 
 /// The time column holds rates r(P) while the enzyme model evaluates r(P)-c(S) data.
 bool TimeColumnIsRate(const ProjectState& ps) {
-    return ps.RcSMode && ps.ModelId == 10;
-}
-
-void Tell(const ProjectState& ps, const char* formName) {
-    const Form* form = FindForm(ps.desktop, formName);
-    if (form != nullptr && form->loaded && form->onTimeUnitChanged)
-        form->onTimeUnitChanged();
-}
-
-void ShowConstants(const ProjectState& ps, CalcDialog& dialog) {
-    for (int i = 1; i <= 3; ++i)
-        dialog.Inp(9 + i).text = GeneralText(ps.k[static_cast<std::size_t>(i)]);
-}
-
-void ShowParameters(const CalcDialog& dialog) {
-    if (dialog.onShowParameters)
-        dialog.onShowParameters();
-}
-
-void WriteCaption(Form& form, const char* control, const std::string& text) {
-    if (Control* found = form.Find(control))
-        found->text = text;
+    return ps.RcSMode && IsEnzymeModel(ps.ModelId);
 }
 
 } // namespace
@@ -76,31 +47,25 @@ double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx
     return TimeColumnIsRate(ps) ? value / factor : value * factor;
 }
 
-void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
+double ConvertTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
     const std::size_t to = Index(newIdx), from = Index(oldIdx);
     const double factor = ps.TimeFactor[from][to];
     ps.TimeUnitText = kTimeUnits[to];
     ps.TimeUnitIdx = static_cast<int>(to);
     ps.TimeUnitOldIdx = static_cast<int>(from);
-    if (to != from) {
-        for (int i = 1; i <= ps.ExpPointCount; ++i) {
-            double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
-            t = TimeColumnIn(ps, t, newIdx, oldIdx);
-        }
-        ps.tMax *= factor;
-        ps.tVerweil *= factor;
-        ps.k[1] /= factor;
-        if (!(ps.FitMode == kFitOrder && ps.ModelId == 20))
-            ps.k[2] /= factor;
-        ps.k[3] /= factor;
-        if (IsFormLoaded(ps.desktop, "frmRohrreaktor"))
-            ps.vRohr /= factor;
-        if (IsFormLoaded(ps.desktop, "frmRKconti") || IsFormLoaded(ps.desktop, "frmKaskade"))
-            ps.VPunkt /= factor;
+    if (to == from)
+        return 1;
+    for (int i = 1; i <= ps.ExpPointCount; ++i) {
+        double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
+        t = TimeColumnIn(ps, t, newIdx, oldIdx);
     }
-    UpdateUnitLabels(ps);
-    for (const char* listener : kUnitListeners)
-        Tell(ps, listener);
+    ps.tMax *= factor;
+    ps.tVerweil *= factor;
+    ps.k[1] /= factor;
+    if (!(ps.FitMode == kFitOrder && HasOrder(ps.ModelId)))
+        ps.k[2] /= factor;
+    ps.k[3] /= factor;
+    return factor;
 }
 
 std::string ConstantUnitText(const ProjectState& ps, int constant) {
@@ -118,52 +83,29 @@ std::string ConstantUnitText(const ProjectState& ps, int constant) {
     return {};
 }
 
-void UpdateUnitLabels(ProjectState& ps) {
-    const std::string unit = Trim(ps.TimeUnitText);
-    if (CalcDialog* dialog = WhichCalcDialog(ps)) {
-        if (dialog->id == CalcDialogId::TimeDiagram) {
-            ShowParameters(*dialog);
-            WriteCaption(*dialog, "unit4", unit);
-        } else {
-            ShowConstants(ps, *dialog);
-        }
-        dialog->lblZeitEinheit.text = unit;
-        WriteCaption(*dialog, "lblVPunktInput", "V* /(m^3/" + unit + ")");
-        dialog->unit1.text = ConstantUnitText(ps, 1);
-        dialog->unit2.text = ConstantUnitText(ps, 2);
-        dialog->unit3.text = ConstantUnitText(ps, 3);
-    }
-    Tell(ps, "frmDatedit");
-}
-
 void SetDefaultK(ProjectState& ps) {
     const double second = SecondInUnit(ps);
     const ReactionModel& model = Model(ps.ModelId);
     for (std::size_t i = 1; i <= 3; ++i)
         if (model.resetK[i] != 0)
             ps.k[i] = model.resetK[i] / second;
-    if (ps.ModelId == 10) { // more substrate than enzyme
+    if (IsEnzymeModel(ps.ModelId)) { // more substrate than enzyme
         if (ps.c0[1] == 0)
             ps.c0[1] = 0.5;
         if (ps.c0[2] == 0)
             ps.c0[2] = 5.0;
     }
+}
 
-    CalcDialog* dialog = WhichCalcDialog(ps);
-    if (dialog == nullptr)
-        return;
-    ShowConstants(ps, *dialog);
-    if (dialog->id == CalcDialogId::TimeDiagram) {
-        ps.tMax = kDefaultConcAxis * second;
-        ShowParameters(*dialog);
-    }
+double DefaultTimeAxis(const ProjectState& ps) {
+    return kDefaultConcAxis * SecondInUnit(ps);
 }
 
 void SelectionDefaultTimes(ProjectState& ps) {
     const double second = SecondInUnit(ps);
     if (ps.tVerweil == 0)
         ps.tVerweil = kDefaultReactionTime * second;
-    if (ps.FitMode == 0 && ps.tMax == 0)
+    if (ps.FitMode == kNoFit && ps.tMax == 0)
         ps.tMax = (ps.RateDiagram ? kDefaultRateAxis : kDefaultConcAxis) * second;
 }
 

@@ -21,21 +21,17 @@ void FillTimeFactor(ProjectState& ps);
 /// A value of the data's time column in another unit (indices 0..4): a time t * F, a rate r(P) / F.
 double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx);
 
-/// Converts every time and constant of the state and the data, tells the open dialogs.
+/// Converts every time and constant of the state and the data.
 /// Given:    units 0..4; what lies outside counts as the nearest
-/// Returned: TimeUnitText, TimeUnitIdx and TimeUnitOldIdx; times t * F, constants k / F with
-///           F = TimeFactor[oldIdx][newIdx]; r(P) in the time column of enzyme data is divided by F
-///           as every rate is, and k2 is left alone where it holds the order n. The velocity of an
-///           open tubular reactor and the flow of an open tank are converted here too: the
-///           dialogs' onTimeUnitChanged only shows them.
-void ChangeTimeUnit(ProjectState& ps, int newIdx, int oldIdx);
-/// Rewrites constants and unit captions of the open dialogs: the fields and captions of the open
-/// calculation dialog, "unit4" of the time diagram (its fields through onShowParameters),
-/// "lblVPunktInput" where there is one, and onTimeUnitChanged of the data editor.
-void UpdateUnitLabels(ProjectState& ps);
-/// Constants of the selected model back to their defaults, shown in the open calculation dialog;
-/// the time diagram's tMax becomes 100 s.
+/// Returned: F = TimeFactor[oldIdx][newIdx], by which times that others keep grow and rates shrink, 1
+///           between equal units; TimeUnitText, TimeUnitIdx and TimeUnitOldIdx; times t * F, constants
+///           k / F; r(P) in the time column of enzyme data is divided by F as every rate is, and k2 is
+///           left alone where it holds the order n
+double ConvertTimeUnit(ProjectState& ps, int newIdx, int oldIdx);
+/// Constants of the selected model back to their defaults.
 void SetDefaultK(ProjectState& ps);
+/// The end of the time axis when none is given, TU.
+double DefaultTimeAxis(const ProjectState& ps);
 
 /// The caption behind constant 1..3 of the selected model, "/(1/s)" and so on.
 std::string ConstantUnitText(const ProjectState& ps, int constant);

@@ -112,7 +112,7 @@ CommandCheck CheckAnyData(const ProjectState& ps) {
 CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
     constexpr int kFirst = 1, kSecond = 2, kTwoSpecies = 3, kWilkinson = 4;
     CommandCheck check = Passing(ps.ModelId, 0);
-    ps.FitMode = 0;
+    ps.FitMode = kNoFit;
     const int least = index == kWilkinson ? kPointsOfWilkinson : kPointsOfLine;
     if (ps.nCtPoints - ps.nExcluded < least) {
         std::string text = "There must be at least ";
@@ -138,26 +138,26 @@ CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
     switch (index) {
     case kFirst:
         check.ModelId = 2;
-        check.DiagramKind = kFirstOrderLine;
+        check.DiagramKind = kKindFirstOrder;
         break;
     case kSecond:
         check.ModelId = 3;
-        check.DiagramKind = kSecondOrderLine;
+        check.DiagramKind = kKindSecondOrder;
         break;
     case kTwoSpecies:
         check.ModelId = 4;
-        check.DiagramKind = ps.TwoSpeciesEqual ? kSecondOrderLine : kTwoSpeciesLine;
+        check.DiagramKind = ps.TwoSpeciesEqual ? kKindSecondOrder : kKindMixedSecondOrder;
         break;
     default:
-        check.DiagramKind = kWilkinsonLine;
+        check.DiagramKind = kKindWilkinson;
     }
     return check;
 }
 
 CommandCheck CheckMichaelisEvaluation(ProjectState& ps, int index) {
-    CommandCheck check = Passing(10, kLineweaverBurk - index);
-    ps.FitMode = 0;
-    if (ps.ModelId != 10 || !ps.RcSMode) {
+    CommandCheck check = Passing(10, kKindLineweaverBurk - index);
+    ps.FitMode = kNoFit;
+    if (!IsEnzymeModel(ps.ModelId) || !ps.RcSMode) {
         Refuse(check,
                Note("This evaluation method is only useful if the kinetic model \r\n"
                     "\"enzyme kinetics\" is set with the option \"r(P)-c(S) evaluation\".\r\n"
@@ -180,8 +180,8 @@ CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
     CommandCheck check = Passing(index == kFirst    ? 2
                                  : index == kSecond ? 3
                                                     : 4,
-                                 index == kFirst ? kFirstOrderLambda : kSecondOrderLambda);
-    ps.FitMode = 0;
+                                 index == kFirst ? kKindLambdaFirstOrder : kKindLambdaSecondOrder);
+    ps.FitMode = kNoFit;
     if (!ps.HasLambdaData) {
         std::string text =
             ps.SumLambda == 0 ? "no lambda data found!" : "not enough (active) experimental data!";
@@ -246,8 +246,8 @@ CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
 }
 
 CommandCheck CheckKtEvaluation(ProjectState& ps, int index) {
-    CommandCheck check = Passing(ps.ModelId, index == 1 ? kArrheniusLine : kEyringLine);
-    ps.FitMode = 0;
+    CommandCheck check = Passing(ps.ModelId, index == 1 ? kKindArrhenius : kKindEyring);
+    ps.FitMode = kNoFit;
     const std::string required =
         "At least two different (active) couples of k - t are required!\r\n";
     if (ps.nkTPoints < kPointsOfLine)
@@ -259,8 +259,8 @@ CommandCheck CheckKtEvaluation(ProjectState& ps, int index) {
 }
 
 CommandCheck CheckCtFitting(ProjectState& ps) {
-    CommandCheck check = Passing(ps.ModelId, kFitDiagram);
-    if (ps.ModelId == 10 && ps.RcSMode)
+    CommandCheck check = Passing(ps.ModelId, kKindFitPoints);
+    if (IsEnzymeModel(ps.ModelId) && ps.RcSMode)
         Refuse(check, Note("This evaluation method is only useful if concentration-time\r\n"
                            "data are provided for the kinetic model \"enzyme kinetics\".\r\n"
                            "(Option \"c-t evaluation\")\r\n\r\n"
@@ -271,12 +271,12 @@ CommandCheck CheckCtFitting(ProjectState& ps) {
                                      "Complete the data in the Data Editor.\r\n\r\n"
                                      "Now to the data editor?"));
     if (check.passed)
-        ps.FitMode = 1;
+        ps.FitMode = kFitConstants;
     return check;
 }
 
 CommandCheck CheckOrderFitting(ProjectState& ps) {
-    CommandCheck check = Passing(20, kFitDiagram);
+    CommandCheck check = Passing(20, kKindFitPoints);
     if (ps.nCtPoints < kPointsOfFit)
         RefuseAndAsk(check, Question("not enough experimental data!\r\n"
                                      "Complete the data in the Data Editor. \r\n\r\n"
@@ -284,12 +284,12 @@ CommandCheck CheckOrderFitting(ProjectState& ps) {
     else if (!(ps.c0Data[1] >= kGiven))
         Refuse(check, Refusal("no initial concentration c(A,0) found", ""));
     if (check.passed)
-        ps.FitMode = 2;
+        ps.FitMode = kFitOrder;
     return check;
 }
 
 CommandCheck CheckNonIsothermalFitting(ProjectState& ps, int index) {
-    CommandCheck check = Passing(index == 1 ? 2 : 3, kFitDiagram);
+    CommandCheck check = Passing(index == 1 ? 2 : 3, kKindFitPoints);
     if (ps.nTemperatures == 1)
         check.messages.push_back(
             Note("A data set with only one temperature cannot lead to a \r\n"
@@ -357,14 +357,14 @@ std::string CurveInputFaults(const ProjectState& ps) {
         add(std::string("- not yet a valid input of an initial conc. c(")
                 .append(SpeciesName(ps.ModelId, 2))
                 .append(",0)"));
-    if ((ps.ModelId == 5 || ps.ModelId == 16) && !(ps.c0[4] > 0))
+    if (IsAutocatalytic(ps.ModelId) && !(ps.c0[4] > 0))
         add("- for auto catalysis, a (low) c(P,0) must be present, otherwise the reaction will not "
             "start");
-    if (ps.DiagramKind == 20 && ps.OrderN < 0)
+    if (HasOrder(ps.DiagramKind) && ps.OrderN < 0)
         add("- only n > 0 allowed");
     if (!(ps.k[1] > 0))
         add("- the rate constant has to be k1 > 0");
-    if (variableRate[2] && ps.FitMode == 1 && !(ps.k[2] > 0))
+    if (variableRate[2] && ps.FitMode == kFitConstants && !(ps.k[2] > 0))
         add("- the rate constant has to be k2 > 0");
     if (variableRate[3] && !(ps.k[3] > 0))
         add("- the rate constant has to be k3 > 0");

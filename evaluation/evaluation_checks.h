@@ -2,6 +2,7 @@
 // only look and answer; the commands show the boxes, close windows and draw.
 #pragma once
 
+#include "engine/modes.h"
 #include "engine/project_state.h"
 #include "platform/host.h"
 
@@ -9,20 +10,6 @@
 #include <vector>
 
 namespace zorvant {
-
-/// DiagramKind of the evaluations.
-inline constexpr int kArrheniusLine = -3;
-inline constexpr int kEyringLine = -4;
-inline constexpr int kFirstOrderLine = -5;
-inline constexpr int kSecondOrderLine = -6;
-inline constexpr int kWilkinsonLine = -7;
-inline constexpr int kTwoSpeciesLine = -8;
-inline constexpr int kFitDiagram = -9;
-inline constexpr int kFirstOrderLambda = -10;
-inline constexpr int kSecondOrderLambda = -11;
-inline constexpr int kLineweaverBurk = -12;
-inline constexpr int kHanesWoolf = -13;
-inline constexpr int kEadieHofstee = -14;
 
 /// Above this a value counts as given. Single, as the initial concentrations are.
 inline constexpr float kGiven = 1E-8F;

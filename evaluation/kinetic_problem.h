@@ -2,6 +2,7 @@
 // measured values.
 #pragma once
 
+#include "engine/modes.h"
 #include "engine/project_state.h"
 #include "evaluation/marquardt_nash.h"
 
@@ -9,12 +10,6 @@
 
 namespace zorvant {
 
-/// FitMode of the fits.
-inline constexpr int kFitConstants = 1;
-inline constexpr int kFitOrder = 2;
-inline constexpr int kFitFirstOrderT = 6;
-inline constexpr int kFitSecondOrderT = 7;
-inline constexpr int kFirstTemperatureMode = kFitFirstOrderT;
 
 /// Keeps the vector whose residuals were asked for last.
 class KineticProblem : public LeastSquaresProblem {

@@ -3,6 +3,7 @@
 #include "engine/akima_spline.h"
 #include "engine/arithmetic.h"
 #include "engine/closed_forms.h"
+#include "engine/reaction_catalogue.h"
 #include "evaluation/kinetic_problem.h"
 #include "platform/number_text.h"
 
@@ -61,7 +62,7 @@ void FuModellWert(const ProjectState& ps, int model, double t, SpeciesArray& c, 
     SpeciesArray value = c;
     try {
         Finite(t);
-        if (model == 10 && ps.MMDiagram) {
+        if (IsEnzymeModel(model) && ps.MMDiagram) {
             value[1] = EnzymeCurve(ps, t);
         } else if (HasClosedForm(model)) {
             const ClosedForm form(model, ps.k, ps.c0, err);

@@ -3,6 +3,8 @@
 // of the same names. Nothing here knows a toolkit.
 #pragma once
 
+#include "platform/colour.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -24,12 +26,6 @@ using IndexHandler = std::function<void(int)>;
 /// arrives as 8, so that it counts as typed.
 using KeyHandler = std::function<void(int&)>;
 
-/// 0xRRGGBB, or the colour that the user's style gives.
-using Colour = std::uint32_t;
-inline constexpr Colour kStyleColour = 0xFF000000;
-inline constexpr Colour kWhite = 0xFFFFFF;
-inline constexpr Colour kBlack = 0x000000;
-inline constexpr Colour kRed = 0xFF0000;
 /// Result fields and locked fields, so that they differ from what the user may type into.
 inline constexpr Colour kPaleYellow = 0xFFFFC0;
 
@@ -357,8 +353,7 @@ void HideForm(Form& form);
 bool IsFormLoaded(const Desktop& desktop, const std::string& formName);
 Form* FindForm(const Desktop& desktop, const std::string& formName);
 /// Enables or disables a control of another form by names; nothing happens when there is none. This
-/// is how a dialog switches commands of the main window without knowing it:
-/// EnableControl(ps.desktop, "MDIZOR", "mnuEditDat", true).
+/// is how a dialog switches commands of the main window without knowing it.
 void EnableControl(const Desktop& desktop, const std::string& formName,
                    const std::string& controlName, bool enabled);
 

@@ -2,10 +2,14 @@
 
 #include "data/exp_data.h"
 #include "data/exp_file.h"
-#include "data/frm_datedit.h"
-#include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
-#include "engine/calc_dialog.h"
+#include "dialogs/common/calc_dialog.h"
+#include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/frm_zxy_editor.h"
+#include "engine/modes.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -24,7 +28,6 @@ constexpr const char* kTitle =
     "Evaluation of Experiments";
 constexpr const char* kNotYet = "not yet available";
 constexpr int kHelpMainWindow = 10250, kHelpFirstSteps = 11223;
-constexpr int kEnzymeModel = 10;
 
 // ---------------------------------------------------------------- small steps of the commands
 
@@ -79,24 +82,24 @@ constexpr const char* kNeedsProject = "no project or session loaded yet";
 
 template <int Tool> void OpenCalculator(MDIZOR& form) {
     form.ps.kTFunction = Tool;
-    form.ps.FitMode = 0;
-    Unload(form, "frmArrheniusRechner");
-    Show(form, "frmArrheniusRechner");
+    form.ps.FitMode = kNoFit;
+    Unload(form, name::kArrhenius);
+    Show(form, name::kArrhenius);
 }
 void OpenModelDialog(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
-    Show(form, "frmZorModel");
+    Unload(form, name::kBloodAlcohol);
+    Show(form, name::kModel);
 }
 void OpenXYEditor(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
-    Show(form, "frmZXYEditor");
+    Unload(form, name::kBloodAlcohol);
+    Show(form, name::kXYEditor);
 }
 void ImportText(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
-    Show(form, "frmImportText");
+    Unload(form, name::kBloodAlcohol);
+    Show(form, name::kImportText);
 }
 void ShowStatus(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
+    Unload(form, name::kBloodAlcohol);
     ShowProjectStatus(form.ps, form.ps.DataFilePath);
 }
 /// The window list is filled where the windows are.
@@ -107,14 +110,14 @@ constexpr Command kCommands[] = {
     {"mnuLoadProject", nullptr, mnuLoadProject_Click, ""},
     {"mnuSaveProject", nullptr, mnuSaveProject_Click, kNeedsProject},
     {"mnuStatus", nullptr, ShowStatus, ""},
-    {"mnuNeudat", "frmDatedit", mnuNeudat_Click, ""},
-    {"mnuEditDat", "frmDatedit", mnuEditDat_Click, kNeedsData},
-    {"mnuImportText", "frmImportText", ImportText, ""},
-    {"mnuEditXY", "frmZXYEditor", OpenXYEditor, ""},
+    {"mnuNeudat", name::kDataEditor, mnuNeudat_Click, ""},
+    {"mnuEditDat", name::kDataEditor, mnuEditDat_Click, kNeedsData},
+    {"mnuImportText", name::kImportText, ImportText, ""},
+    {"mnuEditXY", name::kXYEditor, OpenXYEditor, ""},
     {"mnuExit", nullptr, mnuExit_Click, ""},
-    {"mnuModel", "frmZorModel", OpenModelDialog, ""},
-    {"mnuToolArrhenius", "frmArrheniusRechner", OpenCalculator<1>, ""},
-    {"mnuToolEyring", "frmArrheniusRechner", OpenCalculator<2>, ""},
+    {"mnuModel", name::kModel, OpenModelDialog, ""},
+    {"mnuToolArrhenius", name::kArrhenius, OpenCalculator<1>, ""},
+    {"mnuToolEyring", name::kArrhenius, OpenCalculator<2>, ""},
     {"mnuConvertTool1W", nullptr, mnuConvertTool1W_Click, ""},
     {"mnuFenster", nullptr, OpenWindowList, ""},
     {"mnuHilfeHinweis", nullptr, mnuHilfeHinweis_Click, ""},
@@ -187,7 +190,7 @@ void ModelChanged(MDIZOR& form) {
         if (each.nonIsothermal)
             form.Entry("mnuNonIsothermFitting" + index).enabled = on;
     }
-    form.Entry("mnuMichMent").enabled = form.ps.ModelId == kEnzymeModel;
+    form.Entry("mnuMichMent").enabled = IsEnzymeModel(form.ps.ModelId);
 }
 
 void SetDisabledTips(MDIZOR& form) {
@@ -229,7 +232,8 @@ void NameSteps(MDIZOR& form, const std::string& index) {
 /// Given: timeUnit: of the times that stand in the table
 void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
                  const std::string& timeUnit, const Handler& replace) {
-    if (auto* const editor = dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, "frmDatedit")))
+    if (auto* const editor =
+            dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, name::kDataEditor)))
         ReplaceTable(*editor, name, extent, timeUnit, replace);
     else
         replace();
@@ -263,7 +267,7 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
 
 // ---------------------------------------------------------------- the record
 
-MDIZOR::MDIZOR(ProjectState& state) : Form("MDIZOR", kTitle), ps(state) {
+MDIZOR::MDIZOR(Workspace& state) : Form(name::kMainWindow, kTitle), ps(state) {
     helpTopic = kHelpMainWindow;
     menu = MainMenu();
     for (const MenuRow& row : MainMenu()) {
@@ -345,7 +349,7 @@ void UpdateAvailability(MDIZOR& form) {
 // ---------------------------------------------------------------- start-up
 
 void MDIZOR_Load(MDIZOR& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     InitProjectState(ps);
     for (const int index : {8, 16})
         form.Tool(index).enabled = false;
@@ -359,15 +363,15 @@ void MDIZOR_Load(MDIZOR& form) {
         }
     form.recoveries.clear();
     form.recoveries.emplace_back(ps, DataRecovery(ps));
-    if (auto* const list = dynamic_cast<frmZXYEditor*>(FindForm(ps.desktop, "frmZXYEditor")))
+    if (auto* const list = dynamic_cast<frmZXYEditor*>(FindForm(ps.desktop, name::kXYEditor)))
         form.recoveries.emplace_back(ps, ListRecovery(*list));
     UpdateAvailability(form);
     ModelChanged(form);
-    Show(form, "frmZorModel");
+    Show(form, name::kModel);
 }
 
 void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     ps.ProjectFile = commandLine;
     std::erase(ps.ProjectFile, '"');
     if (ps.ProjectFile.empty())
@@ -395,16 +399,17 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
 void OfferLostData(MDIZOR& form) {
     for (RecoveryKeeper& keeper : form.recoveries)
         OfferRecovery(form.ps, keeper);
+    TellUnitOfData(form.ps);
     if (!form.ps.ExpDataChanged)
         return;
     Enable(form, {"mnuEditDat"});
     EnableTools(form, {16});
-    Unload(form, "frmDatedit");
-    Show(form, "frmDatedit");
+    Unload(form, name::kDataEditor);
+    Show(form, name::kDataEditor);
 }
 
 void OpenProject(MDIZOR& form, const std::string& path) {
-    Unload(form, "frmBlutalkohol");
+    Unload(form, name::kBloodAlcohol);
     const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
@@ -420,20 +425,20 @@ void OpenProject(MDIZOR& form, const std::string& path) {
 // ---------------------------------------------------------------- dialogs
 
 void ReopenModelDialog(MDIZOR& form) {
-    Unload(form, "frmZorModel");
-    Show(form, "frmZorModel");
+    Unload(form, name::kModel);
+    Show(form, name::kModel);
 }
 
 void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     Form* const opened = FindForm(ps.desktop, set.opens);
     if (opened == nullptr)
         return;
-    if (set.refusesEnzyme && ps.ModelId == kEnzymeModel) {
+    if (set.refusesEnzyme && IsEnzymeModel(ps.ModelId)) {
         ShowMessage("Sorry, under construction", "Execution not possible", Icon::Critical);
         return;
     }
-    if (Form* const model = FindForm(ps.desktop, "frmZorModel"); model && set.hidesModelDialog)
+    if (Form* const model = FindForm(ps.desktop, name::kModel); model && set.hidesModelDialog)
         HideForm(*model);
     for (const char* name : set.closes)
         if (name != nullptr)
@@ -443,7 +448,7 @@ void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
     ps.IsCascade = set.isCascade.value_or(ps.IsCascade);
     ps.RateDiagram = set.rateDiagram.value_or(ps.RateDiagram);
     if (set.clearsFitMode)
-        ps.FitMode = 0;
+        ps.FitMode = kNoFit;
     ShowForm(ps.desktop, *opened);
     if (set.presses != nullptr)
         PressIn(form, set.opens, set.presses);
@@ -460,7 +465,7 @@ void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
 // ---------------------------------------------------------------- projects, data, exit
 
 void mnuLoadLastSession_Click(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
+    Unload(form, name::kBloodAlcohol);
     const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
@@ -471,7 +476,7 @@ void mnuLoadLastSession_Click(MDIZOR& form) {
 }
 
 void mnuLoadProject_Click(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
+    Unload(form, name::kBloodAlcohol);
     const std::string unitBefore = form.ps.TimeUnitText;
     std::string path, dataFile;
     bool ok = false, cancelled = false;
@@ -482,13 +487,13 @@ void mnuLoadProject_Click(MDIZOR& form) {
 }
 
 void mnuSaveProject_Click(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
-    FuSaveProjectDialog(form.ps);
+    Unload(form, name::kBloodAlcohol);
+    FuSaveProjectDialog(form.ps, OpenCalculation(form.ps));
 }
 
 void mnuNeudat_Click(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
-    ProjectState& ps = form.ps;
+    Unload(form, name::kBloodAlcohol);
+    Workspace& ps = form.ps;
     const std::string question =
         Lines({"New data input is expected;", "an existing set of data will be deleted.", "",
                "Would you like that?"});
@@ -499,23 +504,23 @@ void mnuNeudat_Click(MDIZOR& form) {
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.LambdaInf = ps.LambdaZero = 0;
-        FuCheckExpData(ps);
+        CheckExpData(ps);
     });
-    Unload(form, "frmDatedit");
-    Show(form, "frmDatedit");
+    Unload(form, name::kDataEditor);
+    Show(form, name::kDataEditor);
 }
 
 void mnuEditDat_Click(MDIZOR& form) {
-    Unload(form, "frmBlutalkohol");
+    Unload(form, name::kBloodAlcohol);
     if (form.ps.ExpPointCount > 0)
-        Show(form, "frmDatedit");
+        Show(form, name::kDataEditor);
 }
 
 void mnuExit_Click(MDIZOR& form) {
     if (form.exiting)
         return;
     form.exiting = true;
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     bool cancelled = false;
     if (ps.ExpDataChanged && ps.ExpPointCount > 0) {
         std::string file;
@@ -524,7 +529,7 @@ void mnuExit_Click(MDIZOR& form) {
     form.tmrRecovery.interval = 0;
     RecoveryKeeper& data = form.recoveries.front();
     cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
-    FuSaveProjectFile(ps, ps.LastSessionFile);
+    FuSaveProjectFile(ps, ps.LastSessionFile, OpenCalculation(ps));
     const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
                                      ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
                                      : ps.ProtocolFile;

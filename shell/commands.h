@@ -3,7 +3,7 @@
 #pragma once
 
 #include "data/recovery.h"
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 #include "shell/menu_table.h"
 
 #include <memory>
@@ -13,9 +13,9 @@
 namespace zorvant {
 
 struct MDIZOR : Form {
-    explicit MDIZOR(ProjectState& state);
+    explicit MDIZOR(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     /// One for each row of the menu table, in its order.
     std::vector<std::unique_ptr<MenuEntry>> entries;

@@ -1,8 +1,9 @@
 #include "shell/dropped_files.h"
 
-#include "data/frm_datedit.h"
-#include "data/frm_import_text.h"
-#include "data/frm_zxy_editor.h"
+#include "dialogs/common/names.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/frm_import_text.h"
+#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/number_text.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ template <class Dialog> Dialog* Find(MDIZOR& form, const char* name) {
 }
 
 void OpenData(MDIZOR& form, const std::string& path) {
-    auto* const editor = Find<frmDatedit>(form, "frmDatedit");
+    auto* const editor = Find<frmDatedit>(form, name::kDataEditor);
     if (editor == nullptr)
         return;
     ShowForm(form.ps.desktop, *editor);
@@ -24,7 +25,7 @@ void OpenData(MDIZOR& form, const std::string& path) {
 }
 
 void OpenPoints(MDIZOR& form, const std::string& path) {
-    auto* const editor = Find<frmZXYEditor>(form, "frmZXYEditor");
+    auto* const editor = Find<frmZXYEditor>(form, name::kXYEditor);
     if (editor == nullptr)
         return;
     ShowForm(form.ps.desktop, *editor);
@@ -32,7 +33,7 @@ void OpenPoints(MDIZOR& form, const std::string& path) {
 }
 
 void OpenText(MDIZOR& form, const std::string& path) {
-    auto* const dialog = Find<frmImportText>(form, "frmImportText");
+    auto* const dialog = Find<frmImportText>(form, name::kImportText);
     if (dialog == nullptr)
         return;
     dialog->path = path;
@@ -65,7 +66,7 @@ void OpenDropped(MDIZOR& form, const std::string& path) {
     const DroppedKind* const kind = KindOf(path);
     if (kind == nullptr)
         return;
-    if (Form* const drinks = FindForm(form.ps.desktop, "frmBlutalkohol"))
+    if (Form* const drinks = FindForm(form.ps.desktop, name::kBloodAlcohol))
         UnloadForm(form.ps.desktop, *drinks);
     kind->open(form, path);
 }

@@ -1,10 +1,11 @@
 #include "shell/export.h"
 
 #include "data/project_file.h"
-#include "diagrams/diagram_document.h"
-#include "engine/frm_prepare_time_diagram.h"
-#include "engine/frm_sim_tabelle.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/course/frm_prepare_time_diagram.h"
+#include "dialogs/course/frm_sim_tabelle.h"
+#include "dialogs/course/frm_zor_model.h"
+#include "dialogs/diagram/diagram_document.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "platform/host.h"
 
@@ -16,7 +17,7 @@ namespace {
 
 /// What lies on the desk while a course is drawn.
 struct CourseDesk {
-    ProjectState ps;
+    Workspace ps;
     DiagramDocument diagram{ps};
     frmZorModel model{ps};
     frmPrepareTimeDiagram course{ps, diagram};
@@ -43,12 +44,12 @@ private:
 };
 
 /// Columns of r(P)-c(S) pairs are no course in time.
-bool HasTimePoints(const ProjectState& ps) {
-    return ps.nCtPoints > 0 && !(ps.ModelId == 10 && ps.RcSMode);
+bool HasTimePoints(const Workspace& ps) {
+    return ps.nCtPoints > 0 && !(IsEnzymeModel(ps.ModelId) && ps.RcSMode);
 }
 
 void OpenProject(CourseDesk& desk, const CommandLine& line) {
-    ProjectState& ps = desk.ps;
+    Workspace& ps = desk.ps;
     InitProjectState(ps);
     ps.RateDiagram = line.rates;
     std::string dataFile;
@@ -77,7 +78,7 @@ int Export(const CommandLine& line, const DrawPicture& draw) {
     OpenProject(desk, line);
     if (watch.Failed())
         return kFailure;
-    if (line.michaelis && desk.ps.ModelId != 10)
+    if (line.michaelis && !IsEnzymeModel(desk.ps.ModelId))
         return Fail("--michaelis is for projects of the enzyme model");
     if (!line.table.empty()) {
         Press(line.michaelis ? desk.course.cmdMichaelisListe : desk.course.cmdListe);

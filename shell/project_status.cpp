@@ -13,7 +13,7 @@ namespace {
 constexpr int kShownPath = 60;
 constexpr const char* kIndent = "    ";
 
-std::string ProjectLine(const ProjectState& ps) {
+std::string ProjectLine(const Workspace& ps) {
     if (ps.DataIsSession)
         return "    last session  ";
     if (ps.ProjectFile.empty())
@@ -45,7 +45,7 @@ bool AddDataFile(std::string& text, const std::string& dataFile) {
 
 } // namespace
 
-std::string ProjectStatusText(const ProjectState& ps, const std::string& dataFile) {
+std::string ProjectStatusText(const Workspace& ps, const std::string& dataFile) {
     std::string text;
     const auto add = [&](const std::string& line) { text += line + kCrLf; };
     add("act. working directory of ZORVANT");
@@ -69,7 +69,7 @@ std::string ProjectStatusText(const ProjectState& ps, const std::string& dataFil
     return text;
 }
 
-void ShowProjectStatus(const ProjectState& ps, const std::string& dataFile,
+void ShowProjectStatus(const Workspace& ps, const std::string& dataFile,
                        const std::string& heading) {
     std::string text = ProjectStatusText(ps, dataFile);
     if (!heading.empty())
@@ -77,7 +77,7 @@ void ShowProjectStatus(const ProjectState& ps, const std::string& dataFile,
     ShowMessage(text, "Status of the project", Icon::Information);
 }
 
-std::string StatusLine(const ProjectState& ps) {
+std::string StatusLine(const Workspace& ps) {
     std::string line = ModelCaption(ps) + "     time unit: " + ps.TimeUnitText + "     data: ";
     if (ps.ExpPointCount == 0)
         return line + "none";

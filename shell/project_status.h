@@ -1,7 +1,7 @@
 // What the program says of the project: the status box and the status line.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 
 #include <string>
 
@@ -9,13 +9,13 @@ namespace zorvant {
 
 /// The text of the status box.
 /// Given: dataFile   path of the data file; empty, or of no file: told as none
-std::string ProjectStatusText(const ProjectState& ps, const std::string& dataFile);
+std::string ProjectStatusText(const Workspace& ps, const std::string& dataFile);
 
 /// Shows it. Given: heading   a line before the rest, empty: none
-void ShowProjectStatus(const ProjectState& ps, const std::string& dataFile,
+void ShowProjectStatus(const Workspace& ps, const std::string& dataFile,
                        const std::string& heading = {});
 
 /// One line for the foot of the main window: model, time unit, data.
-std::string StatusLine(const ProjectState& ps);
+std::string StatusLine(const Workspace& ps);
 
 } // namespace zorvant

@@ -1,66 +1,76 @@
 #!/usr/bin/env python3
-"""Holds the includes against the levels of the house: nothing upward, nothing sideways, no toolkit
-outside the shell. Prints every breach and exits with 1 when there is one."""
+"""Holds the includes against the levels of the house: nothing upward, nothing sideways, no forms
+below the dialogs, no toolkit outside the shell. Prints every breach and exits with 1 when there is
+one."""
 
 import pathlib
 import re
 import sys
 
-LEVELS = {
-    "platform": 1,
-    "engine": 2,
-    "data": 3,
-    "reactors": 3,
-    "residence": 3,
-    "evaluation": 3,
-    "simulations": 3,
-    "diagrams": 4,
-    "dialogs": 5,  # frm_* in any folder
-    "shell": 6,
-}
+# What a folder may use beside itself: everything on the levels above. Folders of one level do not
+# see each other.
+LEVELS = [
+    ["platform"],
+    ["engine"],
+    ["data", "reactors", "residence", "evaluation", "simulations"],
+    ["diagrams"],
+    ["dialogs/common"],
+    ["dialogs/diagram"],
+    [
+        "dialogs/course",
+        "dialogs/data",
+        "dialogs/reactors",
+        "dialogs/residence",
+        "dialogs/evaluation",
+        "dialogs/simulations",
+    ],
+    ["shell"],
+]
+LEVEL_OF = {folder: level for level, folders in enumerate(LEVELS) for folder in folders}
+FIRST_WITH_FORMS = LEVEL_OF["dialogs/common"]
 TOOLKIT = re.compile(r"^(Q[A-Z]\w*|qcustomplot\.h|Qt\w+/.*|ui_.*)$")
+CONTROLS = "platform/controls.h"
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')
 
 
 def room(path):
-    """The room of a file given by its path below the top: its folder, or the dialogs."""
-    parts = pathlib.PurePosixPath(path).parts
-    if parts[0] not in LEVELS:
-        return None
-    if parts[-1].startswith("frm_"):
-        return "dialogs"
-    return parts[0]
+    """The room of a file given by its path below the top; None when it is in none."""
+    for depth in (2, 1):
+        folder = "/".join(pathlib.PurePosixPath(path).parts[:depth])
+        if folder in LEVEL_OF and folder != path:
+            return folder
+    return None
+
+
+def breaches_of(name, number, quote, included, folder):
+    here = room(name)
+    if here is None:
+        yield f"{name}: stands in no room"
+        return
+    if TOOLKIT.match(included):
+        if not name.startswith(("shell/qt/", "shell/main.cpp")):
+            yield f"{name}:{number}: the toolkit ({included}) outside shell/qt/"
+        return
+    there = room(included)
+    if there is None:
+        if quote == '"' and "/" not in included and (folder / included).exists():
+            yield f"{name}:{number}: include by the path from the top: {included}"
+        return
+    if there != here and LEVEL_OF[there] >= LEVEL_OF[here]:
+        yield f"{name}:{number}: {here} may not use {there} ({included})"
+    if included == CONTROLS and here != "platform" and LEVEL_OF[here] < FIRST_WITH_FORMS:
+        yield f"{name}:{number}: {here} knows no forms ({included})"
 
 
 def breaches(top):
-    for folder in sorted(set(LEVELS) - {"dialogs"}):
+    for folder in sorted({folder.split("/")[0] for folder in LEVEL_OF}):
         for file in sorted((top / folder).rglob("*")):
             if file.suffix not in (".h", ".cpp"):
                 continue
             name = file.relative_to(top).as_posix()
-            here = room(name)
             for number, line in enumerate(file.read_text().splitlines(), 1):
-                match = INCLUDE.match(line)
-                if not match:
-                    continue
-                included = match.group(2)
-                if TOOLKIT.match(included):
-                    if not name.startswith("shell/"):
-                        yield f"{name}:{number}: the toolkit ({included}) outside shell/"
-                    elif not name.startswith(("shell/qt/", "shell/main.cpp")):
-                        yield f"{name}:{number}: the toolkit ({included}) outside shell/qt/"
-                    continue
-                there = room(included)
-                if there is None:
-                    if match.group(1) == '"' and "/" not in included:
-                        if not (file.parent / included).exists():
-                            continue
-                        yield f"{name}:{number}: include by the path from the top: {included}"
-                    continue
-                if there == here:
-                    continue
-                if LEVELS[there] >= LEVELS[here]:
-                    yield f"{name}:{number}: {here} may not use {there} ({included})"
+                if match := INCLUDE.match(line):
+                    yield from breaches_of(name, number, match[1], match[2], file.parent)
 
 
 def main():

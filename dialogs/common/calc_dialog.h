@@ -2,27 +2,17 @@
 // time unit write to "the open calculation dialog" without knowing which it is.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
+#include "engine/modes.h"
 
 #include <string>
 
 namespace zorvant {
 
-/// Numbers by which the calculation dialogs are told apart, in the order in which they are looked for.
-enum class CalcDialogId {
-    None = 0,
-    TimeDiagram = 1,
-    Cstr = 2,
-    Batch = 3,
-    Tubular = 4,
-    Cascade = 5,
-    Fitting = 6
-};
-
 struct CalcDialog : Form {
-    CalcDialog(std::string formName, std::string formCaption, CalcDialogId dialogId);
+    CalcDialog(std::string formName, std::string formCaption, CalcTask dialogId);
 
-    const CalcDialogId id;
+    const CalcTask id;
     bool IsReactor() const;
 
     /// 0..4 c0 by slot less 1, 5..9 results, 10..12 k1..k3, 13..16 by dialog.
@@ -48,6 +38,8 @@ struct CalcDialog : Form {
 };
 
 /// The open calculation dialog, nullptr when none is.
-CalcDialog* WhichCalcDialog(ProjectState& ps);
+CalcDialog* WhichCalcDialog(const Workspace& ps);
+/// What it computes.
+CalcTask OpenCalculation(const Workspace& ps);
 
 } // namespace zorvant

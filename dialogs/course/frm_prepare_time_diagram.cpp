@@ -1,7 +1,9 @@
-#include "engine/frm_prepare_time_diagram.h"
+#include "dialogs/course/frm_prepare_time_diagram.h"
 
-#include "diagrams/coordinates.h"
-#include "diagrams/dispatcher.h"
+#include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/dispatcher.h"
 #include "engine/arithmetic.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
@@ -36,8 +38,8 @@ struct Messages {
 };
 
 void ShowKM(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
-    if (ps.ModelId != 10 || !(ps.k[1] > 0))
+    Workspace& ps = form.ps;
+    if (!IsEnzymeModel(ps.ModelId) || !(ps.k[1] > 0))
         return;
     ps.KM = (ps.k[2] + ps.k[3]) / ps.k[1];
     form.lblMichaelisK1.text =
@@ -46,7 +48,7 @@ void ShowKM(frmPrepareTimeDiagram& form) {
 }
 
 void ShowParameters(frmPrepareTimeDiagram& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     form.kCombo(0).text = GeneralText(ps.tMax);
     for (int j = 1; j <= 3; ++j)
         form.kCombo(j).text = GeneralText(ps.k[static_cast<std::size_t>(j)]);
@@ -63,7 +65,7 @@ void EnableScaling(frmPrepareTimeDiagram& form) {
                                                    InMask(form.ps.SpeciesMask, slot);
 }
 
-bool MaskHasData(const ProjectState& ps) {
+bool MaskHasData(const Workspace& ps) {
     for (int slot = 1; slot <= kSpecies; ++slot)
         if (InMask(ps.SpeciesMask, slot) && ps.ColumnHasData[static_cast<std::size_t>(slot)])
             return true;
@@ -71,7 +73,7 @@ bool MaskHasData(const ProjectState& ps) {
 }
 
 void Form_Load(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     form.chkMitPunkten.enabled = ps.ExpPointCount > 0;
     ps.IsTubular = ps.IsCSTR = ps.IsCascade = false;
     ps.WithExpPoints = form.chkMitPunkten.checked;
@@ -89,10 +91,10 @@ void Form_Load(frmPrepareTimeDiagram& form) {
 }
 
 void Form_Activate(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     UpdateUnitLabels(ps);
     ps.MMDiagram = false;
-    const bool enzyme = ps.ModelId == 10;
+    const bool enzyme = IsEnzymeModel(ps.ModelId);
     form.fraMichaelis.visible = enzyme;
     const bool curves = form.diagram.loaded && ps.CurveCount > 0;
     if (ps.AddCurves && !curves)
@@ -166,23 +168,19 @@ void Remember(ComboBox& box) {
         box.items.erase(box.items.begin());
 }
 
-std::string SecondSpeciesMessage(const ProjectState& ps) {
-    return ps.ModelId == 10 ? "- not yet a valid input of an initial conc. c(S,0)"
-                            : "- not yet a valid input of an initial conc. c(B,0)";
-}
-
-bool IsAutocatalysis(int model) {
-    return model == 5 || model == 16;
+std::string SecondSpeciesMessage(const Workspace& ps) {
+    return IsEnzymeModel(ps.ModelId) ? "- not yet a valid input of an initial conc. c(S,0)"
+                                     : "- not yet a valid input of an initial conc. c(B,0)";
 }
 
 /// The checks of the draw command. k2 and k3 may be 0: the reaction then simply does not happen.
 Messages CheckForDiagram(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     Messages messages;
-    if (ps.ModelId == 20 && !(ps.OrderN > 0)) {
+    if (HasOrder(ps.ModelId) && !(ps.OrderN > 0)) {
         messages.Add("- input value of the reaction order has to be > 0");
         ps.OrderN = 1.5F;
-        if (Form* model = FindForm(ps.desktop, "frmZorModel"); model != nullptr && model->loaded)
+        if (Form* model = FindForm(ps.desktop, name::kModel); model != nullptr && model->loaded)
             model->Find("txtOrdnung")->text = " 1.5";
         form.Label7.text = ModelCaption(ps);
     }
@@ -190,14 +188,14 @@ Messages CheckForDiagram(frmPrepareTimeDiagram& form) {
     if (!ps.EquilibriumModel) {
         if (missing(1))
             messages.Add("- not yet a valid input of an initial conc. c(A,0)");
-    } else if (missing(1) && missing(4) && ps.ModelId != 19) {
+    } else if (missing(1) && missing(4) && !BeginsFromEitherSide(ps.ModelId)) {
         messages.Add("- not yet a valid input of an initial conc. c(A,0) or c(P,0)");
     }
     if (form.Inp(1).visible && missing(2) && (!ps.EquilibriumModel || !missing(1)))
         messages.Add(SecondSpeciesMessage(ps));
-    if (ps.ModelId == 19 && missing(2) && missing(4) && missing(5))
+    if (BeginsFromEitherSide(ps.ModelId) && missing(2) && missing(4) && missing(5))
         messages.Add("- specify initial concentration of substance B or P and Q");
-    if (IsAutocatalysis(ps.ModelId) && missing(4))
+    if (IsAutocatalytic(ps.ModelId) && missing(4))
         messages.Add("- for auto catalysis, a (low) c(P,0) must be present, otherwise the reaction "
                      "will not start");
     if (!(ps.tMax > 0))
@@ -209,14 +207,14 @@ Messages CheckForDiagram(frmPrepareTimeDiagram& form) {
 
 /// The checks of the table command.
 Messages CheckForTable(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     Messages messages;
     const auto missing = [&](std::size_t slot) { return !(ps.c0[slot] > 0); };
     if (missing(1))
         messages.Add("- not yet a valid input of an initial conc. c(A,0)");
     if (form.Inp(1).visible && missing(2))
         messages.Add(SecondSpeciesMessage(ps));
-    if (IsAutocatalysis(ps.ModelId) && missing(4))
+    if (IsAutocatalytic(ps.ModelId) && missing(4))
         messages.Add("- for autocatalysis a (very small) initial value of c(P)(0) must be given, "
                      "otherwise the reaction cannot start");
     if (ps.OrderN < 0 && ps.DiagramKind == 20)
@@ -235,7 +233,7 @@ Messages CheckForTable(frmPrepareTimeDiagram& form) {
 }
 
 void DrawCourse(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     const WaitScope wait(ps);
     bool err = false;
     calc_diagram_function(ps, ps.ModelId, ps.tMax, err);
@@ -254,20 +252,19 @@ void DrawCourse(frmPrepareTimeDiagram& form) {
 /// The Michaelis-Menten curve stands for itself while the flag is set.
 class MMScope {
 public:
-    explicit MMScope(ProjectState& ps) : ps_(ps) { ps_.MMDiagram = true; }
+    explicit MMScope(Workspace& ps) : ps_(ps) { ps_.MMDiagram = true; }
     ~MMScope() { ps_.MMDiagram = false; }
     MMScope(const MMScope&) = delete;
     MMScope& operator=(const MMScope&) = delete;
 
 private:
-    ProjectState& ps_;
+    Workspace& ps_;
 };
 
 } // namespace
 
-frmPrepareTimeDiagram::frmPrepareTimeDiagram(ProjectState& state, DiagramDocument& diagramDocument)
-    : CalcDialog("frmPrepareTimeDiagram", "  Diagram: Concentration vs. Time",
-                 CalcDialogId::TimeDiagram),
+frmPrepareTimeDiagram::frmPrepareTimeDiagram(Workspace& state, DiagramDocument& diagramDocument)
+    : CalcDialog(name::kTimeDiagram, "  Diagram: Concentration vs. Time", CalcTask::TimeDiagram),
       ps(state), diagram(diagramDocument) {
     helpTopic = kHelpTimeDiagram;
     left = 60;
@@ -315,7 +312,7 @@ frmPrepareTimeDiagram::frmPrepareTimeDiagram(ProjectState& state, DiagramDocumen
     onShowParameters = [this] { ShowParameters(*this); };
     cmdDrawctDiagram.onClick = [this] { cmdDrawctDiagram_Click(*this); };
     cmdListe.onClick = [this] { cmdListe_Click(*this); };
-    cmdReset_k.onClick = [this] { SetDefaultK(ps); };
+    cmdReset_k.onClick = [this] { ResetConstants(ps); };
     cmdMMdiagram.onClick = [this] { cmdMMdiagram_Click(*this); };
     cmdMichaelisListe.onClick = [this] { cmdMichaelisListe_Click(*this); };
     chkMitPunkten.onClick = [this] { ps.WithExpPoints = chkMitPunkten.checked; };
@@ -328,9 +325,9 @@ frmPrepareTimeDiagram::frmPrepareTimeDiagram(ProjectState& state, DiagramDocumen
 }
 
 void InitSimulation(frmPrepareTimeDiagram& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     form.Label7.text = ModelCaption(ps);
-    const bool enzyme = ps.ModelId == 10;
+    const bool enzyme = IsEnzymeModel(ps.ModelId);
     form.fraMichaelis.visible = enzyme;
     form.lblMichaelisK1.visible = form.lblMichaelisK2.visible = enzyme;
     form.kCombo(2).visible = ps.RateMask[1] == '1';
@@ -376,7 +373,7 @@ void chkNormiert_Click(frmPrepareTimeDiagram& form) {
 }
 
 void cmdDrawctDiagram_Click(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     try {
         form.chkMitPunkten.enabled = !ps.MMDiagram && ps.ExpPointCount > 0;
         if (ps.MMDiagram) {
@@ -414,7 +411,7 @@ void cmdMMdiagram_Click(frmPrepareTimeDiagram& form) {
 }
 
 void cmdListe_Click(frmPrepareTimeDiagram& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     ReadConcentrations(form);
     ps.NPoints = kCurveIntervals;
     if (CheckForTable(form).Show())
@@ -429,7 +426,7 @@ void cmdListe_Click(frmPrepareTimeDiagram& form) {
     }
     if (err)
         return;
-    if (Form* table = FindForm(ps.desktop, "frmSimTabelle")) {
+    if (Form* table = FindForm(ps.desktop, name::kTable)) {
         UnloadForm(ps.desktop, *table); // it builds its text as it opens
         ShowForm(ps.desktop, *table);
     }

@@ -2,15 +2,15 @@
 // or a table; for the enzyme model also the Michaelis-Menten curve.
 #pragma once
 
-#include "diagrams/diagram_document.h"
-#include "engine/calc_dialog.h"
+#include "dialogs/common/calc_dialog.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
 struct frmPrepareTimeDiagram : CalcDialog {
-    frmPrepareTimeDiagram(ProjectState& state, DiagramDocument& diagramDocument);
+    frmPrepareTimeDiagram(Workspace& state, DiagramDocument& diagramDocument);
 
-    ProjectState& ps;
+    Workspace& ps;
     DiagramDocument& diagram;
 
     Label Label1{*this, "Label1", " conc.  [c(i)(0)] = mol/l"};

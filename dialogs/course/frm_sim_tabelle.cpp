@@ -1,5 +1,6 @@
-#include "engine/frm_sim_tabelle.h"
+#include "dialogs/course/frm_sim_tabelle.h"
 
+#include "dialogs/common/names.h"
 #include "engine/sim_table.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -18,8 +19,8 @@ std::string WithoutSeparator(std::string directory) {
 
 } // namespace
 
-frmSimTabelle::frmSimTabelle(ProjectState& state)
-    : Form("frmSimTabelle", "Result of the Calculation"), ps(state) {
+frmSimTabelle::frmSimTabelle(Workspace& state)
+    : Form(name::kTable, "Result of the Calculation"), ps(state) {
     helpTopic = kHelpTable;
     left = 400;
     top = 120;
@@ -41,7 +42,7 @@ void cmdClipboard_Click(frmSimTabelle& form) {
 }
 
 void cmdSaveTable_Click(frmSimTabelle& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     const auto choice = host().chooseFile({.save = true,
                                            .title = "Save table as ...",
                                            .directory = ps.TableDir,

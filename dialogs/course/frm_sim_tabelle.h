@@ -1,14 +1,14 @@
 // The table of a calculated course: shown, copied, saved, printed.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 
 namespace zorvant {
 
 struct frmSimTabelle : Form {
-    explicit frmSimTabelle(ProjectState& state);
+    explicit frmSimTabelle(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     TextField txtSimTabelle{*this, "txtSimTabelle"};
     Button cmdClipboard{*this, "cmdClipboard", "Paste to clipboard"};

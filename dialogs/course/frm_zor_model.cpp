@@ -1,6 +1,9 @@
-#include "engine/frm_zor_model.h"
+#include "dialogs/course/frm_zor_model.h"
 
-#include "engine/calc_dialog.h"
+#include "dialogs/common/calc_dialog.h"
+#include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
+#include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
 #include "platform/host.h"
@@ -15,14 +18,10 @@ constexpr int kHelpMatrix = 10241;
 constexpr double kSeedOfAutocatalysis = 0.002;
 constexpr const char* kColumnGap = "                "; // 16 blanks
 
-bool IsAutocatalysis(int model) {
-    return model == 5 || model == 16;
-}
-
 /// Captions of two frames are taken from their extents while the model has more than one.
 constexpr const char* kExtentsTip = "... both to the right => ";
 
-void ShowConcentrations(ProjectState& ps, CalcDialog& dialog) {
+void ShowConcentrations(Workspace& ps, CalcDialog& dialog) {
     for (int i = 0; i < 10; ++i) {
         dialog.Inp(i).visible = false;
         dialog.Inp(i).text.clear();
@@ -39,10 +38,10 @@ void ShowConcentrations(ProjectState& ps, CalcDialog& dialog) {
         dialog.Inp(i).locked = true;
 }
 
-void NameSpecies(ProjectState& ps, CalcDialog& dialog) {
+void NameSpecies(Workspace& ps, CalcDialog& dialog) {
     for (int i = 0; i < 10; ++i)
         dialog.lblStoff(i).text = SpeciesName(ps.ModelId, i % 5 + 1);
-    if (dialog.id == CalcDialogId::Fitting)
+    if (dialog.id == CalcTask::Fitting)
         return;
     for (int slot = 1; slot <= kSpecies; ++slot) {
         Option& option = dialog.optSpecialScaling(slot - 1);
@@ -52,9 +51,9 @@ void NameSpecies(ProjectState& ps, CalcDialog& dialog) {
     }
 }
 
-void CaptionConstants(ProjectState& ps, CalcDialog& dialog) {
+void CaptionConstants(Workspace& ps, CalcDialog& dialog) {
     const ReactionModel& model = Model(ps.ModelId);
-    const bool nonIsothermal = ps.FitMode > 5;
+    const bool nonIsothermal = ps.FitMode >= kFirstTemperatureMode;
     for (int j = 1; j <= 3; ++j) {
         Label& caption = dialog.Bz(j + 4);
         caption.text = model.constantCaptions[static_cast<std::size_t>(j)];
@@ -68,14 +67,14 @@ void CaptionConstants(ProjectState& ps, CalcDialog& dialog) {
     if (nonIsothermal) {
         dialog.Bz(5).text = "Arrhenius-A";
         dialog.Bz(6).text = "EA";
-    } else if (ps.FitMode == 2) {
+    } else if (ps.FitMode == kFitOrder) {
         dialog.Bz(6).text = "n";
     }
 }
 
-void WriteValues(ProjectState& ps, CalcDialog& dialog) {
+void WriteValues(Workspace& ps, CalcDialog& dialog) {
     const auto c0P = static_cast<std::size_t>(4);
-    if (IsAutocatalysis(ps.ModelId)) {
+    if (IsAutocatalytic(ps.ModelId)) {
         if (Val(dialog.Inp(3).text) == 0 && ps.c0[c0P] == 0)
             ps.c0[c0P] = kSeedOfAutocatalysis;
     } else if (ps.c0[c0P] == kSeedOfAutocatalysis) {
@@ -83,18 +82,18 @@ void WriteValues(ProjectState& ps, CalcDialog& dialog) {
     }
     for (int slot = 1; slot <= kSpecies; ++slot)
         dialog.Inp(slot - 1).text = GeneralText(ps.c0[static_cast<std::size_t>(slot)]);
-    if (ps.FitMode == 2)
+    if (ps.FitMode == kFitOrder)
         dialog.Inp(11).text = GeneralText(static_cast<double>(ps.OrderN));
-    if (dialog.id == CalcDialogId::Batch || dialog.id == CalcDialogId::Tubular)
+    if (dialog.id == CalcTask::Batch || dialog.id == CalcTask::Tubular)
         dialog.Inp(14).text = GeneralText(ps.tVerweil);
-    if (dialog.id == CalcDialogId::TimeDiagram || dialog.id == CalcDialogId::Fitting)
+    if (dialog.id == CalcTask::TimeDiagram || dialog.id == CalcTask::Fitting)
         dialog.Inp(14).text = GeneralText(ps.tMax);
     if (dialog.onShowParameters)
         dialog.onShowParameters();
 }
 
 /// Puts the selected model into the open calculation dialog.
-void AdaptCalcDialog(ProjectState& ps, CalcDialog& dialog) {
+void AdaptCalcDialog(Workspace& ps, CalcDialog& dialog) {
     dialog.fraKsi.visible = false;
     ShowConcentrations(ps, dialog);
     ps.UA = 0;
@@ -134,7 +133,7 @@ void ShowTimeUnit(frmZorModel& form) {
 }
 
 void Form_Load(frmZorModel& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     form.txtOrdnung.text = GeneralText(static_cast<double>(ps.OrderN));
     ps.TimeUnitIdx = TimeUnitIndex(ps.TimeUnitText);
     ShowTimeUnit(form);
@@ -147,8 +146,8 @@ void Form_Load(frmZorModel& form) {
 
 } // namespace
 
-frmZorModel::frmZorModel(ProjectState& state)
-    : Form("frmZorModel", " Kinetic Model"), ps(state),
+frmZorModel::frmZorModel(Workspace& state)
+    : Form(name::kModel, " Kinetic Model"), ps(state),
       optTyp(*this, "optTyp",
              {"", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", "", ""}) {
     helpTopic = kHelpModel;
@@ -163,26 +162,26 @@ frmZorModel::frmZorModel(ProjectState& state)
     txtOrdnung.onKeyPress = [this](int& key) { txtOrdnung_KeyPress(*this, key); };
     txtOrdnung.onChange = [this] { txtOrdnung_Change(*this); };
     cmdShowMatrix.onClick = [this] {
-        if (Form* matrix = FindForm(ps.desktop, "frmmatrix"))
+        if (Form* matrix = FindForm(ps.desktop, name::kMatrix))
             ShowForm(ps.desktop, *matrix);
     };
     Declare();
 }
 
 void optTyp_Click(frmZorModel& form, int index) {
-    ProjectState& ps = form.ps;
-    if (Form* alcohol = FindForm(ps.desktop, "frmBlutalkohol"))
+    Workspace& ps = form.ps;
+    if (Form* alcohol = FindForm(ps.desktop, name::kBloodAlcohol))
         UnloadForm(ps.desktop, *alcohol);
     ps.EquilibriumModel = false;
     ps.MMDiagram = false;
     ps.ModelId = ModelOfOption(index);
     const ReactionModel& model = Model(ps.ModelId);
-    if (ps.ModelId == 20)
+    if (HasOrder(ps.ModelId))
         ps.OrderN = static_cast<float>(Val(form.txtOrdnung.text));
     SelectionDefaultTimes(ps);
-    if (ps.FitMode == 0)
-        ps.DiagramKind = ps.RateDiagram ? ps.ModelId + 50 : ps.ModelId;
-    else if (ps.DiagramKind != -9)
+    if (ps.FitMode == kNoFit)
+        ps.DiagramKind = ps.RateDiagram ? ps.ModelId + kRateKinds : ps.ModelId;
+    else if (ps.DiagramKind != kKindFitPoints)
         ps.DiagramKind = ps.ModelId;
     FuMaskenSetzen(ps, ps.ModelId);
     FillStoich(ps);
@@ -191,10 +190,10 @@ void optTyp_Click(frmZorModel& form, int index) {
     ps.ReversibleA = model.reversibleA;
     ps.EquilibriumModel = model.equilibrium;
     ps.NumericModel = model.numeric;
-    form.txtOrdnung.enabled = ps.ModelId == 20;
-    form.txtOrdnung.toolTip = ps.ModelId == 20 ? "" : "only for the n-th-order reaction A => P";
+    form.txtOrdnung.enabled = HasOrder(ps.ModelId);
+    form.txtOrdnung.toolTip = HasOrder(ps.ModelId) ? "" : "only for the n-th-order reaction A => P";
     SelectionDefaultConcentrations(ps);
-    if (ps.ModelId == 20 && ps.FitMode == 2)
+    if (HasOrder(ps.ModelId) && ps.FitMode == kFitOrder)
         ps.k[2] = static_cast<double>(ps.OrderN);
     SelectionDefaultConstants(ps);
 
@@ -202,12 +201,12 @@ void optTyp_Click(frmZorModel& form, int index) {
         AdaptCalcDialog(ps, *dialog);
     MarkSelection(form, index);
     UpdateUnitLabels(ps);
-    if (Form* matrix = FindForm(ps.desktop, "frmmatrix"); matrix != nullptr && matrix->loaded) {
+    if (Form* matrix = FindForm(ps.desktop, name::kMatrix); matrix != nullptr && matrix->loaded) {
         UnloadForm(ps.desktop, *matrix);
         ShowForm(ps.desktop, *matrix);
     }
     for (int i = 0; i < 2; ++i)
-        form.optMichMent(i).enabled = ps.ModelId == 10;
+        form.optMichMent(i).enabled = IsEnzymeModel(ps.ModelId);
     // The main window sets its menus, the data editor its heads.
     for (Form* open : ps.desktop.forms)
         if (open->loaded && open->onModelChanged)
@@ -215,7 +214,7 @@ void optTyp_Click(frmZorModel& form, int index) {
 }
 
 void optZeit_Click(frmZorModel& form, int index) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     ps.TimeUnitOldIdx = TimeUnitIndex(ps.TimeUnitText);
     ps.TimeUnitIdx = index;
     ShowTimeUnit(form);
@@ -225,7 +224,7 @@ void optZeit_Click(frmZorModel& form, int index) {
 void optMichMent_Click(frmZorModel& form) {
     form.ps.RcSMode = form.optMichMent.selected == 0;
     for (Form* open : form.ps.desktop.forms)
-        if (open->loaded && open->name == "frmDatedit" && open->onModelChanged)
+        if (open->loaded && open->name == name::kDataEditor && open->onModelChanged)
             open->onModelChanged();
 }
 
@@ -241,7 +240,7 @@ void txtOrdnung_KeyPress(frmZorModel& form, int& key) {
 void txtOrdnung_Change(frmZorModel& form) {
     form.txtOrdnung.text = CommasToPoints(form.txtOrdnung.text);
     form.ps.OrderN = static_cast<float>(Val(form.txtOrdnung.text));
-    if (form.ps.ModelId != 20)
+    if (!HasOrder(form.ps.ModelId))
         return;
     FillStoich(form.ps);
     if (CalcDialog* dialog = WhichCalcDialog(form.ps))
@@ -251,9 +250,9 @@ void txtOrdnung_Change(frmZorModel& form) {
 namespace {
 
 void Form_Load(frmmatrix& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     form.lblModel.text = ModelNameText(ps, ps.ModelId);
-    if (ps.ModelId == 20)
+    if (HasOrder(ps.ModelId))
         form.lblModel.text += " (n = " + FormatNumber(static_cast<double>(ps.OrderN), "0.00") + ")";
     Label* const heads[] = {&form.lblA, &form.lblB, &form.lblC, &form.lblP, &form.lblQ};
     for (int slot = 1; slot <= kSpecies; ++slot) {
@@ -271,8 +270,7 @@ void Form_Load(frmmatrix& form) {
 
 } // namespace
 
-frmmatrix::frmmatrix(ProjectState& state)
-    : Form("frmmatrix", " Stoichiometric Matrix "), ps(state) {
+frmmatrix::frmmatrix(Workspace& state) : Form(name::kMatrix, " Stoichiometric Matrix "), ps(state) {
     helpTopic = kHelpMatrix;
     cmdClose.isCancel = true;
     onLoad = [this] { Form_Load(*this); };

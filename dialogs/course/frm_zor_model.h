@@ -2,14 +2,14 @@
 // effect at once in the state and in the open dialog. Beside it the matrix dialog.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 
 namespace zorvant {
 
 struct frmZorModel : Form {
-    explicit frmZorModel(ProjectState& state);
+    explicit frmZorModel(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     Frame fraSimple{*this, "fraSimple", "Simple reactions"};
     Frame fraComplex{*this, "fraComplex", "Complex reactions"};
@@ -41,9 +41,9 @@ void txtOrdnung_KeyPress(frmZorModel& form, int& key);
 void txtOrdnung_Change(frmZorModel& form);
 
 struct frmmatrix : Form {
-    explicit frmmatrix(ProjectState& state);
+    explicit frmmatrix(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     Label lblModel{*this, "lblModel"};
     Label lblHead{*this, "lblHead", "(1)               (2)               (3)"};

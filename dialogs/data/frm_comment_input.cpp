@@ -1,8 +1,8 @@
-#include "data/frm_comment_input.h"
+#include "dialogs/data/frm_comment_input.h"
 
 namespace zorvant {
 
-frmCommentInput::frmCommentInput(ProjectState& state)
+frmCommentInput::frmCommentInput(Workspace& state)
     : Form("frmCommentInput", " File Comment for Project (optional)"), ps(state) {
     modal = true;
     helpTopic = 7012;

@@ -1,14 +1,14 @@
 // Asks for the comment of a project that is being saved.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 
 namespace zorvant {
 
 struct frmCommentInput : Form {
-    explicit frmCommentInput(ProjectState& state);
+    explicit frmCommentInput(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     Label lblComment{*this, "lblComment", "Input of a comment text"};
     TextField txtDatComm{*this, "txtDatComm"};

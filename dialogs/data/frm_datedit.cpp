@@ -1,10 +1,14 @@
 // The record of the data editor: what it shows, the input line, entry in the list.
-#include "data/frm_datedit.h"
+#include "dialogs/data/frm_datedit.h"
 
 #include "data/exp_data.h"
 #include "data/exp_file.h"
-#include "data/grid_editing.h"
+#include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
+#include "dialogs/data/grid_editing.h"
 #include "engine/arithmetic.h"
+#include "engine/modes.h"
+#include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -15,7 +19,6 @@ namespace {
 constexpr int kHelpDataEditor = 10100;
 constexpr const char* kRefused = "Execution not possible";
 constexpr const char* kEmptyList = "empty list";
-constexpr int kEnzymeModel = 10;
 /// Columns of the list: number, mark, then the values.
 constexpr int kMarkColumn = 1, kFirstValue = 2, kGridColumns = kFirstValue + kExpColumns;
 /// Widths in characters; all columns have room beside each other, and the user can widen them.
@@ -33,11 +36,11 @@ std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
 }
 
-ModelHeads HeadsOf(const ProjectState& ps) {
+ModelHeads HeadsOf(const Workspace& ps) {
     const std::string unit = Trim(ps.TimeUnitText);
     Heads heads{"time t/" + unit, "c(A)/(mol/L)", "c(B)/(mol/L)",
                 "c(C)/(mol/L)",   "c(P)/(mol/L)", "c(Q)/(mol/L)"};
-    if (ps.ModelId != kEnzymeModel)
+    if (!IsEnzymeModel(ps.ModelId))
         return {heads,
                 {"Time t/" + unit, " cA/(mol/L)  ", " cB/(mol/L)  ", " cC/(mol/L)  ",
                  " cP/(mol/L)  ", " cQ/(mol/L)  "}};
@@ -51,8 +54,8 @@ ModelHeads HeadsOf(const ProjectState& ps) {
     return {heads, heads};
 }
 
-bool BoxEnabled(const ProjectState& ps, int box) {
-    if (ps.ModelId != kEnzymeModel)
+bool BoxEnabled(const Workspace& ps, int box) {
+    if (!IsEnzymeModel(ps.ModelId))
         return true;
     return ps.RcSMode ? box == kExpTime || box == 2 : box < kExpLambda;
 }
@@ -73,7 +76,7 @@ void ShowRowText(std::vector<std::string>& cells, const ExpPoint& point, int row
 }
 
 TableSnapshot TableOf(const frmDatedit& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     constexpr std::size_t kMarks = kExpColumns, kReserved3 = kMarks + 1, kReserved4 = kMarks + 2;
     const auto value = [&](std::size_t row, std::size_t column) -> double {
         const ExpPoint& point = ps.ExpData[row + 1];
@@ -92,7 +95,7 @@ TableSnapshot TableOf(const frmDatedit& form) {
 }
 
 ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     return {.extent = extent,
             .table = TableOf(form),
             .timeUnit = ps.TimeUnitText,
@@ -105,7 +108,7 @@ ExpTableState StateOf(const frmDatedit& form, ExpTableState::Extent extent) {
 /// One side of a step instead of the other.
 void PutBack(frmDatedit& form, const ExpTableState& state, const ExpTableState& other) {
     using Extent = ExpTableState::Extent;
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     form.changing = true;
     const int unit = TimeUnitIndex(state.timeUnit), from = TimeUnitIndex(ps.TimeUnitText);
     if (state.extent == Extent::Unit)
@@ -148,7 +151,7 @@ void PutBack(frmDatedit& form, const ExpTableState& state, const ExpTableState& 
     SetEditMode(form, form.EditMode);
     EnableDataCommands(form, ps.ExpPointCount > 0);
     if (state.extent == Extent::File || state.extent == Extent::Data) // as a load counts its rows
-        FuCheckExpData(ps);
+        CheckExpData(ps);
 }
 
 void ShowHistory(frmDatedit& form) {
@@ -156,7 +159,7 @@ void ShowHistory(frmDatedit& form) {
 }
 
 /// Whether a table is another one in a new time unit and nothing else.
-bool IsUnitChange(const ProjectState& ps, const TableSnapshot& from, int fromUnit,
+bool IsUnitChange(const Workspace& ps, const TableSnapshot& from, int fromUnit,
                   const ExpTableState& now) {
     const TableSnapshot& to = now.table;
     const int unit = TimeUnitIndex(now.timeUnit);
@@ -215,9 +218,9 @@ void TakeForeignChanges(frmDatedit& form) {
 }
 
 void Form_Load(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     FuGridHeads(form);
-    ps.FitMode = 0;
+    ps.FitMode = kNoFit;
     form.txtComment.text = ps.ExpComment;
     form.lambda_infin.text = GeneralText(ps.LambdaInf);
     form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
@@ -239,7 +242,8 @@ void Form_Load(frmDatedit& form) {
 
 void Form_Unload(frmDatedit& form) {
     EnableDataCommands(form, form.ps.ExpPointCount > 0);
-    EnableControl(form.ps.desktop, "MDIZOR", "Toolbar1_8", form.ps.ExpPointCount > 0);
+    EnableControl(form.ps.desktop, name::kMainWindow, name::kToolSaveProject,
+                  form.ps.ExpPointCount > 0);
 }
 
 void Grid_Select(frmDatedit& form) {
@@ -282,8 +286,9 @@ void ShowNonIsothermalNote(frmDatedit& form) {
 
 } // namespace
 
-frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
-    : Form("frmDatedit", " Input/Edit Experimental Data "), ps(state), diagram(diagramDocument) {
+frmDatedit::frmDatedit(Workspace& state, DiagramDocument& diagramDocument)
+    : Form(name::kDataEditor, " Input/Edit Experimental Data "), ps(state),
+      diagram(diagramDocument) {
     helpTopic = kHelpDataEditor;
     lblY(7).text = "temperature/K        rate constant k";
     lblY(6).text = "lambda (t)";
@@ -359,7 +364,7 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
         GridKey(column, kFirstValue, ps.DecimalComma, key, commands);
     };
     Grid.onEdit = [this](int row, int column) { Grid_Edit(*this, row, column); };
-    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, "mnuEdit1"); };
+    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, name::kMenuOfData); };
     cmdUndo.onClick = [this] { cmdUndo_Click(*this); };
     cmdRedo.onClick = [this] { cmdRedo_Click(*this); };
     cmdAus.onClick = [this] { cmdAus_Click(*this); };
@@ -375,7 +380,7 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
     cmdLoadFile.onClick = [this] { cmdLoadFile_Click(*this); };
     cmdAddFile.onClick = [this] { cmdAddFile_Click(*this); };
     cmdImport.onClick = [this] {
-        if (Form* const dialog = FindForm(ps.desktop, "frmImportText"))
+        if (Form* const dialog = FindForm(ps.desktop, name::kImportText))
             ShowForm(ps.desktop, *dialog);
     };
     cmdSave.onClick = [this] { cmdSave_Click(*this); };
@@ -387,7 +392,7 @@ frmDatedit::frmDatedit(ProjectState& state, DiagramDocument& diagramDocument)
 // ---------------------------------------------------------------- what is shown
 
 void FuGridHeads(frmDatedit& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     const ModelHeads texts = HeadsOf(ps);
     for (std::size_t i = 0; i < texts.heads.size(); ++i) {
         std::string& head = form.Grid.heads[kFirstValue + i];
@@ -401,7 +406,7 @@ void FuGridHeads(frmDatedit& form) {
         form.y(box).enabled = BoxEnabled(ps, box);
         form.y(box).disabledTip = "not for data of the MICHAELIS-MENTEN enzyme reaction";
     }
-    const bool couples = ps.ModelId == kEnzymeModel && ps.RcSMode;
+    const bool couples = IsEnzymeModel(ps.ModelId) && ps.RcSMode;
     form.y(0).toolTip = couples ? " reaction rate of P" : "";
     form.TSort.text = couples ? "r(P) sorting" : "Time sorting";
     form.cmdDraw_rcS.enabled = couples;
@@ -410,7 +415,7 @@ void FuGridHeads(frmDatedit& form) {
     form.cmdDraw_ct.enabled = !couples;
     form.cmdDraw_ct.disabledTip = "the list holds r(P)-c(S) data";
     form.cmdDraw_Tk.disabledTip = form.cmdSave.disabledTip = kEmptyList;
-    if (ps.ModelId != kEnzymeModel)
+    if (!IsEnzymeModel(ps.ModelId))
         form.cmdDraw_Tk.enabled = ps.ExpPointCount > 0;
 }
 
@@ -470,13 +475,13 @@ void SetEditMode(frmDatedit& form, bool edit) {
 }
 
 void SetHeading(frmDatedit& form, const std::string& heading) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     form.caption = heading + (ps.DataFilePath.empty() ? "(unnamed)" : "(" + ps.DataFileTitle + ")");
 }
 
 void EnableDataCommands(const frmDatedit& form, bool enabled) {
-    EnableControl(form.ps.desktop, "MDIZOR", "mnuEditDat", enabled);
-    EnableControl(form.ps.desktop, "MDIZOR", "Toolbar1_16", enabled);
+    EnableControl(form.ps.desktop, name::kMainWindow, name::kEditData, enabled);
+    EnableControl(form.ps.desktop, name::kMainWindow, name::kToolEditData, enabled);
 }
 
 // ---------------------------------------------------------------- undo
@@ -548,7 +553,7 @@ void y_KeyPress(frmDatedit& form, int index, int& key) {
 }
 
 void OKinput_Click(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     double sum = 0;
     for (int box = 0; box < kExpColumns; ++box)
         sum += Val(form.y(box).text);
@@ -593,7 +598,7 @@ void OKinput_Click(frmDatedit& form) {
 }
 
 void optZeit_Click(frmDatedit& form, int unit) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     const int old = TimeUnitIndex(ps.TimeUnitText);
     ps.TimeUnitOldIdx = old;
     ps.TimeUnitIdx = unit;
@@ -612,7 +617,7 @@ void optZeit_Click(frmDatedit& form, int unit) {
 // ---------------------------------------------------------------- entry in the list
 
 void Grid_Edit(frmDatedit& form, int row, int column) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     const std::string text = CommasToPoints(form.Grid.cells.at(Index(row)).at(Index(column)));
     if (row >= ps.ExpPointCount) { // the row that says that there is none
         FillGrid(form);

@@ -5,8 +5,8 @@
 #include "data/exp_columns.h"
 #include "data/formats/table_text.h"
 #include "data/undo_history.h"
-#include "diagrams/diagram_document.h"
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
+#include "dialogs/diagram/diagram_document.h"
 
 #include <string>
 #include <vector>
@@ -28,9 +28,9 @@ struct ExpTableState {
 };
 
 struct frmDatedit : Form {
-    frmDatedit(ProjectState& state, DiagramDocument& diagramDocument);
+    frmDatedit(Workspace& state, DiagramDocument& diagramDocument);
 
-    ProjectState& ps;
+    Workspace& ps;
     DiagramDocument& diagram;
 
     // --- the data set as a whole

@@ -1,12 +1,15 @@
 // The commands of the data editor: lines and cells, clipboard, sorting, diagrams, files.
 #include "data/exp_data.h"
 #include "data/exp_file.h"
-#include "data/frm_datedit.h"
-#include "data/grid_editing.h"
 #include "data/pasted_table.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/dispatcher.h"
+#include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/grid_editing.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/dispatcher.h"
 #include "engine/arithmetic.h"
+#include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -18,7 +21,6 @@ namespace {
 constexpr const char* kRefused = "Execution not possible";
 constexpr int kFirstValue = 2; ///< column of the list that holds t
 constexpr int kDiagramOfCt = -1, kDiagramOfTk = -2, kDiagramOfRcS = -15;
-constexpr int kEnzymeModel = 10;
 /// Times of non-isothermal data that the fitting can do with, TU.
 constexpr double kLongTime = 1, kShortTime = 0.2;
 constexpr double kStartOfFit = 100;
@@ -48,8 +50,8 @@ void Refill(frmDatedit& form) {
 /// The fields that take so many pasted columns from the one at the cursor on; what has no room is
 /// left out.
 std::vector<int> FieldsFrom(const frmDatedit& form, int first, std::size_t count) {
-    const ProjectState& ps = form.ps;
-    if (ps.ModelId == kEnzymeModel && ps.RcSMode && first == kExpTime && count == 2)
+    const Workspace& ps = form.ps;
+    if (IsEnzymeModel(ps.ModelId) && ps.RcSMode && first == kExpTime && count == 2)
         return {kExpTime, 2}; // r(P) and c(S), which stand beside each other in people's sheets
     std::vector<int> fields;
     for (int field = first; field < kExpColumns && fields.size() < count; ++field)
@@ -66,7 +68,7 @@ bool HaveRoom(std::size_t rows) {
     return false;
 }
 
-void WriteNumbers(ProjectState& ps, const TableNumbers& numbers, const std::vector<int>& columns,
+void WriteNumbers(Workspace& ps, const TableNumbers& numbers, const std::vector<int>& columns,
                   int firstRow) {
     const int last = firstRow - 1 + static_cast<int>(numbers.Rows());
     if (last > ps.ExpPointCount) {
@@ -91,7 +93,7 @@ struct DiagramRows {
 };
 
 void Draw(frmDatedit& form, const DiagramRows& rows) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (ps.ExpPointCount == 0) {
         ps.DiagramKind = 0;
         ShowMessage("No points available!", kRefused, Icon::Critical);
@@ -117,7 +119,7 @@ void NoteSaved(frmDatedit& form) {
 
 /// What follows a load that went through.
 void ShowLoaded(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     NoteSaved(form);
     TellUnitOfData(ps);
     form.optZeit.selected = TimeUnitIndex(ps.TimeUnitText);
@@ -140,7 +142,7 @@ void ShowNotLoaded(frmDatedit& form) {
     SetEditMode(form, form.ps.ExpPointCount > 0);
     SetHeading(form, "Input of Experimental Points  ");
     form.cmdSave.enabled = false;
-    EnableControl(form.ps.desktop, "MDIZOR", "Toolbar1_16", false);
+    EnableControl(form.ps.desktop, name::kMainWindow, name::kToolEditData, false);
 }
 
 } // namespace
@@ -148,7 +150,7 @@ void ShowNotLoaded(frmDatedit& form) {
 // ---------------------------------------------------------------- lines and cells
 
 void cmdAus_Click(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (!HasRows(form))
         return;
     const int row = std::clamp(form.CurrentRow, 1, ps.ExpPointCount);
@@ -161,7 +163,7 @@ void cmdAus_Click(frmDatedit& form) {
 }
 
 void cmdErase_Click(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (!HasRows(form))
         return;
     const MarkedLines lines = Marked(form);
@@ -185,7 +187,7 @@ void cmdErase_Click(frmDatedit& form) {
 }
 
 void FuCellsClear(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (!HasRows(form))
         return;
     const MarkedLines lines = Marked(form);
@@ -204,7 +206,7 @@ void FuCellsClear(frmDatedit& form) {
 }
 
 void SortRows(frmDatedit& form, int column) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (!HasRows(form))
         return;
     MakeChange(form, "sorting", ExpTableState::Extent::Rows, [&] {
@@ -268,7 +270,7 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
                       const std::string& timeUnit) {
     if (!HaveRoom(numbers.Rows()))
         return false;
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     MakeChange(form, name, ExpTableState::Extent::File, [&] {
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
@@ -291,19 +293,19 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
 // ---------------------------------------------------------------- diagrams
 
 void cmdDraw_ct_Click(frmDatedit& form) {
-    FuCheckExpData(form.ps);
+    CheckExpData(form.ps);
     Draw(form, {kDiagramOfCt, form.ps.ExpPointCount - form.ps.nExcluded,
                 "all c-t points are deactivated!"});
 }
 
 void cmdDraw_rcS_Click(frmDatedit& form) {
-    FuCheckExpData(form.ps);
+    CheckExpData(form.ps);
     Draw(form, {kDiagramOfRcS, form.ps.nRcSPoints - form.ps.nExcluded,
                 "all r(P)-c(S) points are deactivated!"});
 }
 
 void cmdDraw_Tk_Click(frmDatedit& form) {
-    FuCheckExpData(form.ps);
+    CheckExpData(form.ps);
     Draw(form,
          {kDiagramOfTk, form.ps.nkTPoints - form.ps.nExcluded, "all k-T points are deactivated!"});
 }
@@ -323,7 +325,7 @@ void cmdLoadFile_Click(frmDatedit& form) {
 }
 
 void LoadIntoEditor(frmDatedit& form, const std::string& path) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     bool ok = false;
     MakeChange(form, "loading", ExpTableState::Extent::File, [&] {
         LoadExpFile(ps, path, false, ok); // a failure leaves the table as it is
@@ -333,7 +335,7 @@ void LoadIntoEditor(frmDatedit& form, const std::string& path) {
         ps.DataFileTitle = FileName(path);
         ps.DataDir = DirectoryOf(path);
         ps.DataIsSession = false;
-        FuCheckExpData(ps);
+        CheckExpData(ps);
     });
     if (ok)
         ShowLoaded(form);
@@ -350,7 +352,7 @@ void ReplaceTable(frmDatedit& form, const std::string& name, ExpTableState::Exte
 }
 
 void cmdAddFile_Click(frmDatedit& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     bool ok = false, cancelled = false;
     MakeChange(form, "appending", ExpTableState::Extent::File,
                [&] { LoadExpDialog(ps, true, ok, cancelled); });
@@ -382,8 +384,8 @@ void cmdSave_Click(frmDatedit& form) {
 }
 
 bool cmdApply_Click(frmDatedit& form) {
-    ProjectState& ps = form.ps;
-    FuCheckExpData(ps);
+    Workspace& ps = form.ps;
+    CheckExpData(ps);
     const bool awkward = ps.tMaxData > kLongTime || ps.tMaxData < kShortTime;
     if (ps.nTemperatures > 1 && ps.HasCtTData && awkward &&
         Ask(JoinLines({"The actual values of the reaction times t can cause ",
@@ -400,7 +402,7 @@ bool cmdApply_Click(frmDatedit& form) {
         ps.ArrA = ps.ArrEA = kStartOfFit;
     FuInitialValuesFromData(ps);
     if (ps.ExpPointCount > 0) {
-        EnableControl(ps.desktop, "MDIZOR", "Toolbar1_16", true);
+        EnableControl(ps.desktop, name::kMainWindow, name::kToolEditData, true);
         form.Lbl6.visible = true;
     }
     return true;

@@ -1,6 +1,8 @@
-#include "data/frm_import_text.h"
+#include "dialogs/data/frm_import_text.h"
 
 #include "data/pasted_table.h"
+#include "dialogs/common/names.h"
+#include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -18,7 +20,6 @@ constexpr const char* kRefused = "Execution not possible";
 constexpr std::size_t kPreviewLines = 60, kPreviewRows = 60;
 constexpr int kMostSkipped = 10000;
 constexpr int kNumberWidth = 5, kTextWidth = 14;
-constexpr int kEnzymeModel = 10;
 /// Entries of cmbDecimal.
 constexpr int kAsFound = 0, kPoint = 1;
 
@@ -114,7 +115,7 @@ void AssignColumns(frmImportText& form, std::size_t columns) {
     }
     if (any)
         return;
-    const bool couples = form.ps.ModelId == kEnzymeModel && form.ps.RcSMode;
+    const bool couples = IsEnzymeModel(form.ps.ModelId) && form.ps.RcSMode;
     const int most = std::min(static_cast<int>(columns), kExpColumns);
     for (int column = 0; column < most; ++column) {
         const int field = couples && columns == 2 && column == 1 ? 2 : column;
@@ -228,8 +229,8 @@ void SeparatorChosen(frmImportText& form) {
 
 } // namespace
 
-frmImportText::frmImportText(ProjectState& state, frmDatedit& dataEditor)
-    : Form("frmImportText", "Import text/CSV"), ps(state), editor(dataEditor) {
+frmImportText::frmImportText(Workspace& state, frmDatedit& dataEditor)
+    : Form(name::kImportText, "Import text/CSV"), ps(state), editor(dataEditor) {
     modal = true;
     helpTopic = kHelpImport;
     for (const Separator& separator : kSeparators)

@@ -4,16 +4,16 @@
 
 #include "data/exp_columns.h"
 #include "data/formats/table_text.h"
-#include "data/frm_datedit.h"
+#include "dialogs/data/frm_datedit.h"
 
 #include <string>
 
 namespace zorvant {
 
 struct frmImportText : Form {
-    frmImportText(ProjectState& state, frmDatedit& dataEditor);
+    frmImportText(Workspace& state, frmDatedit& dataEditor);
 
-    ProjectState& ps;
+    Workspace& ps;
     frmDatedit& editor;
 
     Label lblFile{*this, "lblFile"};

@@ -1,4 +1,4 @@
-#include "data/frm_z_cmn_dlg.h"
+#include "dialogs/data/frm_z_cmn_dlg.h"
 
 #include "data/exp_file.h"
 #include "data/folder_list.h"
@@ -100,7 +100,7 @@ void Accept(frmZCmnDlg& form) {
 
 /// The name of the open project or data file stands selected, so that its preview shows.
 void SelectPresent(frmZCmnDlg& form) {
-    const ProjectState& ps = form.ps;
+    const Workspace& ps = form.ps;
     const std::string pattern = UpperCase(form.pattern);
     const std::string wanted = UpperCase(pattern == "*.ZC3"   ? ps.ProjectTitle
                                          : pattern == "*.ZI3" ? ps.DataFileTitle
@@ -118,7 +118,7 @@ void SelectPresent(frmZCmnDlg& form) {
 
 } // namespace
 
-frmZCmnDlg::frmZCmnDlg(ProjectState& state) : Form("frmZCmnDlg"), ps(state) {
+frmZCmnDlg::frmZCmnDlg(Workspace& state) : Form("frmZCmnDlg"), ps(state) {
     modal = true;
     helpTopic = kHelpFiles;
     left = 20;

@@ -3,14 +3,14 @@
 #pragma once
 
 #include "data/file_dialog.h"
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 
 namespace zorvant {
 
 struct frmZCmnDlg : Form {
-    explicit frmZCmnDlg(ProjectState& state);
+    explicit frmZCmnDlg(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
 
     Label lblPath{*this, "lblPath", "Path"};
     Label lblOpenPath{*this, "lblOpenPath"};

@@ -1,8 +1,8 @@
 // The commands of the X-Y editor: lines and cells, clipboard, sorting, transforms, diagram, files.
-#include "data/frm_zxy_editor.h"
-#include "data/grid_editing.h"
 #include "data/pasted_table.h"
 #include "data/previous_version.h"
+#include "dialogs/data/frm_zxy_editor.h"
+#include "dialogs/data/grid_editing.h"
 #include "engine/arithmetic.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -100,7 +100,7 @@ PointBuffer ActiveLines(const frmZXYEditor& form) {
 }
 
 void BuildFrame(frmZXYEditor& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     const PointBuffer& points = ps.ManualBuf;
     Extremes x{static_cast<double>(points[1].x), static_cast<double>(points[1].x)};
     Extremes y{static_cast<double>(points[1].y), static_cast<double>(points[1].y)};
@@ -304,7 +304,7 @@ void cmdClipEinfuegen_Click(frmZXYEditor& form) {
 // ---------------------------------------------------------------- diagram
 
 void cmdDrawManu_Click(frmZXYEditor& form) {
-    ProjectState& ps = form.ps;
+    Workspace& ps = form.ps;
     if (ps.XYCount == 0) {
         ShowMessage("empty list", kRefused, Icon::Critical);
         return;

@@ -1,7 +1,8 @@
 // The record of the X-Y editor: what it shows, the input line, entry in the list.
-#include "data/frm_zxy_editor.h"
+#include "dialogs/data/frm_zxy_editor.h"
 
-#include "data/grid_editing.h"
+#include "dialogs/common/names.h"
+#include "dialogs/data/grid_editing.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -116,8 +117,8 @@ void Form_QueryUnload(frmZXYEditor& form, bool& cancel) {
 
 } // namespace
 
-frmZXYEditor::frmZXYEditor(ProjectState& state, DiagramDocument& diagramDocument)
-    : Form("frmZXYEditor", "Manual data input"), ps(state), diagram(diagramDocument) {
+frmZXYEditor::frmZXYEditor(Workspace& state, DiagramDocument& diagramDocument)
+    : Form(name::kXYEditor, "Manual data input"), ps(state), diagram(diagramDocument) {
     helpTopic = kHelpXYEditor;
     lblY(0).text = "X";
     lblY(1).text = "Y";
@@ -166,7 +167,7 @@ frmZXYEditor::frmZXYEditor(ProjectState& state, DiagramDocument& diagramDocument
         GridKey(column, kXColumn, ps.DecimalComma, key, commands);
     };
     Grid.onEdit = [this](int row, int column) { Grid_Edit(*this, row, column); };
-    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, "mnuEdit2"); };
+    Grid.onContextMenu = [this] { PopUpMenu(ps.desktop, name::kMenuOfList); };
     cmdUndo.onClick = [this] { cmdUndo_Click(*this); };
     cmdRedo.onClick = [this] { cmdRedo_Click(*this); };
     cmdAus.onClick = [this] { cmdAus_Click(*this); };
@@ -235,8 +236,8 @@ void EnableListCommands(frmZXYEditor& form) {
         control->enabled = rows;
         control->disabledTip = kEmptyList;
     }
-    for (const char* entry : {"mnuErase2", "mnuCopy2"})
-        EnableControl(form.ps.desktop, "MDIZOR", entry, rows);
+    for (const char* entry : {name::kEraseInList, name::kCopyFromList})
+        EnableControl(form.ps.desktop, name::kMainWindow, entry, rows);
 }
 
 void ShowInputLine(frmZXYEditor& form) {

@@ -5,8 +5,8 @@
 #include "data/formats/xy.h"
 #include "data/recovery.h"
 #include "data/undo_history.h"
-#include "diagrams/diagram_document.h"
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
+#include "dialogs/diagram/diagram_document.h"
 
 #include <string>
 #include <vector>
@@ -20,9 +20,9 @@ struct XYListState {
 };
 
 struct frmZXYEditor : Form {
-    frmZXYEditor(ProjectState& state, DiagramDocument& diagramDocument);
+    frmZXYEditor(Workspace& state, DiagramDocument& diagramDocument);
 
-    ProjectState& ps;
+    Workspace& ps;
     DiagramDocument& diagram;
 
     Label lblComment{*this, "lblComment", "Comment"};

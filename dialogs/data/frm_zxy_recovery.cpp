@@ -1,7 +1,7 @@
 // What survives a crash of an X-Y list: a list .XY with all digits, a third column that marks the
 // inactive lines, and behind the comment the name of the file whose changes it keeps.
 #include "data/formats/table_text.h"
-#include "data/frm_zxy_editor.h"
+#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"

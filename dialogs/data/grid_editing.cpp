@@ -1,5 +1,6 @@
-#include "data/grid_editing.h"
+#include "dialogs/data/grid_editing.h"
 
+#include "dialogs/common/names.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -38,7 +39,7 @@ bool HasLines(int lineCount) {
 }
 
 void PopUpMenu(const Desktop& desktop, const char* menu) {
-    Form* const main = FindForm(desktop, "MDIZOR");
+    Form* const main = FindForm(desktop, name::kMainWindow);
     Control* const entry = main == nullptr ? nullptr : main->Find(menu);
     if (entry != nullptr && entry->kind == Kind::MenuEntry)
         host().popupMenu(static_cast<MenuEntry&>(*entry));

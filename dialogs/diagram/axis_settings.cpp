@@ -1,6 +1,6 @@
-#include "diagrams/axis_settings.h"
+#include "dialogs/diagram/axis_settings.h"
 
-#include "diagrams/coordinates.h"
+#include "dialogs/diagram/coordinates.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -116,7 +116,7 @@ void cmdZoom_Click(DiagramDocument& doc) {
     StartRubberZoom(doc.surface);
 }
 
-void cmdZoomReset_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdZoomReset_Click(Workspace& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     ResetZoom(doc.surface);
     CancelZoom(doc);
@@ -125,7 +125,7 @@ void cmdZoomReset_Click(ProjectState& ps, DiagramDocument& doc) {
     optScaling_Click(doc, 0);
 }
 
-void ReleaseZoom(ProjectState& ps, DiagramDocument& doc, bool leftButton, double px, double py) {
+void ReleaseZoom(Workspace& ps, DiagramDocument& doc, bool leftButton, double px, double py) {
     doc.pointer = ChartPointer::Default;
     if (!leftButton)
         return;

@@ -2,7 +2,7 @@
 // the keys walk along the curves.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
@@ -26,10 +26,10 @@ void cmdGitterFarbe_Click(DiagramDocument& doc);
 // --- zoom
 
 void cmdZoom_Click(DiagramDocument& doc);
-void cmdZoomReset_Click(ProjectState& ps, DiagramDocument& doc);
+void cmdZoomReset_Click(Workspace& ps, DiagramDocument& doc);
 /// A mouse button was released over the chart: the left one ends a zoom, and the frame takes what
 /// the axes show. A rectangle so small that Single can't tell its limits apart is not taken.
-void ReleaseZoom(ProjectState& ps, DiagramDocument& doc, bool leftButton, double px, double py);
+void ReleaseZoom(Workspace& ps, DiagramDocument& doc, bool leftButton, double px, double py);
 /// Esc while a zoom waits or is drawn. Returned: whether there was one.
 bool CancelZoom(DiagramDocument& doc);
 

@@ -1,5 +1,7 @@
-#include "diagrams/coordinates.h"
+#include "dialogs/diagram/coordinates.h"
 
+#include "engine/modes.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -61,13 +63,13 @@ constexpr StartOfRange kStarts[] = {
     {&KoordMemory::RngRC, 0, 0},
 };
 
-void TakePoint(const ProjectState& ps, KoordMemory& m, const ExpPoint& p) {
+void TakePoint(const Workspace& ps, KoordMemory& m, const ExpPoint& p) {
     Raise(m.RngT, p.t);
     for (int slot = 1; slot <= kSpecies; ++slot)
         Raise(m.RngC, p.c(slot));
-    if (ps.FitMode == 6)
+    if (ps.FitMode == kFitFirstOrderT)
         m.RngC.upper = 1;
-    if (ps.FitMode == 7)
+    if (ps.FitMode == kFitSecondOrderT)
         m.RngC.upper = ps.c0Data[1];
     Raise(m.RngTemp, p.T);
     if (p.T > 0)
@@ -90,7 +92,7 @@ void TakePoint(const ProjectState& ps, KoordMemory& m, const ExpPoint& p) {
         if (p.cB > kNotGiven)
             Take(m.RngLnAB, std::log(p.cA / p.cB));
     }
-    if (ps.ModelId != 10)
+    if (!IsEnzymeModel(ps.ModelId))
         return;
     const double r = p.t;
     Raise(m.RngR, r);
@@ -134,7 +136,7 @@ bool ShowsConcentrations(const DiagramKindRow& row) {
 }
 
 /// The diagrams whose frame the saturation curve of the enzyme model replaces.
-bool GivesWayToSaturation(const ProjectState& ps, const DiagramKindRow& row) {
+bool GivesWayToSaturation(const Workspace& ps, const DiagramKindRow& row) {
     const bool rates = row.x == &KoordMemory::RngT && row.y == &KoordMemory::RngR;
     return IsMichaelisMentenCurve(ps) && (ShowsConcentrations(row) || rates);
 }
@@ -158,7 +160,7 @@ bool TakeFrame(DiaKoord& frame, const Array<TextField, 4, 1>& boxes) {
 }
 
 /// What both coordinate panels do with their boxes.
-void ApplyCoordinates(ProjectState& ps, DiagramDocument& doc, Array<TextField, 4, 1>& boxes,
+void ApplyCoordinates(Workspace& ps, DiagramDocument& doc, Array<TextField, 4, 1>& boxes,
                       bool closePanel) {
     if (TakeFrame(ps.Frame, boxes)) {
         if (closePanel)
@@ -208,7 +210,7 @@ void SetManualSpacing(DiagramDocument& doc, const SpacingField& field) {
 
 } // namespace
 
-void FuKoordLesen(const ProjectState& ps, int kind, const KoordMemory& memory, DiaKoord& frame) {
+void FuKoordLesen(const Workspace& ps, int kind, const KoordMemory& memory, DiaKoord& frame) {
     const auto put = [&frame](Range x, Range y) {
         frame.xMin = x.lower;
         frame.xMax = x.upper;
@@ -232,7 +234,7 @@ void FuKoordLesen(const ProjectState& ps, int kind, const KoordMemory& memory, D
     }
 }
 
-void FuKoordMerken(const ProjectState& ps, int kind, KoordMemory& memory, const DiaKoord& frame) {
+void FuKoordMerken(const Workspace& ps, int kind, KoordMemory& memory, const DiaKoord& frame) {
     const DiagramKindRow* row = FindDiagramKind(kind);
     if (row == nullptr)
         return;
@@ -246,13 +248,13 @@ void FuKoordMerken(const ProjectState& ps, int kind, KoordMemory& memory, const 
         return;
     memory.*row->x = {frame.xMin, frame.xMax};
     memory.*row->y = {frame.yMin, frame.yMax};
-    if (ShowsConcentrations(*row) && ps.FitMode == 6)
+    if (ShowsConcentrations(*row) && ps.FitMode == kFitFirstOrderT)
         memory.RngC.upper = 1;
-    if (ShowsConcentrations(*row) && ps.FitMode == 7)
+    if (ShowsConcentrations(*row) && ps.FitMode == kFitSecondOrderT)
         memory.RngC.upper = ps.c0Data[1];
 }
 
-void FuDatenBereiche(ProjectState& ps, int kind) {
+void FuDatenBereiche(Workspace& ps, int kind) {
     if (kind >= 0)
         return;
     KoordMemory& m = ps.Memory;
@@ -264,7 +266,7 @@ void FuDatenBereiche(ProjectState& ps, int kind) {
     AddMargins(m);
 }
 
-void FuKoordSetzen(ProjectState& ps, DiagramDocument& doc) {
+void FuKoordSetzen(Workspace& ps, DiagramDocument& doc) {
     const auto xMin = static_cast<double>(ps.Frame.xMin);
     const auto xMax = static_cast<double>(ps.Frame.xMax);
     const auto yMin = static_cast<double>(ps.Frame.yMin);
@@ -290,7 +292,7 @@ void ShowFrame(const DiaKoord& frame, Array<TextField, 4, 1>& boxes) {
         boxes(i).text = PlainText(static_cast<double>(*limits[static_cast<std::size_t>(i - 1)]));
 }
 
-void mnuCoord_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuCoord_Click(Workspace& ps, DiagramDocument& doc) {
     FuPanelsZu(doc);
     ShowFrame(ps.Frame, doc.coord);
     doc.fraCoordInput.visible = true;
@@ -298,7 +300,7 @@ void mnuCoord_Click(ProjectState& ps, DiagramDocument& doc) {
     doc.setFocus = &doc.coord(1);
 }
 
-void cmdCoord_OK_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdCoord_OK_Click(Workspace& ps, DiagramDocument& doc) {
     ApplyCoordinates(ps, doc, doc.coord, true);
 }
 
@@ -306,7 +308,7 @@ void cmdCoord_Esc_Click(DiagramDocument& doc) {
     doc.fraCoordInput.visible = false;
 }
 
-void cmdTabCoord_OK_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdTabCoord_OK_Click(Workspace& ps, DiagramDocument& doc) {
     ApplyCoordinates(ps, doc, doc.Tabcoord, false);
     ps.BacTimeMax = ps.Frame.xMax;
 }

@@ -2,33 +2,33 @@
 // surface and how the user changes it.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
 /// The four limits of the frame from the memory of ranges; an unknown kind leaves them.
-void FuKoordLesen(const ProjectState& ps, int kind, const KoordMemory& memory, DiaKoord& frame);
+void FuKoordLesen(const Workspace& ps, int kind, const KoordMemory& memory, DiaKoord& frame);
 
 /// The limits back into the memory. Kinds with fixed limits store nothing.
-void FuKoordMerken(const ProjectState& ps, int kind, KoordMemory& memory, const DiaKoord& frame);
+void FuKoordMerken(const Workspace& ps, int kind, KoordMemory& memory, const DiaKoord& frame);
 
 /// The ranges that measured points need, with a margin of a twentieth of their width.
 /// Given:    a negative kind; any other does nothing; all rows count, switched-off ones too
 /// Returned: ps.Memory
 /// Formula:  m = (upper - lower)/20; RngT, RngC and RngR grow at their upper end only
-void FuDatenBereiche(ProjectState& ps, int kind);
+void FuDatenBereiche(Workspace& ps, int kind);
 
 /// Applies the frame to the plot surface: axes X, Y and Y2, and the hidden series that spans it.
-void FuKoordSetzen(ProjectState& ps, DiagramDocument& doc);
+void FuKoordSetzen(Workspace& ps, DiagramDocument& doc);
 
 /// Whether a point lies in the frame, its edges included.
 bool InsideFrame(const DiaKoord& frame, double x, double y);
 
 // --- panels
-void mnuCoord_Click(ProjectState& ps, DiagramDocument& doc);
-void cmdCoord_OK_Click(ProjectState& ps, DiagramDocument& doc);
+void mnuCoord_Click(Workspace& ps, DiagramDocument& doc);
+void cmdCoord_OK_Click(Workspace& ps, DiagramDocument& doc);
 void cmdCoord_Esc_Click(DiagramDocument& doc);
-void cmdTabCoord_OK_Click(ProjectState& ps, DiagramDocument& doc);
+void cmdTabCoord_OK_Click(Workspace& ps, DiagramDocument& doc);
 /// Enter moves to the next of the four boxes, anything else passes the filter of numeric fields.
 void coord_KeyPress(DiagramDocument& doc, Array<TextField, 4, 1>& boxes, int index, int& key);
 /// Writes the frame into four boxes in plain number form.

@@ -1,10 +1,11 @@
-#include "diagrams/curve_calculation.h"
+#include "dialogs/diagram/curve_calculation.h"
 
-#include "diagrams/diagram_legend.h"
-#include "diagrams/diagram_points.h"
 #include "diagrams/straight_lines.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_points.h"
 #include "engine/akima_spline.h"
 #include "engine/arithmetic.h"
+#include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/number_text.h"
 
@@ -18,8 +19,6 @@ namespace {
 constexpr float kLineSteps = 120;
 /// Blood serum against whole blood, g/mL: converts c into g/kg.
 constexpr double kBloodDensity = 1.055;
-/// Above this FitMode the fits are non-isothermal: one curve of A for each temperature.
-constexpr int kIsothermalFits = 5;
 constexpr std::string_view kSpeciesLetters = "ABCPQ";
 
 /// Fills a curve point by point; its count stands in element 0 however the filling ends.
@@ -49,11 +48,11 @@ int SpeciesToFetch(const std::string_view species, int left) {
     return static_cast<int>(kSpeciesLetters.find(letter)) + 1;
 }
 
-std::string SpeciesLabel(const ProjectState& ps, int slot, int species) {
+std::string SpeciesLabel(const Workspace& ps, int slot, int species) {
     const std::string name = std::string("(") + SpeciesName(ps.ModelId, species) + ") ";
     if (ps.RateDiagram)
         return "r" + name;
-    if (species == 1 && ps.FitMode > kIsothermalFits) {
+    if (species == 1 && ps.FitMode >= kFirstTemperatureMode) {
         const auto at = static_cast<std::size_t>(slot);
         const float temperature = at < ps.Temperatures.size() ? ps.Temperatures[at] : 0;
         return "T/K = " + FormatNumber(static_cast<double>(temperature), "####,##");
@@ -63,7 +62,7 @@ std::string SpeciesLabel(const ProjectState& ps, int slot, int species) {
 
 /// Points 0..NPoints of two lists, as far as both reach.
 template <class T>
-void AddArrays(const ProjectState& ps, const std::vector<T>& y, double divisor, PointBuffer& curve,
+void AddArrays(const Workspace& ps, const std::vector<T>& y, double divisor, PointBuffer& curve,
                bool& outside) {
     CurveWriter writer(curve);
     const std::size_t count =
@@ -76,11 +75,11 @@ void AddArrays(const ProjectState& ps, const std::vector<T>& y, double divisor, 
     }
 }
 
-void SpeciesCurve(ProjectState& ps, DiagramDocument& doc, int kind, int slot, PointBuffer& curve,
+void SpeciesCurve(Workspace& ps, DiagramDocument& doc, int kind, int slot, PointBuffer& curve,
                   bool& outside) {
     const DiagramKindRow* row = FindDiagramKind(ModelOfKind(kind));
     const std::string_view sequence = row->species;
-    const bool nonIsothermal = ps.FitMode > kIsothermalFits && sequence == "AP";
+    const bool nonIsothermal = ps.FitMode >= kFirstTemperatureMode && sequence == "AP";
     const int species = nonIsothermal ? 1 : SpeciesToFetch(sequence, ps.CurvesToDraw);
     if (nonIsothermal)
         ps.CurvesToDraw = 0;
@@ -97,7 +96,7 @@ void SpeciesCurve(ProjectState& ps, DiagramDocument& doc, int kind, int slot, Po
         AddArrays(ps, cSim(ps, species), 1, curve, outside);
 }
 
-void StraightLine(ProjectState& ps, DiagramDocument& doc, int kind, PointBuffer& curve, double& a,
+void StraightLine(Workspace& ps, DiagramDocument& doc, int kind, PointBuffer& curve, double& a,
                   double& b, float& r2, bool& outside) {
     const RegressionPoints points = CollectRegressionPoints(ps, kind);
     doc.RegressLeftOut = points.leftOut;
@@ -122,7 +121,7 @@ void StraightLine(ProjectState& ps, DiagramDocument& doc, int kind, PointBuffer&
 }
 
 /// A spline through the measured points of one species, from x = 0 whatever the frame.
-void SplineCurve(ProjectState& ps, DiagramDocument& doc, PointBuffer& curve, bool& outside) {
+void SplineCurve(Workspace& ps, DiagramDocument& doc, PointBuffer& curve, bool& outside) {
     const int n = ps.ExpPointCount;
     const int s = ps.SingleSpecies;
     ReserveAkima(ps, n);
@@ -151,7 +150,7 @@ void SplineCurve(ProjectState& ps, DiagramDocument& doc, PointBuffer& curve, boo
     }
 }
 
-void TracerCurve(const ProjectState& ps, PointBuffer& curve, bool& outside) {
+void TracerCurve(const Workspace& ps, PointBuffer& curve, bool& outside) {
     const auto& signal = ps.TracerBuf;
     const std::size_t held = signal.empty() ? 0 : signal.size() - 1;
     const std::size_t n =
@@ -194,7 +193,7 @@ void FuRegressGerade(const DiaKoord& frame, int n, const RegressionMatrix& matri
     }
 }
 
-void CalcCurve(ProjectState& ps, DiagramDocument& doc, int kind, int& slot, PointBuffer& curve,
+void CalcCurve(Workspace& ps, DiagramDocument& doc, int kind, int& slot, PointBuffer& curve,
                double& a, double& b, float& r2, std::string& note, bool& outside, bool& failed) {
     failed = false;
     note.clear();

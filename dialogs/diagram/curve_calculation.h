@@ -1,8 +1,8 @@
 // What a draw fetches: one curve of any kind of diagram into a buffer.
 #pragma once
 
-#include "diagrams/diagram_document.h"
 #include "diagrams/regression.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
@@ -15,7 +15,7 @@ namespace zorvant {
 ///           outside   false as soon as a point lies in the y range of the frame
 ///           failed, note  an arithmetic error and its text
 ///           the result line, k(1), the label of the slot
-void CalcCurve(ProjectState& ps, DiagramDocument& doc, int kind, int& slot, PointBuffer& curve,
+void CalcCurve(Workspace& ps, DiagramDocument& doc, int kind, int& slot, PointBuffer& curve,
                double& a, double& b, float& r2, std::string& note, bool& outside, bool& failed);
 
 /// Whether any point of a buffer lies in the y range of the frame.

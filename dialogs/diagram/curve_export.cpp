@@ -1,8 +1,8 @@
-#include "diagrams/curve_export.h"
+#include "dialogs/diagram/curve_export.h"
 
 #include "data/formats/xy.h"
 #include "data/previous_version.h"
-#include "diagrams/diagram_curves.h"
+#include "dialogs/diagram/diagram_curves.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -39,7 +39,7 @@ void cmdClipboard_Click(DiagramDocument& doc) {
     host().setClipboardText(text);
 }
 
-void cmdSaveCurveAsXY_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdSaveCurveAsXY_Click(Workspace& ps, DiagramDocument& doc) {
     const int slot = SlotOfFrontPage(doc);
     if (slot == 0)
         return;
@@ -67,12 +67,12 @@ void cmdSaveCurveAsXY_Click(ProjectState& ps, DiagramDocument& doc) {
     }
 }
 
-void cmbSep_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmbSep_Click(Workspace& ps, DiagramDocument& doc) {
     const auto index = static_cast<std::size_t>(std::clamp(doc.cmbSep.index, 0, 2));
     ps.CsvSep = kDelimiters.at(index);
 }
 
-void ShowDelimiter(const ProjectState& ps, DiagramDocument& doc) {
+void ShowDelimiter(const Workspace& ps, DiagramDocument& doc) {
     const auto found = std::ranges::find(kDelimiters, ps.CsvSep);
     doc.cmbSep.index = found == kDelimiters.end() ? static_cast<int>(kDelimiters.size()) - 1
                                                   : static_cast<int>(found - kDelimiters.begin());

@@ -1,17 +1,17 @@
 // A curve of the diagram as data: to the clipboard and as a list of points.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
 /// The curve of the page in front as lines of x, tab, y.
 void cmdClipboard_Click(DiagramDocument& doc);
 /// The same curve as .XY file (docs/file_formats.md), with the delimiter of the settings.
-void cmdSaveCurveAsXY_Click(ProjectState& ps, DiagramDocument& doc);
+void cmdSaveCurveAsXY_Click(Workspace& ps, DiagramDocument& doc);
 /// The delimiter of .XY files.
-void cmbSep_Click(ProjectState& ps, DiagramDocument& doc);
+void cmbSep_Click(Workspace& ps, DiagramDocument& doc);
 /// Shows the delimiter of the settings in cmbSep.
-void ShowDelimiter(const ProjectState& ps, DiagramDocument& doc);
+void ShowDelimiter(const Workspace& ps, DiagramDocument& doc);
 
 } // namespace zorvant

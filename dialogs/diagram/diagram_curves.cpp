@@ -1,12 +1,13 @@
-#include "diagrams/diagram_curves.h"
+#include "dialogs/diagram/diagram_curves.h"
 
-#include "diagrams/coordinates.h"
-#include "diagrams/curve_calculation.h"
-#include "diagrams/diagram_legend.h"
-#include "diagrams/diagram_marks.h"
-#include "diagrams/diagram_points.h"
-#include "diagrams/diagram_walk.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/curve_calculation.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_marks.h"
+#include "dialogs/diagram/diagram_points.h"
+#include "dialogs/diagram/diagram_walk.h"
 #include "engine/arithmetic.h"
+#include "engine/modes.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -51,7 +52,7 @@ bool HasOwnBuffer(int kind) {
 }
 
 /// The time axis of the batch calculation becomes the length of the tube.
-void StretchToTube(const ProjectState& ps, PointBuffer& curve) {
+void StretchToTube(const Workspace& ps, PointBuffer& curve) {
     const auto velocity = static_cast<double>(ps.vRohr);
     for (int i = 1; i <= BufferCount(curve); ++i) {
         float& x = curve[static_cast<std::size_t>(i)].x;
@@ -59,7 +60,7 @@ void StretchToTube(const ProjectState& ps, PointBuffer& curve) {
     }
 }
 
-void StretchFrameToTube(ProjectState& ps, DiagramDocument& doc) {
+void StretchFrameToTube(Workspace& ps, DiagramDocument& doc) {
     ps.Frame.xMax = ToSingle(static_cast<double>(ps.Frame.xMax) * static_cast<double>(ps.vRohr));
     FuKoordMerken(ps, ps.DiagramKind, ps.Memory, ps.Frame);
     doc.coord(2).text = PlainText(static_cast<double>(ps.Frame.xMax));
@@ -75,7 +76,7 @@ int LabelPoint(const DiaKoord& frame, const PointBuffer& curve, int slot) {
 }
 
 /// The label of a curve whose points are counted already, and the slider that moves it.
-void PlaceLabel(const ProjectState& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
+void PlaceLabel(const Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
     Slider& shift = doc.scrShiftLab(slot);
     shift.minimum = 1;
     shift.maximum = std::max(1, BufferCount(curve));
@@ -84,14 +85,14 @@ void PlaceLabel(const ProjectState& ps, DiagramDocument& doc, int slot, const Po
 }
 
 /// Fetches the next curve into the buffer and moves it to where the diagram shows it.
-void FetchCurve(ProjectState& ps, DiagramDocument& doc, bool& outside, bool& firstInTube) {
+void FetchCurve(Workspace& ps, DiagramDocument& doc, bool& outside, bool& firstInTube) {
     if (HasOwnBuffer(ps.DiagramKind)) {
         outside = outside && !SeenInFrame(ps.Frame, ps.CurveBuf);
     } else {
         CalcCurve(ps, doc, ps.DiagramKind, doc.CurveSlot, ps.CurveBuf, doc.RegressA, doc.RegressB,
                   doc.RegressR2, doc.DrawNote, outside, doc.DrawError);
     }
-    ps.CurvesToDraw = ps.FitMode > kIsothermalFits ? 0 : ps.CurvesToDraw - 1;
+    ps.CurvesToDraw = ps.FitMode >= kFirstTemperatureMode ? 0 : ps.CurvesToDraw - 1;
     if (!ps.IsTubular || doc.DrawError)
         return;
     try {
@@ -106,7 +107,7 @@ void FetchCurve(ProjectState& ps, DiagramDocument& doc, bool& outside, bool& fir
 }
 
 /// Puts the fetched curve with label and legend text into its slot.
-void PlaceCurve(ProjectState& ps, DiagramDocument& doc) {
+void PlaceCurve(Workspace& ps, DiagramDocument& doc) {
     const int slot = doc.CurveSlot;
     const int count = BufferCount(ps.CurveBuf);
     const PlotBatch batch(doc.surface);
@@ -124,7 +125,7 @@ void PlaceCurve(ProjectState& ps, DiagramDocument& doc) {
 
 enum class DrawEnd { Done, NoSlot, Failed };
 
-DrawEnd DrawPending(ProjectState& ps, DiagramDocument& doc, bool& outside) {
+DrawEnd DrawPending(Workspace& ps, DiagramDocument& doc, bool& outside) {
     bool firstInTube = true;
     while (ps.CurvesToDraw > 0) {
         if (!FuKurvePlatz(ps, doc))
@@ -163,7 +164,7 @@ void FreeAllSlots(DiagramDocument& doc) {
 
 } // namespace
 
-void cmdDraw_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdDraw_Click(Workspace& ps, DiagramDocument& doc) {
     if (ps.CurvesToDraw <= 0)
         return;
     FuPanelsZu(doc);
@@ -183,7 +184,7 @@ void cmdDraw_Click(ProjectState& ps, DiagramDocument& doc) {
             "WARNING", Icon::Warning);
 }
 
-bool FuKurvePlatz(ProjectState& ps, DiagramDocument& doc) {
+bool FuKurvePlatz(Workspace& ps, DiagramDocument& doc) {
     auto& slotFree = doc.CurveSlotFree;
     if (ps.CurveCount == 0)
         FreeAllSlots(doc);
@@ -205,7 +206,7 @@ bool FuKurvePlatz(ProjectState& ps, DiagramDocument& doc) {
     return true;
 }
 
-void FuKurveZeichnen(ProjectState& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
+void FuKurveZeichnen(Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
     const int count = BufferCount(curve);
     std::vector<double> x, y;
     x.reserve(static_cast<std::size_t>(count));
@@ -221,7 +222,7 @@ void FuKurveZeichnen(ProjectState& ps, DiagramDocument& doc, int slot, const Poi
     ShowCurveLabel(doc, slot, true);
 }
 
-void cmdManuKurve_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdManuKurve_Click(Workspace& ps, DiagramDocument& doc) {
     if (!FuKurvePlatz(ps, doc))
         return;
     const int slot = doc.CurveSlot;
@@ -233,7 +234,7 @@ void cmdManuKurve_Click(ProjectState& ps, DiagramDocument& doc) {
 
 // --- deleting
 
-void FuKurveLoeschen(ProjectState& ps, DiagramDocument& doc, int slot) {
+void FuKurveLoeschen(Workspace& ps, DiagramDocument& doc, int slot) {
     const PlotBatch batch(doc.surface);
     if (slot == 0) {
         ps.CurveCount = 0;
@@ -251,7 +252,7 @@ void FuKurveLoeschen(ProjectState& ps, DiagramDocument& doc, int slot) {
     doc.mnuDelKurv.enabled = doc.mnuDelLabels.enabled = false;
 }
 
-void mnuSubDelKurv_Click(ProjectState& ps, DiagramDocument& doc, int slot) {
+void mnuSubDelKurv_Click(Workspace& ps, DiagramDocument& doc, int slot) {
     FuKurveLoeschen(ps, doc, slot);
 }
 
@@ -267,13 +268,13 @@ int SlotOfFrontPage(const DiagramDocument& doc) {
     return number >= 1 && number <= kCurveSlots ? static_cast<int>(number) : 0;
 }
 
-void cmdDelKurv_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdDelKurv_Click(Workspace& ps, DiagramDocument& doc) {
     const int slot = SlotOfFrontPage(doc);
     if (slot > 0)
         FuKurveLoeschen(ps, doc, slot);
 }
 
-void mnuDelTotal_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuDelTotal_Click(Workspace& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     FuKurveLoeschen(ps, doc, 0);
     mnuSubDelPoints_Click(doc, 0);
@@ -298,7 +299,7 @@ void mnuDelete_Click(DiagramDocument& doc) {
         doc.surface.labels, [](const PlotLabel& label) { return label.visible; });
 }
 
-void FuPunktLoeschen(ProjectState& ps, DiagramDocument& doc, int series, int point) {
+void FuPunktLoeschen(Workspace& ps, DiagramDocument& doc, int series, int point) {
     const PlotSeries& drawn = GetSeries(doc.surface, kLines, series);
     const std::string place = "point x =" + PlainText(GetX(doc.surface, kLines, series, point)) +
                               ",  y =" + PlainText(GetY(doc.surface, kLines, series, point));
@@ -353,7 +354,7 @@ void ShowCurveDesign(DiagramDocument& doc) {
     }
 }
 
-void mnuKurvenDesign_Click(ProjectState&, DiagramDocument& doc) {
+void mnuKurvenDesign_Click(Workspace&, DiagramDocument& doc) {
     FuPanelsZu(doc);
     ShowCurveDesign(doc);
     const auto taken =
@@ -396,7 +397,7 @@ void cmdKurvenFarbe_Click(DiagramDocument& doc, int slot) {
     SetSymbolColour(doc.surface, kLines, slot, *colour);
 }
 
-void cmdFarbVorwahl_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdFarbVorwahl_Click(Workspace& ps, DiagramDocument& doc) {
     const auto colour = host().chooseColour(ps.PresetColor);
     if (!colour)
         return;

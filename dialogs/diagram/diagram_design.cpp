@@ -1,9 +1,9 @@
-#include "diagrams/diagram_design.h"
+#include "dialogs/diagram/diagram_design.h"
 
-#include "diagrams/coordinates.h"
 #include "diagrams/design_file.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/settings_panel.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr const char* kFilter = "Diagram file (*.oc2)";
 constexpr const char* kPattern = "*.oc2";
 
-std::optional<std::string> AskForDesign(ProjectState& ps, bool save, const char* title) {
+std::optional<std::string> AskForDesign(Workspace& ps, bool save, const char* title) {
     const std::optional<FileChoice> choice = host().chooseFile({
         .save = save,
         .title = title,
@@ -48,7 +48,7 @@ void FitSeries(PlotContents& contents) {
     }
 }
 
-void TakeCurves(ProjectState& ps, DiagramDocument& doc) {
+void TakeCurves(Workspace& ps, DiagramDocument& doc) {
     ps.CurveCount = 0;
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
         const int points = GetPointCount(doc.surface, kLines, slot);
@@ -95,7 +95,7 @@ float ToLimit(double value) {
 }
 
 /// The frame of the axes. A spacing that the design sets by hand stays; the others are chosen anew.
-void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
+void TakeAxes(Workspace& ps, DiagramDocument& doc) {
     const PlotAxis x = GetAxis(doc.surface, AxisId::X), y = GetAxis(doc.surface, AxisId::Y);
     ps.Frame.xMin = ToLimit(x.min);
     ps.Frame.xMax = ToLimit(x.max);
@@ -119,7 +119,7 @@ void TakeAxes(ProjectState& ps, DiagramDocument& doc) {
 
 } // namespace
 
-void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents) {
+void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
     const PlotBatch batch(doc.surface);
     FuPanelsZu(doc);
     CancelRubberZoom(doc.surface);
@@ -139,7 +139,7 @@ void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents) {
         doc.mnuDelKurv.enabled || doc.mnuDelPoints.enabled || doc.mnuDelHalbAB.enabled;
 }
 
-void mnuSaveOC2_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuSaveOC2_Click(Workspace& ps, DiagramDocument& doc) {
     const auto path = AskForDesign(ps, true, "Save this diagram design");
     if (!path)
         return;
@@ -150,7 +150,7 @@ void mnuSaveOC2_Click(ProjectState& ps, DiagramDocument& doc) {
     }
 }
 
-void mnuLoadOC2_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc) {
     const auto path = AskForDesign(ps, false, "Load a saved pattern (*.oc2)");
     if (!path)
         return;

@@ -1,16 +1,16 @@
 // Saving the diagram as a design file and making a diagram of one.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
-void mnuSaveOC2_Click(ProjectState& ps, DiagramDocument& doc);
+void mnuSaveOC2_Click(Workspace& ps, DiagramDocument& doc);
 /// A file that can't be read changes nothing; the message names the line.
-void mnuLoadOC2_Click(ProjectState& ps, DiagramDocument& doc);
+void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc);
 
 /// Makes the open diagram one with these contents: curve slots, pages, menus and frame are those of
 /// the contents. Series beyond those of a diagram are left out.
-void TakeDesign(ProjectState& ps, DiagramDocument& doc, PlotContents contents);
+void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents);
 
 } // namespace zorvant

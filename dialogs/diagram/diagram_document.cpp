@@ -1,15 +1,16 @@
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
-#include "diagrams/axis_settings.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/curve_export.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_legend.h"
-#include "diagrams/diagram_marks.h"
-#include "diagrams/diagram_points.h"
-#include "diagrams/diagram_texts.h"
-#include "diagrams/diagram_walk.h"
-#include "diagrams/settings_panel.h"
+#include "dialogs/common/names.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/curve_export.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_marks.h"
+#include "dialogs/diagram/diagram_points.h"
+#include "dialogs/diagram/diagram_texts.h"
+#include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -48,13 +49,13 @@ bool ShowsPointsOnly(int kind) {
 
 // --- load, step by step
 
-void PlaceWindow(ProjectState& ps, DiagramDocument& doc) {
+void PlaceWindow(Workspace& ps, DiagramDocument& doc) {
     const bool side = ps.Frame.SideWindow;
     const double screenWidth = doc.screenWidth * kTwipsPerPixel;
     const double screenHeight = doc.screenHeight * kTwipsPerPixel;
     doc.height = static_cast<int>(screenHeight * (side ? kSideHeightShare : kHeightShare));
     doc.width = static_cast<int>(screenWidth * (side ? kSideWidthShare : kWidthShare));
-    if (side || ps.FitMode > 0) {
+    if (side || ps.FitMode != kNoFit) {
         doc.top = kWindowTop;
         doc.left = static_cast<int>(screenWidth) - doc.width;
     } else {
@@ -63,7 +64,7 @@ void PlaceWindow(ProjectState& ps, DiagramDocument& doc) {
     }
 }
 
-void EmptyDocument(ProjectState& ps, DiagramDocument& doc) {
+void EmptyDocument(Workspace& ps, DiagramDocument& doc) {
     PlotSurface& surface = doc.surface;
     static_cast<PlotContents&>(surface) = PlotContents();
     surface.rubber = {};
@@ -87,7 +88,7 @@ void EmptyDocument(ProjectState& ps, DiagramDocument& doc) {
         page.visible = false;
 }
 
-void StyleSeries(ProjectState& ps, DiagramDocument& doc) {
+void StyleSeries(Workspace& ps, DiagramDocument& doc) {
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
         SetLineStyle(doc.surface, kLines, slot, {LinePattern::Solid, 1, ps.PresetColor});
         SetSymbol(doc.surface, kLines, slot, {SymbolShape::Hidden, 1, ps.PresetColor});
@@ -103,7 +104,7 @@ void StyleSeries(ProjectState& ps, DiagramDocument& doc) {
     doc.cmdFarbVorwahl.backColour = ps.PresetColor;
 }
 
-void WriteTexts(const ProjectState& ps, DiagramDocument& doc) {
+void WriteTexts(const Workspace& ps, DiagramDocument& doc) {
     const bool narrow = doc.screenWidth < kNarrowScreen;
     const FontChoice font{.family = kFontFamily, .size = narrow ? kAxisFontNarrow : kAxisFont};
     TextBlock block;
@@ -135,7 +136,7 @@ void SetUpAxes(DiagramDocument& doc) {
     SetPlotAreaFrame(doc.surface, true, 1);
 }
 
-void SetUpMenus(ProjectState& ps, DiagramDocument& doc) {
+void SetUpMenus(Workspace& ps, DiagramDocument& doc) {
     const int kind = ps.DiagramKind;
     const bool tanks = ps.IsCSTR || ps.IsCascade;
     const bool lines = kind >= kKindMixedSecondOrder && kind <= kKindFirstOrder;
@@ -150,14 +151,14 @@ void SetUpMenus(ProjectState& ps, DiagramDocument& doc) {
     ShowLegend(doc, false);
 }
 
-void FillWithPoints(ProjectState& ps, DiagramDocument& doc) {
+void FillWithPoints(Workspace& ps, DiagramDocument& doc) {
     bool anyInside = false;
     LoadPointSets(ps, doc, anyInside);
     if (!anyInside)
         WarnPointsOutside("Enlarge the range of coordinates.");
 }
 
-void FillWithCurves(ProjectState& ps, DiagramDocument& doc) {
+void FillWithCurves(Workspace& ps, DiagramDocument& doc) {
     cmdDraw_Click(ps, doc);
     if (ps.DiagramKind <= 0 || ps.ExpPointCount == 0 || !ps.WithExpPoints)
         return;
@@ -175,7 +176,7 @@ TabPanel& WithPages(TabPanel& panel, int count) {
     return panel;
 }
 
-void WireCurvePanel(ProjectState& ps, DiagramDocument& doc) {
+void WireCurvePanel(Workspace& ps, DiagramDocument& doc) {
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
         doc.cmbKStil(slot).items = {"only single points", "curve solid", "Curve dotted",
                                     "Curve dashed", "Curve dash-dotted"};
@@ -216,7 +217,7 @@ void WireCurvePanel(ProjectState& ps, DiagramDocument& doc) {
     doc.cmbSep.onClick = [&ps, &doc] { cmbSep_Click(ps, doc); };
 }
 
-void WirePointPanel(ProjectState& ps, DiagramDocument& doc) {
+void WirePointPanel(Workspace& ps, DiagramDocument& doc) {
     for (int set = 1; set <= kPointSets; ++set) {
         doc.cmbPunktStil(set).items = {"Dot",           "Circle",          "Cross", "Square",
                                        "Star",          "Triangle",        "Box",   "Diamond",
@@ -247,7 +248,7 @@ void WirePointPanel(ProjectState& ps, DiagramDocument& doc) {
     doc.mnuAddPunkte.onClick = [&ps, &doc] { mnuAddPunkte_Click(ps, doc); };
 }
 
-void WireCoordinates(ProjectState& ps, DiagramDocument& doc) {
+void WireCoordinates(Workspace& ps, DiagramDocument& doc) {
     for (Array<TextField, 4, 1>* boxes : {&doc.coord, &doc.Tabcoord})
         for (int i = 1; i <= 4; ++i) {
             TextField& box = (*boxes)(i);
@@ -273,7 +274,7 @@ void WireCoordinates(ProjectState& ps, DiagramDocument& doc) {
     }
 }
 
-void WireMenus(ProjectState& ps, DiagramDocument& doc) {
+void WireMenus(Workspace& ps, DiagramDocument& doc) {
     doc.cmdDraw.onClick = [&ps, &doc] { cmdDraw_Click(ps, doc); };
     doc.cmdManuKurve.onClick = [&ps, &doc] { cmdManuKurve_Click(ps, doc); };
     doc.cmdFarbVorwahl.onClick = [&ps, &doc] { cmdFarbVorwahl_Click(ps, doc); };
@@ -301,8 +302,8 @@ void WireMenus(ProjectState& ps, DiagramDocument& doc) {
 
 } // namespace
 
-DiagramDocument::DiagramDocument(ProjectState& state)
-    : Form("frmZGraph2D", "Diagram"), ps(state), tabKurven(*this, "tabKurven", {}),
+DiagramDocument::DiagramDocument(Workspace& state)
+    : Form(name::kDiagram, "Diagram"), ps(state), tabKurven(*this, "tabKurven", {}),
       tabPunkte(*this, "tabPunkte", {}) {
     WithPages(tabKurven, kCurveSlots);
     WithPages(tabPunkte, kPointSets);
@@ -333,7 +334,7 @@ DiagramDocument::DiagramDocument(ProjectState& state)
     Declare();
 }
 
-void Form_Load(ProjectState& ps, DiagramDocument& doc) {
+void Form_Load(Workspace& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     PlaceWindow(ps, doc);
     EmptyDocument(ps, doc);
@@ -363,7 +364,7 @@ void Form_Load(ProjectState& ps, DiagramDocument& doc) {
     ShowDesign(doc);
 }
 
-void Form_Activate(ProjectState& ps, DiagramDocument& doc) {
+void Form_Activate(Workspace& ps, DiagramDocument& doc) {
     const int kind = ps.DiagramKind;
     doc.mnuAddPunkte.enabled = ps.ExpPointCount != 0 && kind <= kRateKinds;
     doc.cmdSingleCalc.visible =
@@ -372,8 +373,8 @@ void Form_Activate(ProjectState& ps, DiagramDocument& doc) {
     ShowDelimiter(ps, doc);
 }
 
-void Form_Unload(ProjectState& ps, DiagramDocument& doc) {
-    if (Form* calculator = FindForm(ps.desktop, "frmZGraphCalc"))
+void Form_Unload(Workspace& ps, DiagramDocument& doc) {
+    if (Form* calculator = FindForm(ps.desktop, name::kGraphCalculator))
         UnloadForm(ps.desktop, *calculator);
     if (!ps.Frame.SideWindow) {
         ps.DiagramLeft = doc.left;
@@ -389,7 +390,7 @@ void FuPanelsZu(DiagramDocument& doc) {
         panel->visible = false;
 }
 
-void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuDesign_Click(Workspace& ps, DiagramDocument& doc) {
     FuPanelsZu(doc);
     doc.mnuKurvenDesign.enabled = doc.mnuTextDesign(kCurveTexts).enabled = ps.CurveCount > 0;
     bool anyPoints = ps.DiagramOfTk || ps.DiagramOfRc;
@@ -416,11 +417,11 @@ void ShowPage(TabPanel& panel, int page, bool visible) {
     panel.pages.at(static_cast<std::size_t>(page)).visible = visible;
 }
 
-bool IsFunctionOfC(const ProjectState& ps) {
+bool IsFunctionOfC(const Workspace& ps) {
     return Val(ps.SpeciesMask) == 2;
 }
 
-bool OffersPointSet(const ProjectState& ps, const DiagramDocument& doc, int set) {
+bool OffersPointSet(const Workspace& ps, const DiagramDocument& doc, int set) {
     if (set == kManualSet)
         return GetPointCount(doc.surface, kPoints, set) > 0;
     if (set == kPairSet)
@@ -433,7 +434,7 @@ bool OffersPointSet(const ProjectState& ps, const DiagramDocument& doc, int set)
     return InMask(ps.SpeciesMask, set) && hasData;
 }
 
-void ShowPointPages(ProjectState& ps, DiagramDocument& doc) {
+void ShowPointPages(Workspace& ps, DiagramDocument& doc) {
     for (int set = 1; set <= kPointSets; ++set)
         ShowPage(doc.tabPunkte, set - 1, OffersPointSet(ps, doc, set));
 }

@@ -4,10 +4,10 @@
 // are added by the window's own record.
 #pragma once
 
-#include "diagrams/design_controls.h"
 #include "diagrams/diagram_kinds.h"
 #include "diagrams/plot_surface.h"
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
+#include "dialogs/diagram/design_controls.h"
 
 #include <array>
 #include <string>
@@ -36,9 +36,9 @@ enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
 inline constexpr int kCurveTexts = 5;
 
 struct DiagramDocument : Form {
-    explicit DiagramDocument(ProjectState& state);
+    explicit DiagramDocument(Workspace& state);
 
-    ProjectState& ps;
+    Workspace& ps;
     PlotSurface surface;
 
     // --- fields of the document
@@ -183,13 +183,13 @@ struct DiagramDocument : Form {
 
 /// The order of steps in which a window opens: place and size, empty series, styles, texts, axes,
 /// menus, frame, masks, then points or curves.
-void Form_Load(ProjectState& ps, DiagramDocument& doc);
-void Form_Activate(ProjectState& ps, DiagramDocument& doc);
-void Form_Unload(ProjectState& ps, DiagramDocument& doc);
+void Form_Load(Workspace& ps, DiagramDocument& doc);
+void Form_Activate(Workspace& ps, DiagramDocument& doc);
+void Form_Unload(Workspace& ps, DiagramDocument& doc);
 
 /// Hides all floating panels.
 void FuPanelsZu(DiagramDocument& doc);
-void mnuDesign_Click(ProjectState& ps, DiagramDocument& doc);
+void mnuDesign_Click(Workspace& ps, DiagramDocument& doc);
 /// The settings as they were left, or on a page.
 void mnuDesignMore_Click(DiagramDocument& doc);
 void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
@@ -197,12 +197,12 @@ void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
 /// Shows or hides a page of a tab panel; its caption stays.
 void ShowPage(TabPanel& panel, int page, bool visible);
 /// Which pages of the point panel are offered: species with data, pairs, manual points.
-void ShowPointPages(ProjectState& ps, DiagramDocument& doc);
+void ShowPointPages(Workspace& ps, DiagramDocument& doc);
 /// How many points a buffer holds by its element 0, never more than there are elements.
 int BufferCount(const PointBuffer& buffer);
 /// The rule of the pages in one place, by set 1..7.
-bool OffersPointSet(const ProjectState& ps, const DiagramDocument& doc, int set);
+bool OffersPointSet(const Workspace& ps, const DiagramDocument& doc, int set);
 /// "Fu(c)" diagrams: their one set is a function of c(A).
-bool IsFunctionOfC(const ProjectState& ps);
+bool IsFunctionOfC(const Workspace& ps);
 
 } // namespace zorvant

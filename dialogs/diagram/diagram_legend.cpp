@@ -1,4 +1,4 @@
-#include "diagrams/diagram_legend.h"
+#include "dialogs/diagram/diagram_legend.h"
 
 #include "platform/host.h"
 #include "platform/number_text.h"

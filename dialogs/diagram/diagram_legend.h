@@ -1,7 +1,7 @@
 // Legend and labels of a diagram.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 

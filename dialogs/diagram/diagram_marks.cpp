@@ -1,6 +1,6 @@
-#include "diagrams/diagram_marks.h"
+#include "dialogs/diagram/diagram_marks.h"
 
-#include "diagrams/diagram_legend.h"
+#include "dialogs/diagram/diagram_legend.h"
 #include "platform/number_text.h"
 #include "reactors/half_life.h"
 
@@ -20,7 +20,7 @@ struct HalfLifeMark {
     const char* name;
     const char* notReached;
     std::span<const int> integrated; ///< models whose half-life the course has found
-    float ProjectState::*ofCourse;
+    float Workspace::*ofCourse;
     float (*ofFormula)(const ProjectState&, double A0, double B0, double P0, double k1, double k2);
 };
 constexpr int kIntegratedA[] = {7, 9, 10, 13, 14, 15, 18, 20};
@@ -29,17 +29,17 @@ constexpr HalfLifeMark kMarkA{kHalfLifeASeries,
                               "tau(A)",
                               "half-life tau(A) cannot be reached under these conditions ",
                               kIntegratedA,
-                              &ProjectState::tHalfA,
+                              &Workspace::tHalfA,
                               FuHalbwertszeitA};
 constexpr HalfLifeMark kMarkB{kHalfLifeBSeries,
                               "tau(B)",
                               "half-life tau(B) cannot be reached under this conditions ",
                               kIntegratedB,
-                              &ProjectState::tHalfB,
+                              &Workspace::tHalfB,
                               FuHalbwertszeitB};
 
 /// TU; as HalfLife::value.
-float FindHalfLife(const ProjectState& ps, const HalfLifeMark& mark) {
+float FindHalfLife(const Workspace& ps, const HalfLifeMark& mark) {
     const bool simulated = ps.DiagramKind > 0;
     const bool integrated = std::ranges::find(mark.integrated, ps.ModelId) != mark.integrated.end();
     if (simulated && integrated && !ps.IsCSTR)
@@ -56,7 +56,7 @@ void LayMark(DiagramDocument& doc, int series, double x, double top, Colour colo
     SetSeriesDisplay(doc.surface, kLines, series, SeriesDisplay::Shown);
 }
 
-void MarkHalfLife(ProjectState& ps, DiagramDocument& doc, const HalfLifeMark& mark) {
+void MarkHalfLife(Workspace& ps, DiagramDocument& doc, const HalfLifeMark& mark) {
     doc.mnuDelTotal.enabled = doc.mnuDelHalbAB.enabled = true;
     const float tau = FindHalfLife(ps, mark);
     if (tau < 0)
@@ -82,15 +82,15 @@ void MarkHalfLife(ProjectState& ps, DiagramDocument& doc, const HalfLifeMark& ma
 
 } // namespace
 
-void mnuHalbA_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuHalbA_Click(Workspace& ps, DiagramDocument& doc) {
     MarkHalfLife(ps, doc, kMarkA);
 }
 
-void mnuHalbB_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuHalbB_Click(Workspace& ps, DiagramDocument& doc) {
     MarkHalfLife(ps, doc, kMarkB);
 }
 
-void cmdMarkConti_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdMarkConti_Click(Workspace& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     LayMark(doc, kResidenceSeries, ps.tVerweil, kResidenceTop, kBlack);
     SetLabelText(doc.surface, kResidenceSeries, kResidenceText);

@@ -1,10 +1,10 @@
-#include "diagrams/diagram_mouse.h"
+#include "dialogs/diagram/diagram_mouse.h"
 
-#include "diagrams/axis_settings.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_points.h"
-#include "diagrams/diagram_texts.h"
-#include "diagrams/diagram_walk.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_points.h"
+#include "dialogs/diagram/diagram_texts.h"
+#include "dialogs/diagram/diagram_walk.h"
 #include "platform/number_text.h"
 
 namespace zorvant {
@@ -42,7 +42,7 @@ bool ReadOutHit(DiagramDocument& doc, int group, const NearestHit& hit, ChartPoi
     return true;
 }
 
-void RightDownInPlot(ProjectState& ps, DiagramDocument& doc, double px, double py) {
+void RightDownInPlot(Workspace& ps, DiagramDocument& doc, double px, double py) {
     const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kLastClickableCurve);
     if (curve.point > 0) {
         SelectSeries(doc, kLines, curve.series, curve.point);
@@ -70,7 +70,7 @@ void ReadOutPoint(DiagramDocument& doc, const SeriesPoint& at) {
     ShowReadout(doc, "  X = " + GeneralText(x) + ";      Y = " + GeneralText(y), kWhite);
 }
 
-void MouseMove(ProjectState&, DiagramDocument& doc, double px, double py) {
+void MouseMove(Workspace&, DiagramDocument& doc, double px, double py) {
     RubberMove(doc.surface, px, py);
     const Region region = PixelToData(doc.surface, px, py).region;
     switch (region) {
@@ -100,11 +100,11 @@ void MouseMove(ProjectState&, DiagramDocument& doc, double px, double py) {
     }
 }
 
-void MouseUp(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
+void MouseUp(Workspace& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
     ReleaseZoom(ps, doc, button == MouseButton::Left, px, py);
 }
 
-void MouseDown(ProjectState& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
+void MouseDown(Workspace& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
     if (button == MouseButton::Left) {
         if (doc.surface.rubber.armed) {
             RubberDown(doc.surface, px, py);

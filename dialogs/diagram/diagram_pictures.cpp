@@ -1,4 +1,4 @@
-#include "diagrams/diagram_pictures.h"
+#include "dialogs/diagram/diagram_pictures.h"
 
 #include "platform/files.h"
 #include "platform/host.h"

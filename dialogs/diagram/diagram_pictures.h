@@ -1,8 +1,8 @@
 // The panel of the diagram window that copies, saves and prints the diagram.
 #pragma once
 
-#include "diagrams/diagram_document.h"
 #include "diagrams/picture_output.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 

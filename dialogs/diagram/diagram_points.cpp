@@ -1,9 +1,11 @@
-#include "diagrams/diagram_points.h"
+#include "dialogs/diagram/diagram_points.h"
 
-#include "diagrams/coordinates.h"
-#include "diagrams/diagram_legend.h"
 #include "diagrams/straight_lines.h"
+#include "dialogs/common/names.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_legend.h"
 #include "engine/arithmetic.h"
+#include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -14,7 +16,7 @@ namespace zorvant {
 namespace {
 
 /// Which sets a kind fills with plain concentrations; false: none.
-bool TakesSpecies(const ProjectState& ps, int kind, int slot) {
+bool TakesSpecies(const Workspace& ps, int kind, int slot) {
     if (kind == kKindSingleSpecies)
         return slot == ps.SingleSpecies && ps.ColumnHasData[static_cast<std::size_t>(slot)];
     if (kind == kKindPoints)
@@ -38,7 +40,7 @@ double Rounded(double value, bool fullWidth) {
 }
 
 /// A row as a point of an evaluation; nothing when it is none or can't be transformed.
-std::optional<DataPoint> EvaluatedPoint(const ProjectState& ps, const EvaluationKind& evaluation,
+std::optional<DataPoint> EvaluatedPoint(const Workspace& ps, const EvaluationKind& evaluation,
                                         const ExpPoint& row) {
     if (!evaluation.drawn(ps, row))
         return std::nullopt;
@@ -85,7 +87,7 @@ void EmptyPointSet(DiagramDocument& doc, int set) {
 
 } // namespace
 
-bool HasPointsForDiagram(const ProjectState& ps) {
+bool HasPointsForDiagram(const Workspace& ps) {
     for (int slot = 1; slot <= kSpecies; ++slot)
         if (InMask(ps.SpeciesMask, slot) && ps.ColumnHasData[static_cast<std::size_t>(slot)])
             return true;
@@ -93,7 +95,7 @@ bool HasPointsForDiagram(const ProjectState& ps) {
            (ps.SpeciesMask.size() == 5 && ps.SpeciesMask[4] == '2');
 }
 
-void FuPunkteLaden(ProjectState& ps, DiagramDocument& doc, bool& anyInside) {
+void FuPunkteLaden(Workspace& ps, DiagramDocument& doc, bool& anyInside) {
     anyInside = false;
     const int kind = ps.DiagramKind;
     if (kind == kKindFitPoints)
@@ -131,7 +133,7 @@ void FuPunkteLaden(ProjectState& ps, DiagramDocument& doc, bool& anyInside) {
     }
 }
 
-void LoadPointSets(ProjectState& ps, DiagramDocument& doc, bool& anyInside) {
+void LoadPointSets(Workspace& ps, DiagramDocument& doc, bool& anyInside) {
     const PlotBatch batch(doc.surface);
     doc.mnuDelPoints.enabled = doc.mnuDelTotal.enabled = true;
     FuPunkteLaden(ps, doc, anyInside);
@@ -147,9 +149,9 @@ void LoadPointSets(ProjectState& ps, DiagramDocument& doc, bool& anyInside) {
     }
 }
 
-void mnuAddPunkte_Click(ProjectState& ps, DiagramDocument& doc) {
+void mnuAddPunkte_Click(Workspace& ps, DiagramDocument& doc) {
     doc.mnuDelPoints.enabled = doc.mnuDelTotal.enabled = true;
-    if (!ps.DiagramOfTk && ps.ModelId != 10 && !HasPointsForDiagram(ps)) {
+    if (!ps.DiagramOfTk && !IsEnzymeModel(ps.ModelId) && !HasPointsForDiagram(ps)) {
         ShowMessage(
             JoinLines({"For this diagram no c-t points are loaded.",
                        "Load concentration data from file or use the Data Editor for manual "
@@ -170,12 +172,12 @@ void WarnPointsOutside(const std::string& advice) {
         "WARNING", Icon::Warning);
 }
 
-void cmdManuPoints_Click(ProjectState& ps, DiagramDocument& doc) {
+void cmdManuPoints_Click(Workspace& ps, DiagramDocument& doc) {
     const int set = doc.ManualSet;
     if (HasPoints(doc, set) && Ask("Overwright the loaded data set?", "WARNING", Icon::Warning,
                                    Buttons::YesNo, Answer::No) != Answer::Yes) {
         // The editor that the points come from must not cover the diagram.
-        if (Form* editor = FindForm(ps.desktop, "frmZXYEditor"))
+        if (Form* editor = FindForm(ps.desktop, name::kXYEditor))
             HideForm(*editor);
         return;
     }
@@ -233,7 +235,7 @@ void ShowPointDesign(DiagramDocument& doc) {
     }
 }
 
-void mnuPunktDesign_Click(ProjectState&, DiagramDocument& doc) {
+void mnuPunktDesign_Click(Workspace&, DiagramDocument& doc) {
     FuPanelsZu(doc);
     ShowPointDesign(doc);
     int front = -1;

@@ -1,6 +1,6 @@
-#include "diagrams/diagram_texts.h"
+#include "dialogs/diagram/diagram_texts.h"
 
-#include "diagrams/diagram_curves.h"
+#include "dialogs/diagram/diagram_curves.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -111,7 +111,7 @@ void ShowText(DiagramDocument& doc) {
     ShowPlace(doc);
 }
 
-void mnuTextDesign_Click(ProjectState& ps, DiagramDocument& doc, int index) {
+void mnuTextDesign_Click(Workspace& ps, DiagramDocument& doc, int index) {
     if (index == kCurveTexts) {
         mnuKurvenDesign_Click(ps, doc);
         return;
@@ -204,7 +204,7 @@ void optOrientYAxZiff_Click(DiagramDocument& doc, int index) {
                       index == 1 ? TextRotation::Vertical : TextRotation::Horizontal);
 }
 
-void WireTexts(ProjectState& ps, DiagramDocument& doc) {
+void WireTexts(Workspace& ps, DiagramDocument& doc) {
     doc.schrift.multiLine = true;
     doc.schrift.toolTip = "Insert a new line => <Ctrl><Enter>";
     doc.HScroll1.maximum = doc.VScroll1.maximum = kPlaceSteps;

@@ -1,7 +1,7 @@
 // The texts of a diagram and the panel that edits them: header, additional text, titles of the axes.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
@@ -10,7 +10,7 @@ inline constexpr char kTextBreakMark = 127;
 
 /// Opens the text panel for a text, or the curve panel.
 /// Given:    index: of DiagramText, or kCurveTexts
-void mnuTextDesign_Click(ProjectState& ps, DiagramDocument& doc, int index);
+void mnuTextDesign_Click(Workspace& ps, DiagramDocument& doc, int index);
 /// Ctrl+Enter becomes the mark of a line break, Enter alone is dropped.
 void schrift_KeyPress(int& key);
 /// Marks become line breaks; the text goes through to its target at once.
@@ -29,6 +29,6 @@ void optOrientYAxZiff_Click(DiagramDocument& doc, int index);
 
 /// Writes what the surface holds into the controls of the panel; with the panel open too.
 void ShowText(DiagramDocument& doc);
-void WireTexts(ProjectState& ps, DiagramDocument& doc);
+void WireTexts(Workspace& ps, DiagramDocument& doc);
 
 } // namespace zorvant

@@ -1,8 +1,8 @@
-#include "diagrams/diagram_walk.h"
+#include "dialogs/diagram/diagram_walk.h"
 
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_mouse.h"
-#include "diagrams/diagram_points.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_mouse.h"
+#include "dialogs/diagram/diagram_points.h"
 
 #include <algorithm>
 #include <limits>
@@ -83,7 +83,7 @@ void ShowPanelPage(DiagramDocument& doc, int group, int series) {
         panel.selected = series - 1;
 }
 
-void OpenDesign(ProjectState& ps, DiagramDocument& doc, int group, int series) {
+void OpenDesign(Workspace& ps, DiagramDocument& doc, int group, int series) {
     if (group == kLines)
         mnuKurvenDesign_Click(ps, doc);
     else
@@ -93,7 +93,7 @@ void OpenDesign(ProjectState& ps, DiagramDocument& doc, int group, int series) {
 
 /// Deletes the marked point of a curve when the user agrees.
 /// Returned: the point that is marked then, at the same place or nearest to it; 0: none
-int DeletePoint(ProjectState& ps, DiagramDocument& doc) {
+int DeletePoint(Workspace& ps, DiagramDocument& doc) {
     const std::optional<SeriesPoint> at = ShownCursor(doc.surface);
     if (!at || at->group != kLines)
         return 0;
@@ -113,7 +113,7 @@ void SelectSeries(DiagramDocument& doc, int group, int series, int point) {
     doc.selected = {group, series, point};
 }
 
-bool KeyOnChart(ProjectState& ps, DiagramDocument& doc, ChartKey key) {
+bool KeyOnChart(Workspace& ps, DiagramDocument& doc, ChartKey key) {
     PlotSurface& surface = doc.surface;
     const std::vector<Walkable> list = WalkableSeries(surface);
     if (list.empty())

@@ -2,7 +2,7 @@
 // values in the readout.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
@@ -22,7 +22,7 @@ inline constexpr int kWalkStride = 10;
 
 /// Walks over the curves 1..24 and the point sets, as far as they can be seen in the frame.
 /// Returned: false where there is nothing to walk to; the key is then nobody's
-bool KeyOnChart(ProjectState& ps, DiagramDocument& doc, ChartKey key);
+bool KeyOnChart(Workspace& ps, DiagramDocument& doc, ChartKey key);
 
 /// The curve or point set that the keys begin with: drawn, clicked, or brought to the front of its
 /// panel last.

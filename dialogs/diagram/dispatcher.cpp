@@ -1,7 +1,8 @@
-#include "diagrams/dispatcher.h"
+#include "dialogs/diagram/dispatcher.h"
 
-#include "diagrams/coordinates.h"
-#include "diagrams/diagram_legend.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "engine/modes.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -26,7 +27,7 @@ void HidePointSet(DiagramDocument& doc, int set, bool dropCaption) {
         doc.tabPunkte.pages[static_cast<std::size_t>(set - 1)].text.clear();
 }
 
-void NameSingleSpecies(ProjectState& ps, DiagramDocument& doc) {
+void NameSingleSpecies(Workspace& ps, DiagramDocument& doc) {
     constexpr const char* kLetters[] = {"A", "B", "C", "P", "Q"};
     for (int set = 1; set <= kSpecies; ++set)
         HidePointSet(doc, set, true);
@@ -36,7 +37,7 @@ void NameSingleSpecies(ProjectState& ps, DiagramDocument& doc) {
     doc.tabPunkte.selected = set - 1;
 }
 
-void NameSpeciesSets(ProjectState& ps, DiagramDocument& doc) {
+void NameSpeciesSets(Workspace& ps, DiagramDocument& doc) {
     const bool function = IsFunctionOfC(ps) && ps.ColumnHasData[1];
     for (int set = 1; set <= kSpecies; ++set) {
         if (!OffersPointSet(ps, doc, set)) {
@@ -49,7 +50,7 @@ void NameSpeciesSets(ProjectState& ps, DiagramDocument& doc) {
     }
 }
 
-void NamePointSets(ProjectState& ps, DiagramDocument& doc) {
+void NamePointSets(Workspace& ps, DiagramDocument& doc) {
     const PlotBatch batch(doc.surface);
     if (ps.DiagramKind == kKindSingleSpecies) {
         NameSingleSpecies(ps, doc);
@@ -67,7 +68,7 @@ void NamePointSets(ProjectState& ps, DiagramDocument& doc) {
 
 } // namespace
 
-void GrafZentrale(ProjectState& ps, DiagramDocument& doc) {
+void GrafZentrale(Workspace& ps, DiagramDocument& doc) {
     try {
         const int kind = ps.DiagramKind;
         FuKoordLesen(ps, kind, ps.Memory, ps.Frame);

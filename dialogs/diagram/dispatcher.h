@@ -2,8 +2,8 @@
 // GrafZentrale; with AddCurves press cmdDraw afterwards.
 #pragma once
 
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
@@ -12,6 +12,6 @@ namespace zorvant {
 /// Given:    DiagramKind, the context flags, Memory with the ranges, the arrays of the kind
 /// Returned: Frame, CurvesToDraw, PointLegend
 /// Errors:   a box; the caller goes on
-void GrafZentrale(ProjectState& ps, DiagramDocument& doc);
+void GrafZentrale(Workspace& ps, DiagramDocument& doc);
 
 } // namespace zorvant

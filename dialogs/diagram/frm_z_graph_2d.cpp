@@ -1,8 +1,9 @@
-#include "diagrams/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 
-#include "diagrams/axis_settings.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/diagram_design.h"
+#include "dialogs/common/names.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_design.h"
 #include "platform/host.h"
 
 namespace zorvant {
@@ -12,7 +13,7 @@ constexpr int kHelpDiagram = 7003;
 
 } // namespace
 
-frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
+frmZGraph2D::frmZGraph2D(Workspace& state) : DiagramDocument(state) {
     helpTopic = kHelpDiagram;
     constexpr const char* kOutputs[] = {
         "... to the C&lipboard", "... Save as &Image File (BMP, WMF, EMF)", "... to the &Printer"};
@@ -27,7 +28,7 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     cmdSingleCalc.text = "Single &value ...";
     cmdSingleCalc.toolTip = "the concentrations of the model at one x of the diagram";
     cmdSingleCalc.onClick = [this] {
-        if (Form* calculator = FindForm(ps.desktop, "frmZGraphCalc"))
+        if (Form* calculator = FindForm(ps.desktop, name::kGraphCalculator))
             ShowForm(ps.desktop, *calculator);
     };
     mnuSaveOC2.onClick = [this] { mnuSaveOC2_Click(ps, *this); };
@@ -41,11 +42,11 @@ frmZGraph2D::frmZGraph2D(ProjectState& state) : DiagramDocument(state) {
     mnuXLog.onClick = [this] { cmdXLog_Click(*this); };
     mnuYLog.onClick = [this] { cmdYLog_Click(*this); };
     mnuHaupt.onClick = [this] {
-        if (Form* main = FindForm(ps.desktop, "MDIZOR"))
+        if (Form* main = FindForm(ps.desktop, name::kMainWindow))
             ShowForm(ps.desktop, *main);
     };
     mnuManuXY.onClick = [this] {
-        if (Form* editor = FindForm(ps.desktop, "frmZXYEditor"))
+        if (Form* editor = FindForm(ps.desktop, name::kXYEditor))
             ShowForm(ps.desktop, *editor);
     };
     cmdEscGraph.isCancel = true;

@@ -1,9 +1,9 @@
 // The diagram window: the document with its menus, and the mouse of the chart.
 #pragma once
 
-#include "diagrams/diagram_document.h"
-#include "diagrams/diagram_mouse.h"
-#include "diagrams/diagram_pictures.h"
+#include "dialogs/diagram/diagram_document.h"
+#include "dialogs/diagram/diagram_mouse.h"
+#include "dialogs/diagram/diagram_pictures.h"
 
 #include <deque>
 #include <string>
@@ -12,7 +12,7 @@
 namespace zorvant {
 
 struct frmZGraph2D : DiagramDocument {
-    explicit frmZGraph2D(ProjectState& state);
+    explicit frmZGraph2D(Workspace& state);
 
     // --- menus beside those of the document
     MenuEntry mnuAdd{*this, "mnuAdd", "Add"};

@@ -1,6 +1,8 @@
-#include "diagrams/frm_z_graph_calc.h"
+#include "dialogs/diagram/frm_z_graph_calc.h"
 
+#include "dialogs/common/names.h"
 #include "engine/arithmetic.h"
+#include "engine/reaction_catalogue.h"
 #include "evaluation/model_value.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -12,15 +14,14 @@ namespace {
 
 constexpr int kHelpCalculator = 7004;
 constexpr int kKeyEnter = 13;
-constexpr int kEnzymeModel = 10;
 constexpr int kOwnWidth = 3600; ///< twips, about
 /// The share of its width by which the window stands inside the diagram's right edge.
 constexpr double kInsideShare = 1.045;
 constexpr std::array<const char*, kSpecies> kNames{"c(A)", "c(B)", "c(C)", "c(P)", "c(Q)"};
 constexpr std::array<const char*, 3> kEnzymeNames{"c(E)", "c(S)", "c(ES)"};
 
-bool ShowsSaturation(const ProjectState& ps) {
-    return ps.ModelId == kEnzymeModel && ps.MMDiagram;
+bool ShowsSaturation(const Workspace& ps) {
+    return IsEnzymeModel(ps.ModelId) && ps.MMDiagram;
 }
 
 void ShowSaturationFields(frmZGraphCalc& form) {
@@ -35,7 +36,7 @@ void ShowSaturationFields(frmZGraphCalc& form) {
 }
 
 void ShowSpeciesFields(frmZGraphCalc& form) {
-    if (form.ps.ModelId == kEnzymeModel)
+    if (IsEnzymeModel(form.ps.ModelId))
         for (int i = 0; i < static_cast<int>(kEnzymeNames.size()); ++i)
             form.lblRes(i).text = kEnzymeNames[static_cast<std::size_t>(i)];
     if (form.ps.IsTubular) { // its diagram shows concentrations along the tube
@@ -49,14 +50,14 @@ void ShowSpeciesFields(frmZGraphCalc& form) {
 }
 
 /// What the model takes for an x of the diagram: a time, or a concentration of the substrate.
-double ModelX(const ProjectState& ps, double x) {
+double ModelX(const Workspace& ps, double x) {
     return ps.IsTubular && !ShowsSaturation(ps) && ps.vRohr > 0 ? x / ps.vRohr : x;
 }
 
 } // namespace
 
-frmZGraphCalc::frmZGraphCalc(ProjectState& state, DiagramDocument& document)
-    : Form("frmZGraphCalc", "  Single Point Calculator"), ps(state), diagram(document) {
+frmZGraphCalc::frmZGraphCalc(Workspace& state, DiagramDocument& document)
+    : Form(name::kGraphCalculator, "  Single Point Calculator"), ps(state), diagram(document) {
     helpTopic = kHelpCalculator;
     txtX.toolTip = " within range of the diagram ";
     for (int i = 0; i < kSpecies; ++i)

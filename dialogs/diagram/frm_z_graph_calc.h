@@ -1,14 +1,14 @@
 // The single point calculator: the concentrations of the model at one x of the diagram.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
 struct frmZGraphCalc : Form {
-    frmZGraphCalc(ProjectState& state, DiagramDocument& document);
+    frmZGraphCalc(Workspace& state, DiagramDocument& document);
 
-    ProjectState& ps;
+    Workspace& ps;
     DiagramDocument& diagram;
 
     Label lblXEingabe{*this, "lblXEingabe", "time specific. t ="};

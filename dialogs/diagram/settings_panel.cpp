@@ -1,11 +1,11 @@
-#include "diagrams/settings_panel.h"
+#include "dialogs/diagram/settings_panel.h"
 
-#include "diagrams/axis_settings.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_legend.h"
-#include "diagrams/diagram_points.h"
-#include "diagrams/diagram_texts.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_points.h"
+#include "dialogs/diagram/diagram_texts.h"
 #include "platform/host.h"
 
 #include <algorithm>
@@ -259,7 +259,7 @@ DesignControls::DesignControls(Form& owner)
     chkAutoChartArea.toolTip = "All the room that header and additional text leave";
 }
 
-void WireDesign(ProjectState& ps, DiagramDocument& doc) {
+void WireDesign(Workspace& ps, DiagramDocument& doc) {
     DesignControls& design = doc.design;
     const auto on = [&doc](auto& control, void (*handler)(DiagramDocument&)) {
         control.onClick = [&doc, handler] { handler(doc); };

@@ -1,12 +1,12 @@
 // Colours, frames, margins, legend and labels of a diagram, and the panels that show its design.
 #pragma once
 
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
 /// Connects the settings panel with its handlers.
-void WireDesign(ProjectState& ps, DiagramDocument& doc);
+void WireDesign(Workspace& ps, DiagramDocument& doc);
 
 /// Writes the state of the plot surface into the controls of all design panels: settings, curves and
 /// points. For whoever has changed the surface as a whole, and whenever a panel opens.

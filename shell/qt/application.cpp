@@ -1,16 +1,16 @@
 #include "shell/qt/application.h"
 
-#include "data/frm_comment_input.h"
-#include "data/frm_datedit.h"
-#include "data/frm_import_text.h"
-#include "data/frm_z_cmn_dlg.h"
-#include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
-#include "diagrams/frm_z_graph_2d.h"
-#include "diagrams/frm_z_graph_calc.h"
-#include "engine/frm_prepare_time_diagram.h"
-#include "engine/frm_sim_tabelle.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/course/frm_prepare_time_diagram.h"
+#include "dialogs/course/frm_sim_tabelle.h"
+#include "dialogs/course/frm_zor_model.h"
+#include "dialogs/data/frm_comment_input.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/frm_import_text.h"
+#include "dialogs/data/frm_z_cmn_dlg.h"
+#include "dialogs/data/frm_zxy_editor.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_calc.h"
 #include "platform/host.h"
 #include "shell/qt/graph_window.h"
 #include "shell/qt/plot_output.h"
@@ -67,7 +67,7 @@ void Application::RegisterForms() {
     auto& comment = Register<frmCommentInput, Ui::frmCommentInput>();
 
     fileDialogHook() = [&files](FileQuestion& question) { AskForFile(files, question); };
-    commentQuestion() = [&comment](ProjectState& ps) { ShowForm(ps.desktop, comment); };
+    commentQuestion() = [this, &comment](ProjectState&) { ShowForm(ps_.desktop, comment); };
 }
 
 Application::Application() {

@@ -1,7 +1,7 @@
 // The whole of the program with its window: the state, every dialog's record, the table of forms.
 #pragma once
 
-#include "engine/project_state.h"
+#include "dialogs/common/workspace.h"
 #include "shell/commands.h"
 #include "shell/qt/main_window.h"
 
@@ -22,7 +22,7 @@ public:
     /// The load event of the main window; its command line is opened when the window stands.
     void Start(const std::string& commandLine);
 
-    ProjectState& state() { return ps_; }
+    Workspace& state() { return ps_; }
     MDIZOR& record() { return record_; }
     MainWindow& window() { return *window_; }
     FormWindows& windows() { return window_->windows(); }
@@ -34,7 +34,7 @@ private:
     template <class Dialog, class Ui, class... Further>
     Dialog& Register(WindowPlacement placement = WindowPlacement::Stored, Further&... further);
 
-    ProjectState ps_;
+    Workspace ps_;
     MDIZOR record_{ps_};
     std::vector<std::unique_ptr<Form>> forms_;
     std::unique_ptr<MainWindow> window_;

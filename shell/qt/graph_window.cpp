@@ -1,8 +1,8 @@
 #include "shell/qt/graph_window.h"
 
-#include "diagrams/axis_settings.h"
-#include "diagrams/diagram_texts.h"
-#include "diagrams/diagram_walk.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/diagram_texts.h"
+#include "dialogs/diagram/diagram_walk.h"
 #include "shell/qt/binder.h"
 #include "shell/qt/qt_text.h"
 #include "ui_frmZGraph2D.h"

@@ -1,7 +1,7 @@
 // The widget of the diagram window: the picture, and over it the floating panels.
 #pragma once
 
-#include "diagrams/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 #include "shell/qt/plot_view.h"
 
 #include <QFrame>

@@ -85,20 +85,15 @@ TEST_F(ProjectFiles, KeepTheKindOfEnzymeDataInTheModelNumber) {
     }
 }
 
-TEST_F(ProjectFiles, NameTheFirstOpenCalculationWindow) {
-    Form batch("frmBatch"), fitting("frmZFitting"), other("frmSimTabelle");
-    ps.desktop.forms = {&fitting, &batch, &other};
-    const auto code = [&] {
-        EXPECT_TRUE(FuSaveProjectFile(ps, folder / "w.ZC3"));
+TEST_F(ProjectFiles, NameTheOpenCalculation) {
+    const auto code = [&](CalcTask open) {
+        EXPECT_TRUE(FuSaveProjectFile(ps, folder / "w.ZC3", open));
         const std::string bytes = ReadFile(folder / "w.ZC3");
         return bytes.substr(bytes.find("0,0,0\r\n") + 7, 1);
     };
-    other.loaded = true;
-    EXPECT_EQ(code(), "0");
-    fitting.loaded = true;
-    EXPECT_EQ(code(), "6");
-    batch.loaded = true;
-    EXPECT_EQ(code(), "2");
+    EXPECT_EQ(code(CalcTask::None), "0");
+    EXPECT_EQ(code(CalcTask::Fitting), "6");
+    EXPECT_EQ(code(CalcTask::Batch), "2");
 }
 
 TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
@@ -158,17 +153,17 @@ TEST_F(ProjectFiles, LoadWithoutDataThatAreOfAnotherType) {
 TEST_F(ProjectFiles, AreSavedUnderTheChosenNameOrNothingChanges) {
     ps.ProjectDir = folder.Path();
     ps.ProjectFile = "before";
-    FuSaveProjectDialog(ps);
+    FuSaveProjectDialog(ps, CalcTask::None);
     EXPECT_EQ(script.fileRequests.at(0).title, "Save the actual project as ...");
     EXPECT_EQ(script.fileRequests[0].extension, ".ZC3");
     script.files = {FileChoice{folder / "no/such.ZC3"}, FileChoice{folder / "ok.ZC3"}};
-    FuSaveProjectDialog(ps);
+    FuSaveProjectDialog(ps, CalcTask::None);
     EXPECT_EQ(ps.ProjectFile, "before");
     ASSERT_EQ(script.boxes.size(), 1U);
     EXPECT_EQ(script.boxes[0].title,
               "Error while saving the session file\r\n(possibly missing write permissions)");
     EXPECT_THAT(script.boxes[0].text, testing::StartsWith("No such file or directory"));
-    FuSaveProjectDialog(ps);
+    FuSaveProjectDialog(ps, CalcTask::None);
     EXPECT_EQ(ps.ProjectFile, folder / "ok.ZC3");
     EXPECT_EQ(ps.ProjectTitle, "ok.ZC3");
     EXPECT_EQ(ps.ProjectDir, folder.Path());

@@ -45,7 +45,7 @@ TEST(ResultLog, FileHoldsHeadsAndTheColumnsInUse) {
     RecordProtocolRows(ps, false);
     EXPECT_TRUE(ps.ProtocolOpen);
     EXPECT_EQ(ps.ProtokollRows, 2);
-    EXPECT_EQ(ProtocolText(ps, CalcDialogId::Batch, "1.2.2003"),
+    EXPECT_EQ(ProtocolText(ps, CalcTask::Batch, "1.2.2003"),
               "ZORVANT: Kinetics of chemical reactions\r\n"
               "Record from 1.2.2003\r\n"
               "Calculation of a Batch Reactor\r\n"
@@ -85,7 +85,7 @@ TEST(ResultLog, NeverWritesWhatIsNoNumber) {
     ClearProtokollDaten(ps);
     SetResult(ps, 0, {{1, std::nanf("")}, {15, HUGE_VALF}, {20, 1}});
     RecordProtocolRows(ps, false);
-    const std::string text = ProtocolText(ps, CalcDialogId::Batch, "");
+    const std::string text = ProtocolText(ps, CalcTask::Batch, "");
     EXPECT_TRUE(text.ends_with("c_beg(A);c_beg(P);c_end(A);c_end(P);t; ksi(1);\r\n;0;0;0;;1;\r\n"))
         << text;
 }
@@ -116,10 +116,10 @@ TEST(ResultLog, ClosingWritesTheFileFillsTheClipboardAndBeginsANewLog) {
     ClearProtokollDaten(ps);
     SetResult(ps, 0, {{1, 2}, {15, 5}});
     RecordProtocolRows(ps, false);
-    const std::string expected = ProtocolText(ps, CalcDialogId::Batch, "today");
+    const std::string expected = ProtocolText(ps, CalcTask::Batch, "today");
     const std::string path = ProtocolPath(ps);
     EXPECT_EQ(path, JoinPath(ps.ProgramDir, "first.csv"));
-    const std::string clipboard = CloseProtocol(ps, CalcDialogId::Batch, "today");
+    const std::string clipboard = CloseProtocol(ps, CalcTask::Batch, "today");
     EXPECT_EQ(ReadFile(path), expected);
     EXPECT_NE(clipboard.find("c_beg(A)\tc_beg(P)\t"), std::string::npos);
     EXPECT_EQ(clipboard.find(';'), std::string::npos);
@@ -128,7 +128,7 @@ TEST(ResultLog, ClosingWritesTheFileFillsTheClipboardAndBeginsANewLog) {
     EXPECT_EQ(ps.ProtocolFile, NextProtocolName(ps));
     const std::string empty = ProtocolPath(ps);
     WriteFileAtomically(empty, "");
-    EXPECT_TRUE(CloseProtocol(ps, CalcDialogId::Batch, "today").empty()) << "nothing waits";
+    EXPECT_TRUE(CloseProtocol(ps, CalcTask::Batch, "today").empty()) << "nothing waits";
     EXPECT_FALSE(FileExists(empty));
 }
 
@@ -136,7 +136,7 @@ TEST(ResultLog, AFailedWriteKeepsTheRowsThatWait) {
     LogState ps;
     ps.ProtocolFile = ps.ProgramDir + "/no/such/folder.csv";
     RecordProtocolRows(ps, false);
-    EXPECT_THROW(CloseProtocol(ps, CalcDialogId::Batch, "today"), FileError);
+    EXPECT_THROW(CloseProtocol(ps, CalcTask::Batch, "today"), FileError);
     EXPECT_TRUE(ps.ProtocolOpen);
     EXPECT_EQ(ps.ProtokollRows, 1);
 }

@@ -1,10 +1,10 @@
 // A workbench without a screen: the state, the dialogs, and a host that answers and records.
 #pragma once
 
-#include "diagrams/diagram_document.h"
-#include "engine/frm_prepare_time_diagram.h"
-#include "engine/frm_sim_tabelle.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/course/frm_prepare_time_diagram.h"
+#include "dialogs/course/frm_sim_tabelle.h"
+#include "dialogs/course/frm_zor_model.h"
+#include "dialogs/diagram/diagram_document.h"
 #include "platform/host.h"
 
 namespace zorvant {
@@ -36,7 +36,7 @@ struct Workbench {
     std::string LastBox() const { return host.boxes.empty() ? "" : host.boxes.back().text; }
 
     ScriptedHost host;
-    ProjectState ps;
+    Workspace ps;
     DiagramDocument diagram{ps};
     frmZorModel model{ps};
     frmmatrix matrix{ps};

@@ -143,7 +143,7 @@ TEST(ClosedForms, EqualThePlainFormulas) {
             for (const int unit : {0, 2, 4}) {
                 const auto ps = Selected(model), plain = Selected(model);
                 for (ProjectState* state : {ps.get(), plain.get()}) {
-                    ChangeTimeUnit(*state, unit, 0);
+                    ConvertTimeUnit(*state, unit, 0);
                     state->tMax = 20 * state->TimeFactor[0][static_cast<std::size_t>(unit)];
                     state->c0 = c0;
                 }
@@ -176,7 +176,7 @@ TEST(ClosedForms, EqualConstantsGiveTheSameCourseInEveryTimeUnit) {
             const auto other = Selected(6);
             other->k = {0, k, k, 0};
             other->tMax = 3 / k;
-            ChangeTimeUnit(*other, unit, 0);
+            ConvertTimeUnit(*other, unit, 0);
             calc_diagram_function(*other, 6, other->tMax, err);
             for (std::size_t i = 0; i <= 200; ++i) {
                 EXPECT_NEAR(other->cSimC[i], seconds->cSimC[i], 1e-14);

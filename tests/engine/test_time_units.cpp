@@ -1,4 +1,4 @@
-#include "engine/calc_dialog.h"
+#include "engine/time_units.h"
 #include "tests/engine/selected_state.h"
 
 #include <gtest/gtest.h>
@@ -7,19 +7,6 @@
 #include <vector>
 
 using namespace zorvant;
-
-namespace {
-
-/// A calculation dialog with what the change of the unit writes to.
-struct TestDialog : CalcDialog {
-    TestDialog(const char* formName, CalcDialogId dialogId) : CalcDialog(formName, "", dialogId) {
-        Declare();
-    }
-    Label unit4{*this, "unit4"};
-    Label lblVPunktInput{*this, "lblVPunktInput"};
-};
-
-} // namespace
 
 TEST(TimeUnits, ConvertEveryTimeAndConstant) {
     auto ps = Selected(6);
@@ -30,7 +17,7 @@ TEST(TimeUnits, ConvertEveryTimeAndConstant) {
     ps->ExpPointCount = 1;
     ps->ExpData[1].t = 120;
     ps->ExpData[2].t = 7; // behind the last row
-    ChangeTimeUnit(*ps, 1, 0);
+    ConvertTimeUnit(*ps, 1, 0);
     EXPECT_EQ(ps->TimeUnitText, "min");
     EXPECT_EQ(ps->TimeUnitIdx, 1);
     EXPECT_DOUBLE_EQ(ps->k[1], 9);
@@ -41,12 +28,12 @@ TEST(TimeUnits, ConvertEveryTimeAndConstant) {
     EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 2);
     EXPECT_EQ(ps->ExpData[2].t, 7);
     for (const int unit : {4, 2, 3, 0})
-        ChangeTimeUnit(*ps, unit, ps->TimeUnitIdx); // round and back
+        ConvertTimeUnit(*ps, unit, ps->TimeUnitIdx); // round and back
     EXPECT_NEAR(ps->k[1], 0.15, 1e-15);
     EXPECT_NEAR(ps->tMax, 100, 1e-12);
     EXPECT_NEAR(ps->ExpData[1].t, 120, 1e-12);
     const double before = ps->tMax;
-    ChangeTimeUnit(*ps, 0, 0);
+    ConvertTimeUnit(*ps, 0, 0);
     EXPECT_EQ(ps->tMax, before);
 }
 
@@ -55,16 +42,16 @@ TEST(TimeUnits, ConvertRatesAsRatesAndNoOrder) {
     ps->ExpData.resize(2);
     ps->ExpPointCount = 1;
     ps->ExpData[1].t = 0.5;
-    ChangeTimeUnit(*ps, 1, 0);
+    ConvertTimeUnit(*ps, 1, 0);
     EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 30);
     ps->RcSMode = false;
-    ChangeTimeUnit(*ps, 0, 1);
+    ConvertTimeUnit(*ps, 0, 1);
     EXPECT_DOUBLE_EQ(ps->ExpData[1].t, 1800);
 
     auto order = Selected(20);
     order->FitMode = 2;
     order->k[2] = 1.5; // the order that the fit varies
-    ChangeTimeUnit(*order, 2, 0);
+    ConvertTimeUnit(*order, 2, 0);
     EXPECT_EQ(order->k[2], 1.5);
     EXPECT_DOUBLE_EQ(order->k[1], 0.15 * 3600);
 }
@@ -79,7 +66,7 @@ TEST(TimeUnits, HaveExactFactors) {
             EXPECT_NEAR(ps->TimeFactor[i][j] * ps->TimeFactor[j][i], 1, 1e-15);
     EXPECT_EQ(TimeUnitIndex("d"), 3);
     EXPECT_EQ(TimeUnitIndex("D"), 0);
-    ChangeTimeUnit(*ps, 99, 0);
+    ConvertTimeUnit(*ps, 99, 0);
     EXPECT_EQ(ps->TimeUnitText, "a");
 }
 
@@ -96,7 +83,7 @@ TEST(TimeUnits, DefaultConstantsFollowTheUnit) {
     };
     for (const Case& c : cases) {
         auto ps = Selected(c.model);
-        ChangeTimeUnit(*ps, 2, 0);
+        ConvertTimeUnit(*ps, 2, 0);
         ps->k = {0, 7, 8, 9};
         SetDefaultK(*ps);
         for (std::size_t i = 1; i <= 3; ++i) {
@@ -166,53 +153,4 @@ TEST(TimeUnits, AreShownBehindEveryConstant) {
                 << "model " << model << " k" << i;
         }
     }
-}
-
-TEST(TimeUnits, ReachTheOpenDialogs) {
-    auto ps = Selected(9);
-    TestDialog diagram("frmPrepareTimeDiagram", CalcDialogId::TimeDiagram);
-    TestDialog tank("frmRKconti", CalcDialogId::Cstr),
-        tube("frmRohrreaktor", CalcDialogId::Tubular);
-    Form editor("frmDatedit"), model("frmZorModel");
-    std::vector<std::string> told;
-    diagram.onShowParameters = [&] { told.push_back("parameters"); };
-    for (Form* form : {static_cast<Form*>(&diagram), static_cast<Form*>(&tank),
-                       static_cast<Form*>(&tube), &editor, &model}) {
-        ps->desktop.forms.push_back(form);
-        form->onTimeUnitChanged = [&told, form] { told.push_back(form->name); };
-    }
-    ps->vRohr = 2;
-    ps->VPunkt = 3;
-    ChangeTimeUnit(*ps, 1, 0); // nothing is open
-    EXPECT_TRUE(told.empty());
-    EXPECT_EQ(ps->vRohr, 2);
-    EXPECT_EQ(ps->VPunkt, 3);
-
-    tube.loaded = tank.loaded = editor.loaded = model.loaded = true;
-    EXPECT_EQ(WhichCalcDialog(*ps), &tank);
-    ChangeTimeUnit(*ps, 0, 1);
-    EXPECT_EQ(told, (std::vector<std::string>{"frmDatedit", "frmRohrreaktor", "frmRKconti",
-                                              "frmZorModel"}));
-    EXPECT_DOUBLE_EQ(ps->vRohr, 2.0 / 60);
-    EXPECT_DOUBLE_EQ(ps->VPunkt, 3.0 / 60);
-    EXPECT_EQ(tank.Inp(10).text, " 0.15");
-    EXPECT_EQ(tank.Inp(11).text, " 0.1");
-    EXPECT_EQ(tank.unit1.text, "/(L/(s*mol))");
-    EXPECT_EQ(tank.lblVPunktInput.text, "V* /(m^3/s)");
-    EXPECT_EQ(tank.lblZeitEinheit.text, "s");
-    EXPECT_EQ(tube.unit1.text, ""); // not the dialog at work
-
-    told.clear();
-    diagram.loaded = true;
-    EXPECT_EQ(WhichCalcDialog(*ps), &diagram);
-    ps->tMax = 5;
-    SetDefaultK(*ps);
-    EXPECT_EQ(ps->tMax, 100);
-    EXPECT_EQ(told, std::vector<std::string>{"parameters"});
-    UpdateUnitLabels(*ps);
-    EXPECT_EQ(diagram.unit4.text, "s");
-    diagram.loaded = tank.loaded = tube.loaded = false;
-    EXPECT_EQ(WhichCalcDialog(*ps), nullptr);
-    SetDefaultK(*ps);
-    EXPECT_EQ(ps->tMax, 100);
 }

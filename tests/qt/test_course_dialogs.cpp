@@ -1,5 +1,5 @@
 // The road from the menu to a painted diagram, with real widgets and keys.
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/graph_window.h"

@@ -1,6 +1,6 @@
 // Annotating a diagram with real widgets: texts by key, a mark, the curve handed out, the design
 // saved, spoiled by another diagram, and brought back.
-#include "diagrams/diagram_document.h"
+#include "dialogs/diagram/diagram_document.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"

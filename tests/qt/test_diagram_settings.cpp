@@ -1,6 +1,6 @@
 // The diagram window under mouse and keys: zoom, panels, the walk along a curve.
-#include "diagrams/diagram_walk.h"
-#include "diagrams/frm_z_graph_2d.h"
+#include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/graph_window.h"

@@ -1,6 +1,6 @@
 // The editors of data with real widgets: the grid takes keys, pastes and undo as a user gives them.
-#include "data/frm_datedit.h"
-#include "data/frm_zxy_editor.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/binder.h"
@@ -39,7 +39,7 @@ protected:
     QTemporaryDir folder;
     Application program;
     FormWindows& windows = program.windows();
-    ProjectState& ps = program.state();
+    Workspace& ps = program.state();
     frmDatedit& data = Find<frmDatedit>("frmDatedit");
     frmZXYEditor& points = Find<frmZXYEditor>("frmZXYEditor");
 };

@@ -1,5 +1,5 @@
 // Paper and clipboard: a printed page measured, and what other programs find on the clipboard.
-#include "diagrams/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 #include "platform/files.h"
 #include "shell/qt/application.h"
 #include "shell/qt/plot_output.h"

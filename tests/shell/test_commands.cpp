@@ -1,6 +1,6 @@
 // The main window's commands on records: which dialogs go and come, what is enabled, start and exit.
-#include "engine/calc_dialog.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/common/calc_dialog.h"
+#include "dialogs/course/frm_zor_model.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "shell/commands.h"
@@ -33,7 +33,7 @@ struct Recorder : Form {
     }
 };
 struct CalcRecorder : CalcDialog {
-    CalcRecorder(const std::string& formName, CalcDialogId dialog, std::vector<std::string>& log)
+    CalcRecorder(const std::string& formName, CalcTask dialog, std::vector<std::string>& log)
         : CalcDialog(formName, formName, dialog) {
         onLoad = [this, &log] { log.push_back("+" + name); };
         onUnload = [this, &log] { log.push_back("-" + name); };
@@ -63,14 +63,14 @@ protected:
     void AddAllDialogs() {
         const struct {
             const char* name;
-            CalcDialogId id;
+            CalcTask id;
         } calculations[] = {
-            {"frmPrepareTimeDiagram", CalcDialogId::TimeDiagram},
-            {"frmRKconti", CalcDialogId::Cstr},
-            {"frmBatch", CalcDialogId::Batch},
-            {"frmRohrreaktor", CalcDialogId::Tubular},
-            {"frmKaskade", CalcDialogId::Cascade},
-            {"frmZFitting", CalcDialogId::Fitting},
+            {"frmPrepareTimeDiagram", CalcTask::TimeDiagram},
+            {"frmRKconti", CalcTask::Cstr},
+            {"frmBatch", CalcTask::Batch},
+            {"frmRohrreaktor", CalcTask::Tubular},
+            {"frmKaskade", CalcTask::Cascade},
+            {"frmZFitting", CalcTask::Fitting},
         };
         for (const auto& each : calculations)
             Add(std::make_unique<CalcRecorder>(each.name, each.id, log));
@@ -101,7 +101,7 @@ protected:
 
     ScriptedHost desk;
     std::filesystem::path folder_;
-    ProjectState ps;
+    Workspace ps;
     MDIZOR form{ps};
     std::vector<std::unique_ptr<Form>> dialogs_;
     std::vector<std::string> log;
@@ -297,7 +297,7 @@ TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
     Press(form.Entry("mnuExit"));
     EXPECT_TRUE(desk.quitted);
 
-    ProjectState later;
+    Workspace later;
     MDIZOR again(later);
     again.protocolDate = "000101";
     frmZorModel model(later);

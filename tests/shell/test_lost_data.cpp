@@ -1,10 +1,10 @@
 // The data group of the main window with its real dialogs: dropped files, and unsaved data from the
 // question at the exit, or a crash, to the next start.
-#include "data/frm_datedit.h"
-#include "data/frm_import_text.h"
-#include "data/frm_zxy_editor.h"
 #include "data/project_file.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/course/frm_zor_model.h"
+#include "dialogs/data/frm_datedit.h"
+#include "dialogs/data/frm_import_text.h"
+#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/file_calls.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -34,7 +34,7 @@ struct Program {
         ShowForm(ps.desktop, window);
         OfferLostData(window);
     }
-    ProjectState ps;
+    Workspace ps;
     DiagramDocument diagram{ps};
     MDIZOR window{ps};
     frmZorModel model{ps};

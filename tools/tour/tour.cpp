@@ -4,10 +4,10 @@
 //     zorvant_tour FOLDER [editors|design|notes|pictures] [dark]    with a second word those stations alone
 #include "data/file_dialog.h"
 #include "data/project_file.h"
-#include "diagrams/diagram_walk.h"
-#include "diagrams/frm_z_graph_2d.h"
-#include "engine/calc_dialog.h"
-#include "engine/frm_zor_model.h"
+#include "dialogs/common/calc_dialog.h"
+#include "dialogs/course/frm_zor_model.h"
+#include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 #include "platform/host.h"
 #include "shell/dropped_files.h"
 #include "shell/qt/application.h"
@@ -105,7 +105,7 @@ public:
 
     /// The file dialog with the preview of a data file and of a project.
     void FileDialog(const std::string& folder) {
-        ProjectState& ps = program_.state();
+        Workspace& ps = program_.state();
         const auto choose = [&](const std::string& path) {
             host().chooseFile = [path](const FileRequest&) { return FileChoice{path}; };
         };

@@ -1,6 +1,7 @@
 // The data editor as a user works with it: enter, paste, deactivate, sort, take back, save, reload.
 #include "data/exp_data.h"
-#include "data/frm_datedit.h"
+#include "dialogs/common/time_unit_change.h"
+#include "dialogs/data/frm_datedit.h"
 #include "platform/files.h"
 #include "platform/number_text.h"
 #include "tests/dialogs/workbench.h"
@@ -65,7 +66,7 @@ protected:
 
     TempFolder folder;
     Workbench bench;
-    ProjectState& ps = bench.ps;
+    Workspace& ps = bench.ps;
     frmDatedit editor{ps, bench.diagram};
 };
 
@@ -350,7 +351,7 @@ TEST_F(DataEditor, AFailedLoadCanBeTakenBackAndForeignChangesEndTheHistory) {
     ps.ExpData = {{}, {.t = 8}, {.t = 9}}; // another project was loaded
     ps.ExpPointCount = 2;
     ps.ExpDataChanged = false;
-    FuCheckExpData(ps);
+    CheckExpData(ps);
     EXPECT_EQ(Cell(1, 2), "9"); // and is shown
     EXPECT_FALSE(editor.cmdUndo.enabled);
     Edit(1, 2, "7");

@@ -1,7 +1,7 @@
 #include "data/folder_list.h"
-#include "data/frm_comment_input.h"
-#include "data/frm_z_cmn_dlg.h"
 #include "data/project_file.h"
+#include "dialogs/data/frm_comment_input.h"
+#include "dialogs/data/frm_z_cmn_dlg.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "tests/temp_folder.h"
@@ -42,7 +42,7 @@ struct FileDialogTest : testing::Test {
     }
 
     ScriptedHost host;
-    ProjectState ps;
+    Workspace ps;
     frmZCmnDlg dialog{ps};
     FileQuestion question;
     const TempFolder temp; // tests run side by side
@@ -149,7 +149,7 @@ TEST(ShortPath, KeepsTheBeginningAndTheEnd) {
 
 TEST(CommentDialog, TakesOneLineAndCancelMeansNone) {
     ScriptedHost host;
-    ProjectState ps;
+    Workspace ps;
     InitProjectState(ps);
     ps.ProjectComment = "before";
     frmCommentInput dialog(ps);

@@ -1,5 +1,5 @@
 // Import of text files: what the dialog finds out, what the user corrects, what reaches the table.
-#include "data/frm_import_text.h"
+#include "dialogs/data/frm_import_text.h"
 #include "platform/files.h"
 #include "tests/dialogs/workbench.h"
 #include "tests/temp_folder.h"
@@ -25,7 +25,7 @@ protected:
 
     TempFolder folder;
     Workbench bench;
-    ProjectState& ps = bench.ps;
+    Workspace& ps = bench.ps;
     frmDatedit editor{ps, bench.diagram};
     frmImportText dialog{ps, editor};
 };

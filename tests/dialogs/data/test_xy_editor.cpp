@@ -1,5 +1,5 @@
 // The X-Y editor as a user works with it.
-#include "data/frm_zxy_editor.h"
+#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/files.h"
 #include "tests/dialogs/workbench.h"
 #include "tests/temp_folder.h"
@@ -47,7 +47,7 @@ protected:
 
     TempFolder folder;
     Workbench bench;
-    ProjectState& ps = bench.ps;
+    Workspace& ps = bench.ps;
     frmZXYEditor editor{ps, bench.diagram};
 };
 

@@ -2,13 +2,13 @@
 #pragma once
 
 #include "data/exp_data.h"
-#include "diagrams/coordinates.h"
-#include "diagrams/curve_calculation.h"
-#include "diagrams/diagram_legend.h"
-#include "diagrams/diagram_mouse.h"
-#include "diagrams/diagram_points.h"
-#include "diagrams/dispatcher.h"
 #include "diagrams/straight_lines.h"
+#include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/curve_calculation.h"
+#include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_mouse.h"
+#include "dialogs/diagram/diagram_points.h"
+#include "dialogs/diagram/dispatcher.h"
 #include "engine/arithmetic.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
@@ -27,7 +27,7 @@ struct Diagram : testing::Test {
     Diagram() { InitProjectState(ps); }
 
     ScriptedHost scripted;
-    ProjectState ps;
+    Workspace ps;
     DiagramDocument doc{ps};
 
     void SetRows(std::vector<ExpPoint> rows) {

@@ -1,7 +1,7 @@
 // Design files: every part of a diagram comes back, damaged ones change nothing.
 #include "diagrams/design_file.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_design.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_design.h"
 #include "platform/files.h"
 #include "tests/temp_folder.h"
 

@@ -1,7 +1,7 @@
 // The single point calculator of the diagram window.
-#include "diagrams/dispatcher.h"
-#include "diagrams/frm_z_graph_2d.h"
-#include "diagrams/frm_z_graph_calc.h"
+#include "dialogs/diagram/dispatcher.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_calc.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
 #include "platform/number_text.h"
@@ -40,7 +40,7 @@ struct Calculator : testing::Test {
     }
 
     ScriptedHost scripted;
-    ProjectState ps;
+    Workspace ps;
     frmZGraph2D diagram{ps};
     frmZGraphCalc calc{ps, diagram};
 };

@@ -14,7 +14,7 @@ std::vector<std::string> Split(const std::string& line, char mark) {
     return parts;
 }
 
-void SetContext(ProjectState& ps, const std::string& context) {
+void SetContext(Workspace& ps, const std::string& context) {
     ps.IsTubular = context == "tube";
     ps.IsCSTR = context == "cstr";
     ps.IsCascade = context.starts_with("cascade");

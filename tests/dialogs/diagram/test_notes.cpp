@@ -1,9 +1,9 @@
 // What a user writes into a diagram and takes out of it: marks, texts, a curve as data.
 #include "data/formats/xy.h"
-#include "diagrams/curve_export.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_marks.h"
-#include "diagrams/diagram_texts.h"
+#include "dialogs/diagram/curve_export.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_marks.h"
+#include "dialogs/diagram/diagram_texts.h"
 #include "engine/closed_forms.h"
 #include "evaluation/model_value.h"
 #include "platform/files.h"

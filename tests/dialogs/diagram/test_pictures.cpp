@@ -1,5 +1,5 @@
 // The panel of pictures on its records: what is asked of the clipboard, the file and the printer.
-#include "diagrams/frm_z_graph_2d.h"
+#include "dialogs/diagram/frm_z_graph_2d.h"
 #include "platform/files.h"
 #include "platform/host.h"
 
@@ -43,7 +43,7 @@ protected:
     void Open(int mode) { Press(graph.mnuBild(mode)); }
 
     ScriptedHost screen;
-    ProjectState ps;
+    Workspace ps;
     frmZGraph2D graph{ps};
     std::vector<std::string> asked;
     PictureSize drawn;

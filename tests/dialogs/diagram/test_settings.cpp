@@ -1,8 +1,8 @@
 // The settings panel, the zoom and the walk along curves, on the window's record.
-#include "diagrams/axis_settings.h"
-#include "diagrams/diagram_curves.h"
-#include "diagrams/diagram_walk.h"
-#include "diagrams/settings_panel.h"
+#include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "fixture.h"
 
 namespace zorvant {

@@ -1,0 +1,72 @@
+#include "dialogs/common/time_unit_change.h"
+#include "engine/reaction_catalogue.h"
+#include "engine/time_units.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+using namespace zorvant;
+
+namespace {
+
+/// A calculation dialog with what the change of the unit writes to.
+struct TestDialog : CalcDialog {
+    TestDialog(const char* formName, CalcTask dialogId) : CalcDialog(formName, "", dialogId) {
+        Declare();
+    }
+};
+
+} // namespace
+
+TEST(TimeUnits, ReachTheOpenDialogs) {
+    const auto ps = std::make_unique<Workspace>();
+    InitProjectState(*ps);
+    ps->ModelId = 9;
+    FuMaskenSetzen(*ps, 9);
+    SetDefaultK(*ps);
+    TestDialog diagram("frmPrepareTimeDiagram", CalcTask::TimeDiagram);
+    TestDialog tank("frmRKconti", CalcTask::Cstr),
+        tube("frmRohrreaktor", CalcTask::Tubular);
+    Form editor("frmDatedit"), model("frmZorModel");
+    std::vector<std::string> told;
+    diagram.onShowParameters = [&] { told.push_back("parameters"); };
+    for (Form* form : {static_cast<Form*>(&diagram), static_cast<Form*>(&tank),
+                       static_cast<Form*>(&tube), &editor, &model}) {
+        ps->desktop.forms.push_back(form);
+        form->onTimeUnitChanged = [&told, form] { told.push_back(form->name); };
+    }
+    ps->vRohr = 2;
+    ps->VPunkt = 3;
+    ChangeTimeUnit(*ps, 1, 0); // nothing is open
+    EXPECT_TRUE(told.empty());
+    EXPECT_EQ(ps->vRohr, 2);
+    EXPECT_EQ(ps->VPunkt, 3);
+
+    tube.loaded = tank.loaded = editor.loaded = model.loaded = true;
+    EXPECT_EQ(WhichCalcDialog(*ps), &tank);
+    ChangeTimeUnit(*ps, 0, 1);
+    EXPECT_EQ(told, (std::vector<std::string>{"frmDatedit", "frmRohrreaktor", "frmRKconti",
+                                              "frmZorModel"}));
+    EXPECT_DOUBLE_EQ(ps->vRohr, 2.0 / 60);
+    EXPECT_DOUBLE_EQ(ps->VPunkt, 3.0 / 60);
+    EXPECT_EQ(tank.Inp(10).text, " 0.15");
+    EXPECT_EQ(tank.Inp(11).text, " 0.1");
+    EXPECT_EQ(tank.unit1.text, "/(L/(s*mol))");
+    EXPECT_EQ(tank.lblZeitEinheit.text, "s");
+    EXPECT_EQ(tube.unit1.text, ""); // not the dialog at work
+
+    told.clear();
+    diagram.loaded = true;
+    EXPECT_EQ(WhichCalcDialog(*ps), &diagram);
+    ps->tMax = 5;
+    ResetConstants(*ps);
+    EXPECT_EQ(ps->tMax, 100);
+    EXPECT_EQ(told, std::vector<std::string>{"parameters"});
+    diagram.loaded = tank.loaded = tube.loaded = false;
+    EXPECT_EQ(WhichCalcDialog(*ps), nullptr);
+    ResetConstants(*ps);
+    EXPECT_EQ(ps->tMax, 100);
+}
