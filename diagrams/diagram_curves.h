@@ -20,6 +20,7 @@ void FuKurveLoeschen(ProjectState& ps, DiagramDocument& doc, int slot);
 void mnuSubDelKurv_Click(ProjectState& ps, DiagramDocument& doc, int slot);
 /// The curve of the page in front.
 void cmdDelKurv_Click(ProjectState& ps, DiagramDocument& doc);
+/// Curves, points and marks, and the legend, which has nothing left to tell.
 void mnuDelTotal_Click(ProjectState& ps, DiagramDocument& doc);
 /// Shows an entry for what there is to delete.
 void mnuDelete_Click(DiagramDocument& doc);
