@@ -26,7 +26,8 @@ void ViewExpFile(const std::string& path, std::string& comment, std::string& tim
                  bool& ok);
 
 /// The commands "load" and "append": asks for the file, clears unless appending, loads, counts.
-/// Returned: ok: loaded; cancelled: the user chose none, and nothing changed
+/// Returned: ok: loaded; cancelled: the user chose none, and nothing changed. After a failure the
+///           name of the file is not taken, only its folder: a save must not offer to overwrite it
 void LoadExpDialog(ProjectState& ps, bool append, bool& ok, bool& cancelled);
 
 /// Asks for a name and saves.

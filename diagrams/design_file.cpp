@@ -485,7 +485,7 @@ void CheckLabels(const PlotContents& contents, const Reader& reader) {
 std::string WriteDesign(const PlotContents& contents) {
     Writer writer;
     writer.Line(kFirstLine);
-    PlotContents copy = contents; // the description serves both directions
+    PlotContents copy = contents; // Describe serves both directions, reading writes into it
     Describe(writer, copy);
     writer.Line(kLastLine);
     return writer.Take();

@@ -80,7 +80,8 @@ enum class SeriesDisplay {
     Excluded = 3 ///< the same, and not asked for by anything
 };
 enum class TextRotation { Horizontal, Vertical };
-/// Where an axis or its numbers stand, seen on the other axis.
+/// Where an axis or its numbers stand, seen on the other axis. AtZero on an axis without 0: its end
+/// that is nearest to 0, on a logarithmic one the lower end.
 enum class Placement { Min, AtZero, Max };
 enum class Orientation { Horizontal, Vertical };
 /// Borders of the chart; the numbers go into design files.

@@ -43,7 +43,7 @@ struct ExpDataSet {
     double LambdaZero = 0; ///< lambda at t = 0; 0: not known
     std::string DataFilePath, DataFileTitle, DataDir;
     bool ExpDataChanged = false;
-    bool DataIsSession = false;
+    bool DataIsSession = false; ///< the project is the last session, with data or without
 
     int nCtPoints = 0;
     int nRcSPoints = 0;

@@ -40,7 +40,8 @@ struct MDIZOR : Form {
 /// Start-up: start values, the model dialog, the first places of the dialogs.
 void MDIZOR_Load(MDIZOR& form);
 /// The second half of start-up, when the window stands: the project named on the command line.
-/// Given: commandLine   a path, double quotes in it are dropped; empty: none
+/// Given: commandLine   a path, double quotes in it are dropped; empty: none. The name of a file
+///                      that can't be read is forgotten: saving must not offer it
 void OpenCommandLine(MDIZOR& form, const std::string& commandLine);
 /// The last step of start-up: data that a crash has left are offered and shown in their editor.
 void OfferLostData(MDIZOR& form);

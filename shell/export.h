@@ -14,7 +14,8 @@ inline constexpr int kSuccess = 0, kFailure = 2; ///< exit status
 using DrawPicture = std::function<void(PlotSurface&, const CommandLine&)>;
 
 /// Loads the project with its measured values, computes its course and writes what was asked for.
-/// The measured points are in the diagram where the project has some for it.
+/// The measured points are in the diagram where the project has some for it; the table is the text
+/// alone, without the quotes that the window's file has.
 /// Returned: the exit status; what went wrong stands on standard error, and then no file of the
 ///           two was begun before both were ready
 int RunExport(const CommandLine& line, const DrawPicture& draw);

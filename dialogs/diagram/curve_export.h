@@ -5,7 +5,8 @@
 
 namespace zorvant {
 
-/// The curve of the page in front as lines of x, tab, y.
+/// The curve of the page in front as lines of x, tab, y: 7 digits without a blank in front, which
+/// spreadsheets would take for a text.
 void cmdClipboard_Click(DiagramDocument& doc);
 /// The same curve as .XY file (docs/file_formats.md), with the delimiter of the settings.
 void cmdSaveCurveAsXY_Click(Workspace& ps, DiagramDocument& doc);

@@ -20,6 +20,7 @@ void FuKurveLoeschen(Workspace& ps, DiagramDocument& doc, int slot);
 void mnuSubDelKurv_Click(Workspace& ps, DiagramDocument& doc, int slot);
 /// The curve of the page in front.
 void cmdDelKurv_Click(Workspace& ps, DiagramDocument& doc);
+/// Curves, points and marks, and the legend, which has nothing left to tell.
 void mnuDelTotal_Click(Workspace& ps, DiagramDocument& doc);
 /// Shows an entry for what there is to delete.
 void mnuDelete_Click(DiagramDocument& doc);

@@ -24,7 +24,8 @@ struct frmZGraphCalc : Form {
 void Form_Load(frmZGraphCalc& form);
 /// Enter calculates, anything else passes the filter of numeric fields.
 void txtX_KeyPress(frmZGraphCalc& form, int& key);
-/// Shows the values at x; a beep for an x outside the diagram, and the results stay.
+/// Shows the values at x, nothing where the model has none; a beep for an x outside the diagram,
+/// and the results stay.
 void cmdGraphCalcExec_Click(frmZGraphCalc& form);
 
 } // namespace zorvant

@@ -17,7 +17,7 @@ namespace zorvant {
 /// Makes the widget of a form with all its children; the binder connects it afterwards.
 using WidgetFactory = std::function<QWidget*()>;
 
-/// The factory of a window that Qt Designer's file describes alone: FromUi<Ui::frmBatch>().
+/// The factory of a window that is all in Qt Designer's file: FromUi<Ui::frmBatch>().
 template <class Ui> WidgetFactory FromUi() {
     return [] {
         auto* const root = new QWidget;

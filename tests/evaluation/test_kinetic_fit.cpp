@@ -248,7 +248,7 @@ TEST(KineticFit, EndsBadInputWithAFlagOrAnError) {
             EXPECT_TRUE(std::isfinite(report.sumSquares));
             try {
                 EXPECT_TRUE(std::isfinite(RootMeanSquare(*ps)));
-            } catch (const ArithmeticError&) { // as described, too
+            } catch (const ArithmeticError&) { // what overflows has no quality
             }
         }
     }

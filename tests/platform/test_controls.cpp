@@ -151,7 +151,7 @@ TEST_F(Controls, KeepListsAndSlidersWithinTheirBounds) {
     EXPECT_THROW(Choose(form.cboUnit, 2), std::out_of_range);
 }
 
-TEST_F(Controls, OpenAndCloseInTheDescribedOrder) {
+TEST_F(Controls, OpenAndCloseInOrder) {
     frmSample other;
     form.onLoad = Note("load");
     form.onActivate = Note("activate");
