@@ -6,6 +6,7 @@
 #include "shell/qt/binder.h"
 #include "tests/qt/qt_user.h"
 
+#include <QtTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -25,6 +26,16 @@ protected:
         ShowForm(ps.desktop, form);
         Binder::PushAll();
         Settle();
+    }
+    /// Keys on what has the focus, as the window system delivers them.
+    static void Key(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), static_cast<Qt::Key>(key),
+                            text, modifiers);
+        Settle();
+    }
+    static void Keys(const QString& text) {
+        for (const QChar c : text)
+            c == u'\r' ? Key(Qt::Key_Return, {}, c) : Key(c.toUpper().unicode(), {}, c);
     }
     QTableView& Table(Form& form) { return Child<QTableView>(*windows.WidgetOf(form), "Grid"); }
     static QString Shown(const QTableView& table, int row, int column) {
@@ -53,30 +64,30 @@ TEST_F(EditorsInWindows, FitTheScreenWithoutScrolling) {
     }
 }
 
-TEST_F(EditorsInWindows, KeysInACellGoThroughTheFilterIntoTheTable) {
+TEST_F(EditorsInWindows, TakeKeysInTheInputLineAndInACellAndTakeThemBack) {
+    Open(points);
+    Keys(QStringLiteral("4,5\r-2\r"));
+    ASSERT_EQ(ps.XYCount, 1);
+    EXPECT_EQ(points.XYData[1], (XYPoint{.x = 4.5F, .y = -2}));
+    Keys(QStringLiteral("7"));
+    Key(Qt::Key_Z, Qt::ControlModifier); // the box's own typing first
+    EXPECT_EQ(ps.XYCount, 1);
+    Key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(ps.XYCount, 0);
+
     ps.ExpData = {{}, {.t = 1, .cA = 2}, {.t = 3, .cA = 4}};
     ps.ExpPointCount = 2;
     Open(data);
     QTableView& table = Table(data);
-    EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("4"));
     table.setFocus();
     table.setCurrentIndex(table.model()->index(1, 3));
-    TypeText(table, QStringLiteral("7")); // begins the editing
-    auto* const editor = qobject_cast<QLineEdit*>(table.indexWidget(table.currentIndex()) != nullptr
-                                                      ? table.indexWidget(table.currentIndex())
-                                                      : QApplication::focusWidget());
-    ASSERT_NE(editor, nullptr);
-    TypeText(*editor, QStringLiteral(",x5"));
-    PressKey(*editor, Qt::Key_Return);
-    Settle();
+    Keys(QStringLiteral("7,x5\r")); // the first one begins the editing
     EXPECT_EQ(ps.ExpData[2].cA, 7.5);
     EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("7.5"));
-    EXPECT_EQ(Child<QPushButton>(*windows.WidgetOf(data), "cmdUndo").text(),
-              QStringLiteral("Undo entry in line 2"));
-    Child<QPushButton>(*windows.WidgetOf(data), "cmdUndo").click();
+    Key(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("4"));
-
-    table.model()->setData(table.model()->index(0, 1), Qt::Checked, Qt::CheckStateRole);
+    table.setCurrentIndex(table.model()->index(0, 1));
+    Key(Qt::Key_Space);
     EXPECT_EQ(ps.ExpData[1].exclude, -1);
 }
 
@@ -105,34 +116,6 @@ TEST_F(EditorsInWindows, PastedRowsAreShownAndTheCursorStays) {
     Binder::Run(nullptr, [&] { Press(data.cmdUndo); });
     EXPECT_EQ(table.model()->rowCount(), 10000);
     EXPECT_GT(table.verticalScrollBar()->value(), 0);
-}
-
-TEST_F(EditorsInWindows, TheLastChangeIsTakenBackByItsKeysUnlessAFieldHasSomethingToTakeBack) {
-    Open(points);
-    QWidget& window = *windows.WidgetOf(points);
-    auto& x = Child<QLineEdit>(window, "y_0");
-    x.setFocus();
-    TypeText(x, QStringLiteral("4"));
-    PressKey(x, Qt::Key_Return);
-    PressKey(Child<QLineEdit>(window, "y_1"), Qt::Key_Return);
-    Settle();
-    ASSERT_EQ(ps.XYCount, 1);
-    const auto offers = [&](Qt::KeyboardModifiers modifiers) {
-        QKeyEvent override(QEvent::ShortcutOverride, Qt::Key_Z, modifiers);
-        override.ignore();
-        QCoreApplication::sendEvent(&x, &override);
-        return !override.isAccepted(); // the dialog's keys come into play
-    };
-    EXPECT_TRUE(offers(Qt::ControlModifier));
-    TypeText(x, QStringLiteral("5"));
-    EXPECT_FALSE(offers(Qt::ControlModifier));
-    EXPECT_TRUE(offers(Qt::ControlModifier | Qt::ShiftModifier));
-    const auto keys = window.findChildren<QShortcut*>();
-    const auto undo = std::ranges::find_if(
-        keys, [](const QShortcut* key) { return key->key() == QKeySequence(QKeySequence::Undo); });
-    ASSERT_NE(undo, keys.end());
-    emit(*undo)->activated();
-    EXPECT_EQ(ps.XYCount, 0);
 }
 
 TEST_F(EditorsInWindows, OpenReadyForTheFirstNumber) {
