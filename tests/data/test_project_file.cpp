@@ -2,6 +2,7 @@
 #include "data/project_file.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "tests/temp_folder.h"
 
 #include <gmock/gmock.h>

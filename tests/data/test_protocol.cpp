@@ -1,7 +1,10 @@
 #include "data/protocol.h"
+#include "data/protocol_name.h"
+#include "data/protocol_text.h"
 
 #include "engine/reaction_catalogue.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 
 #include <gtest/gtest.h>
 

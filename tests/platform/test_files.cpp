@@ -1,4 +1,6 @@
+#include "platform/encoding.h"
 #include "platform/files.h"
+#include "platform/paths.h"
 #include "tests/failing_calls.h"
 #include "tests/temp_folder.h"
 
