@@ -3,6 +3,8 @@
 #include "data/exp_data.h"
 #include "data/exp_file.h"
 #include "data/project_file.h"
+#include "data/protocol.h"
+#include "data/protocol_name.h"
 #include "dialogs/common/calc_dialog.h"
 #include "dialogs/common/names.h"
 #include "dialogs/common/time_unit_change.h"
@@ -10,14 +12,12 @@
 #include "dialogs/data/frm_zxy_editor.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
-#include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 #include "shell/project_status.h"
-#include "shell/protocol_name.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <stdexcept>
 
 namespace zorvant {
@@ -354,8 +354,7 @@ void MDIZOR_Load(MDIZOR& form) {
     for (const int index : {8, 16})
         form.Tool(index).enabled = false;
     form.Entry("mnuEditDat").enabled = false;
-    ps.ProtocolFile = NextProtocolName(
-        ps.ProgramDir, form.protocolDate.empty() ? DateDigits() : form.protocolDate);
+    ps.ProtocolFile = NextProtocolName(ps);
     for (const StartPosition& place : StartPositions())
         if (Form* const dialog = FindForm(ps.desktop, place.form)) {
             dialog->left = place.left;
@@ -530,13 +529,7 @@ void mnuExit_Click(MDIZOR& form) {
     RecoveryKeeper& data = form.recoveries.front();
     cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
     FuSaveProjectFile(ps, ps.LastSessionFile, OpenCalculation(ps));
-    const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
-                                     ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
-                                     : ps.ProtocolFile;
-    std::error_code error;
-    if (!ps.ProtocolFile.empty() && std::filesystem::is_regular_file(protocol, error) &&
-        std::filesystem::file_size(protocol, error) == 0)
-        std::filesystem::remove(protocol, error);
+    DeleteEmptyProtocol(ps);
     // Closing is a stop to whatever still runs in a dialog.
     const std::vector<Form*> open = ps.desktop.order;
     for (auto each = open.rbegin(); each != open.rend(); ++each)

@@ -33,7 +33,6 @@ struct MDIZOR : Form {
     MenuEntry& Entry(const std::string& control);
     Button& Tool(int index);
 
-    std::string protocolDate; ///< YYMMDD for the name of the protocol file; empty: today
     bool exiting = false;
 };
 

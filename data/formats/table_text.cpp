@@ -1,6 +1,6 @@
 #include "data/formats/table_text.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <algorithm>

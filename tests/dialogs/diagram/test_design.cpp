@@ -2,6 +2,7 @@
 #include "diagrams/design_file.h"
 #include "dialogs/diagram/diagram_curves.h"
 #include "dialogs/diagram/diagram_design.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "tests/temp_folder.h"
 
