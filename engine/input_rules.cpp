@@ -171,7 +171,8 @@ constexpr InputRule kRules[] = {
      "- not yet a valid input of the conversion (0 < U(A) < 1)\r\n"},
     {kBatch, ReversibleConversionFails, InputField::Conversion,
      "- not yet a valid input of the conversion (U(A) <> 0, U(A) < 1)\r\n\r\n"
-     "(Note: In the case of a reversible reaction negative values of the conversion are possible.)"},
+     "(Note: In the case of a reversible reaction negative values of the conversion are "
+     "possible.)"},
     {kTube, ReversibleConversionFails, InputField::Conversion,
      "- not yet a valid input of the conversion (U(A) <> 0, U(A) < 1)\r\n\r\n"
      "(Note: In the case of a reversible reaction negative values of the conversion are possible.)"
@@ -212,7 +213,8 @@ constexpr InputRule kRules[] = {
     {kBatch | kTube | kTank, CatalystFails, InputField::P,
      "- for auto catalysis there has to be given a (tiny) c(P,0)\r\n"},
     {kSeries, CatalystFails, InputField::P,
-     "- for auto catalysis a (low) c(P,0) must be given, otherwise the reaction will not start\r\n"},
+     "- for auto catalysis a (low) c(P,0) must be given, otherwise the reaction will not "
+     "start\r\n"},
 
     {kTable, OrderNegative, InputField::Order,
      "- allowed only n > 0\r\n"},

@@ -42,8 +42,8 @@ struct GivenInput {
     double vRohr = 0; ///< m/TU
     double lRohr = 0; ///< m
 };
-/// What is shown for the selected model and task, by the catalogue: the masks of the state belong to
-/// the diagram that was drawn last.
+/// What is shown for the selected model and task, by the catalogue: the masks of the state belong
+/// to the diagram that was drawn last.
 GivenInput InputShownFor(const ProjectState& ps);
 
 struct InputCheck {

@@ -42,8 +42,8 @@ constexpr Start kStartReversible{{{kA, 0.5, true}, {kB, 0.5, true}}};
 // One row a model, laid out by hand so that the columns can be read downward:
 // id, option, caption, name,
 //   species mask, rate mask, single reaction, A formed back, equilibrium, numeric, units,
-//   k1..k3 at "default values" (1/s and so on), k1..k3 at a selection, start concentrations, captions,
-//   stoichiometry by reaction
+//   k1..k3 at "default values" (1/s and so on), k1..k3 at a selection, start concentrations,
+//   captions, stoichiometry by reaction
 // clang-format off
 constexpr std::array<ReactionModel, kModels> kCatalogue{{
     {1, 1, "0th-order reaction A => P", "A => P   (n = 0)",

@@ -53,8 +53,9 @@ CommandCheck CheckNonIsothermalFitting(const ProjectState& ps, int index);
 /// and T repeat an earlier row.
 int DistinctKtCouples(const ProjectState& ps);
 
-/// Axis ranges of the lambda evaluations from all rows, into RngT and RngLam1 or RngLam2. Rows whose
-/// logarithm or quotient does not exist are left out; without any row the ordinate goes from 0 to 1.
+/// Axis ranges of the lambda evaluations from all rows, into RngT and RngLam1 or RngLam2. Rows
+/// whose logarithm or quotient does not exist are left out; without any row the ordinate goes from
+/// 0 to 1.
 void FuExtentsLambda1(ProjectState& ps);
 void FuExtentsLambda2(ProjectState& ps);
 
