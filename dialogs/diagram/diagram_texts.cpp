@@ -10,7 +10,6 @@
 namespace zorvant {
 namespace {
 
-constexpr int kKeyEnter = 13, kKeyCtrlEnter = 10;
 /// Steps of the position sliders over the width or height of the picture.
 constexpr int kPlaceSteps = 1000;
 

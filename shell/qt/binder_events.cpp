@@ -149,7 +149,7 @@ void Binder::Clicked(const QObject* watched, const QMouseEvent& event) {
 }
 
 bool Binder::KeyOnList(Control& control, QWidget& widget, QKeyEvent& event) {
-    const int before = event.key() == Qt::Key_Delete ? kKeyDelete : KeyCode(event);
+    const int before = event.key() == Qt::Key_Delete ? kKeyDel : KeyCode(event);
     int after = before;
     if (before > 0)
         Run(&control, [&] {

@@ -33,8 +33,9 @@ struct Recorder : Form {
     }
 };
 struct CalcRecorder : CalcDialog {
-    CalcRecorder(const std::string& formName, CalcTask dialog, std::vector<std::string>& log)
-        : CalcDialog(formName, formName, dialog) {
+    CalcRecorder(Workspace& state, const std::string& formName, CalcTask dialog,
+                 std::vector<std::string>& log)
+        : CalcDialog(state, formName, formName, dialog) {
         onLoad = [this, &log] { log.push_back("+" + name); };
         onUnload = [this, &log] { log.push_back("-" + name); };
         onInit = [this, &log] { log.push_back("init " + name); };
@@ -69,7 +70,7 @@ protected:
             {"frmZFitting", CalcTask::Fitting},
         };
         for (const auto& [name, task] : calculations)
-            Add(std::make_unique<CalcRecorder>(name, task, log));
+            Add(std::make_unique<CalcRecorder>(ps, name, task, log));
         for (const char* other : {"frmBlutalkohol", "frmVerweilzeit", "frmVerweilCalc",
                                   "frmDatedit", "frmZXYEditor", "frmArrheniusRechner"})
             Add(std::make_unique<Recorder>(other, log));
