@@ -147,6 +147,20 @@ void ShowText(frmImportText& form) {
     ++grid.revision;
 }
 
+/// How much will be read, and what will not.
+std::string CountText(const frmImportText& form) {
+    std::string count = std::to_string(form.numbers.Rows()) + " rows";
+    if (const std::string unit = UnitOfTimes(form); !unit.empty())
+        count += "; times in " + unit;
+    if (form.numbers.badCells > 0)
+        count += "; " + std::to_string(form.numbers.badCells) +
+                 " cells are no numbers and count as 0, first in line " +
+                 std::to_string(form.numbers.firstBadLine);
+    if (form.numbers.columnsCut)
+        count += "; columns behind the " + std::to_string(kMaxColumns) + "th are left out";
+    return count;
+}
+
 void ShowNumbers(frmImportText& form) {
     auto& grid = form.GridRead;
     std::vector<int> fields;
@@ -171,16 +185,7 @@ void ShowNumbers(frmImportText& form) {
         grid.cells.push_back(std::move(cells));
     }
     ++grid.revision;
-    std::string count = std::to_string(form.numbers.Rows()) + " rows";
-    if (const std::string unit = UnitOfTimes(form); !unit.empty())
-        count += "; times in " + unit;
-    if (form.numbers.badCells > 0)
-        count += "; " + std::to_string(form.numbers.badCells) +
-                 " cells are no numbers and count as 0, first in line " +
-                 std::to_string(form.numbers.firstBadLine);
-    if (form.numbers.columnsCut)
-        count += "; columns behind the " + std::to_string(kMaxColumns) + "th are left out";
-    form.lblCount.text = count;
+    form.lblCount.text = CountText(form);
     form.cmdOK.enabled = form.numbers.Rows() > 0 && !fields.empty();
 }
 
@@ -228,37 +233,75 @@ void SeparatorChosen(frmImportText& form) {
     ShowNumbers(form);
 }
 
+void SetChoices(frmImportText& form) {
+    for (const Separator& separator : kSeparators)
+        form.cmbSep.items.emplace_back(separator.caption);
+    form.cmbSep.index = 0;
+    form.cmbDecimal.items = {"as found", "point", "comma"};
+    form.cmbDecimal.index = kAsFound;
+    form.cmbDecimal.toolTip = " as found: told for each column from its numbers ";
+    form.updSkip.maximum = kMostSkipped;
+    for (int field = 0; field < kExpColumns; ++field)
+        form.lblField(field).text = kExpColumnNames[Index(field)];
+}
+
+void WireReading(frmImportText& form) {
+    form.cmdFile.onClick = [&form] { AskForTextFile(form); };
+    form.cmbSep.onClick = [&form] { SeparatorChosen(form); };
+    form.cmbDecimal.onClick = [&form] {
+        form.corrected = true;
+        ShowReading(form);
+    };
+    form.updSkip.onChange = [&form] { ShowReading(form); };
+    for (int field = 0; field < kExpColumns; ++field)
+        form.cmbField(field).onClick = [&form] { ShowNumbers(form); };
+}
+
+void WireEnd(frmImportText& form) {
+    form.cmdOK.isDefault = true;
+    form.cmdOK.disabledTip = "no row of numbers, or no column for a field";
+    form.cmdCancel.isCancel = true;
+    form.cmdOK.onClick = [&form] { cmdOK_Click(form); };
+    form.cmdCancel.onClick = [&form] { UnloadForm(form.ps.desktop, form); };
+}
+
+/// The numbers as the user wants them read, who is asked where there are two ways.
+/// Returned: nothing when the user cancelled.
+std::optional<TableNumbers> DecidedNumbers(const frmImportText& form) {
+    if (form.corrected || form.guess.doubts.empty())
+        return form.numbers;
+    const Answer answer = AskWhichReading(
+        "The text can be read in two ways. It will be read:", form.guess, "Import text/CSV");
+    if (answer == Answer::Cancel)
+        return std::nullopt;
+    if (answer == Answer::Yes)
+        return form.numbers;
+    TableLayout other = OtherReading(form.guess);
+    other.skipLines = form.updSkip.value;
+    return ReadTable(form.text, other);
+}
+
+/// The field of each column of numbers, -1: none.
+std::vector<int> FieldsOf(const frmImportText& form, std::size_t count) {
+    std::vector<int> columns(count, -1);
+    for (int field = 0; field < kExpColumns; ++field) {
+        const int chosen = form.cmbField(field).index - 1;
+        if (chosen >= 0 && Index(chosen) < count)
+            columns[Index(chosen)] = field;
+    }
+    return columns;
+}
+
 } // namespace
 
 frmImportText::frmImportText(Workspace& state, frmDatedit& dataEditor)
     : Form(name::kImportText, "Import text/CSV"), ps(state), editor(dataEditor) {
     modal = true;
     helpTopic = kHelpImport;
-    for (const Separator& separator : kSeparators)
-        cmbSep.items.emplace_back(separator.caption);
-    cmbSep.index = 0;
-    cmbDecimal.items = {"as found", "point", "comma"};
-    cmbDecimal.index = kAsFound;
-    cmbDecimal.toolTip = " as found: told for each column from its numbers ";
-    updSkip.maximum = kMostSkipped;
-    for (int field = 0; field < kExpColumns; ++field)
-        lblField(field).text = kExpColumnNames[Index(field)];
-    cmdOK.isDefault = true;
-    cmdOK.disabledTip = "no row of numbers, or no column for a field";
-    cmdCancel.isCancel = true;
-
     onLoad = [this] { Form_Load(*this); };
-    cmdFile.onClick = [this] { AskForTextFile(*this); };
-    cmbSep.onClick = [this] { SeparatorChosen(*this); };
-    cmbDecimal.onClick = [this] {
-        corrected = true;
-        ShowReading(*this);
-    };
-    updSkip.onChange = [this] { ShowReading(*this); };
-    for (int field = 0; field < kExpColumns; ++field)
-        cmbField(field).onClick = [this] { ShowNumbers(*this); };
-    cmdOK.onClick = [this] { cmdOK_Click(*this); };
-    cmdCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
+    SetChoices(*this);
+    WireReading(*this);
+    WireEnd(*this);
     Declare();
 }
 
@@ -301,33 +344,17 @@ void ShowReading(frmImportText& form) {
 }
 
 void cmdOK_Click(frmImportText& form) {
-    TableNumbers numbers = form.numbers;
-    if (!form.corrected && !form.guess.doubts.empty()) {
-        const Answer answer =
-            Ask(JoinLines({"The text can be read in two ways. It will be read:", "",
-                           DoubtText(form.guess), "", "Is this right? (No: the other way)"}),
-                "Import text/CSV", Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::No) {
-            TableLayout other = OtherReading(form.guess);
-            other.skipLines = form.updSkip.value;
-            numbers = ReadTable(form.text, other);
-        }
-    }
-    std::vector<int> columns(numbers.Columns(), -1);
-    for (int field = 0; field < kExpColumns; ++field) {
-        const int chosen = form.cmbField(field).index - 1;
-        if (chosen >= 0 && Index(chosen) < columns.size())
-            columns[Index(chosen)] = field;
-    }
+    const std::optional<TableNumbers> numbers = DecidedNumbers(form);
+    if (!numbers)
+        return;
+    const std::vector<int> columns = FieldsOf(form, numbers->Columns());
     frmDatedit& editor = form.editor;
     const bool append = form.optTarget.selected == 1 && form.ps.ExpPointCount > 0;
     if (!editor.loaded) // its history must know the table before the import
         ShowForm(form.ps.desktop, editor);
     const bool done =
-        append ? PutNumbers(editor, numbers, columns, form.ps.ExpPointCount + 1, "importing")
-               : ReplaceByNumbers(editor, numbers, columns, "importing", UnitOfTimes(form));
+        append ? PutNumbers(editor, *numbers, columns, form.ps.ExpPointCount + 1, "importing")
+               : ReplaceByNumbers(editor, *numbers, columns, "importing", UnitOfTimes(form));
     if (!done)
         return;
     UnloadForm(form.ps.desktop, form);

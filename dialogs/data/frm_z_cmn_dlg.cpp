@@ -17,7 +17,6 @@ namespace {
 
 constexpr int kHelpFiles = 7011;
 constexpr int kPathWidth = 60;
-constexpr int kDeleteKey = 127;
 constexpr const char* kUp = "..";
 
 void Report(const frmZCmnDlg& form, const std::string& text) {
@@ -117,6 +116,49 @@ void SelectPresent(frmZCmnDlg& form) {
     filOpenList_Click(form);
 }
 
+void WireLists(frmZCmnDlg& form) {
+    form.dirOpenList.onDoubleClick = [&form] { dirOpenList_DoubleClick(form); };
+    form.filOpenList.onClick = [&form] { filOpenList_Click(form); };
+    form.filOpenList.onDoubleClick = [&form] {
+        filOpenList_Click(form);
+        if (form.filOpenList.index >= 0)
+            Accept(form);
+    };
+    form.filOpenList.onKeyPress = [&form](int& key) { filOpenList_KeyPress(form, key); };
+}
+
+void WireNameAndButtons(frmZCmnDlg& form) {
+    form.txtOpenFile.onChange = [&form] { form.dirOpenList.index = -1; };
+    form.txtOpenFile.onGotFocus = [&form] { form.txtOpenFile.selectAll = true; };
+    form.cmdOpenOK.onClick = [&form] { cmdOpenOK_Click(form); };
+    form.cmdOpenCancel.onClick = [&form] { UnloadForm(form.ps.desktop, form); };
+    form.cmdReturn.onClick = [&form] { cmdReturn_Click(form); };
+    form.cmdOpenOK.isDefault = true;
+    form.cmdOpenCancel.isCancel = true;
+}
+
+void SetUpPreview(frmZCmnDlg& form) {
+    form.Text1.locked = true;
+    form.Text1.multiLine = true;
+    form.Text1.enabled = false;
+    form.lblFileComment.visible = false;
+    form.cmdReturn.toolTip = " to higher directory ";
+}
+
+/// What the dialog shows when a question begins.
+void ShowQuestion(frmZCmnDlg& form, const FileQuestion& question) {
+    form.caption = question.title;
+    form.pattern = question.pattern.empty() ? "*.*" : question.pattern;
+    form.directory.clear();
+    GoTo(form, question.directory.empty() ? form.ps.ProgramDir : question.directory);
+    if (form.directory.empty()) // the last folder is gone
+        GoTo(form, ".");
+    form.txtOpenFile.text =
+        question.fullPath.empty() ? form.pattern : UpperCase(FileName(question.fullPath));
+    SelectPresent(form);
+    form.setFocus = &form.txtOpenFile;
+}
+
 } // namespace
 
 frmZCmnDlg::frmZCmnDlg(Workspace& state) : Form("frmZCmnDlg"), ps(state) {
@@ -124,43 +166,15 @@ frmZCmnDlg::frmZCmnDlg(Workspace& state) : Form("frmZCmnDlg"), ps(state) {
     helpTopic = kHelpFiles;
     left = 20;
     top = 216;
-    Text1.locked = true;
-    Text1.multiLine = true;
-    Text1.enabled = false;
-    lblFileComment.visible = false;
-    cmdReturn.toolTip = " to higher directory ";
-    cmdOpenOK.isDefault = true;
-    cmdOpenCancel.isCancel = true;
-    dirOpenList.onDoubleClick = [this] { dirOpenList_DoubleClick(*this); };
-    filOpenList.onClick = [this] { filOpenList_Click(*this); };
-    filOpenList.onDoubleClick = [this] {
-        filOpenList_Click(*this);
-        if (filOpenList.index >= 0)
-            Accept(*this);
-    };
-    filOpenList.onKeyPress = [this](int& key) { filOpenList_KeyPress(*this, key); };
-    txtOpenFile.onChange = [this] { dirOpenList.index = -1; };
-    txtOpenFile.onGotFocus = [this] { txtOpenFile.selectAll = true; };
-    cmdOpenOK.onClick = [this] { cmdOpenOK_Click(*this); };
-    cmdOpenCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
-    cmdReturn.onClick = [this] { cmdReturn_Click(*this); };
+    SetUpPreview(*this);
+    WireLists(*this);
+    WireNameAndButtons(*this);
     Declare();
 }
 
 void AskForFile(frmZCmnDlg& form, FileQuestion& question) {
     form.accepted = false;
-    form.onLoad = [&form, &question] {
-        form.caption = question.title;
-        form.pattern = question.pattern.empty() ? "*.*" : question.pattern;
-        form.directory.clear();
-        GoTo(form, question.directory.empty() ? form.ps.ProgramDir : question.directory);
-        if (form.directory.empty()) // the last folder is gone
-            GoTo(form, ".");
-        form.txtOpenFile.text =
-            question.fullPath.empty() ? form.pattern : UpperCase(FileName(question.fullPath));
-        SelectPresent(form);
-        form.setFocus = &form.txtOpenFile;
-    };
+    form.onLoad = [&form, &question] { ShowQuestion(form, question); };
     ShowForm(form.ps.desktop, form);
     if (form.loaded) // a host without a screen does not wait
         UnloadForm(form.ps.desktop, form);
@@ -197,7 +211,7 @@ void filOpenList_Click(frmZCmnDlg& form) {
 }
 
 void filOpenList_KeyPress(frmZCmnDlg& form, int& key) {
-    if (key != kDeleteKey)
+    if (key != kKeyDel)
         return;
     key = 0;
     const std::string name = SelectedFile(form);

@@ -69,16 +69,14 @@ bool Take(frmZXYEditor& form, const std::string& path) {
         return false;
     }
     ShowForm(form.ps.desktop, form);
-    MakeChange(form, "recovery", [&] {
+    MakeChange(form, "recovery", ListState::Extent::File, [&] {
         form.ps.XYFile = list.path;
-        form.ps.XYCount = static_cast<int>(list.points.size());
-        form.XYData.assign(1, {});
-        form.XYData.insert(form.XYData.end(), list.points.begin(), list.points.end());
+        SetPoints(form, list.points);
     });
     form.txtComment.text = list.comment;
-    form.commentChanged = true;
+    form.textsChanged = true;
+    form.EditMode = true;
     Refill(form);
-    SetEditMode(form, true);
     return true;
 }
 
