@@ -6,8 +6,7 @@
 namespace zorvant {
 namespace {
 
-struct PlotSurfaceTest : Diagram {
-    PlotSurface& surface = doc.surface;
+struct PlotSurfaceTest : DiagramRecord {
     void SetUp() override { LayOut(); }
     void Frame(double xMin, double xMax, double yMin, double yMax) {
         SetAxis(surface, AxisId::X, xMin, xMax, xMin, xMax);
