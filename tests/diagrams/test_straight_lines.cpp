@@ -298,59 +298,23 @@ TEST_F(Evaluation, WritesItsResultLine) {
     ps.TimeUnitText = "min";
     ps.ModelId = 3;
     ps.c0Data[1] = 2;
-    ps.LambdaZero = 1;
-    ps.LambdaInf = 5;
-    const std::string r = " Coefficient of determination R^2 = 0.98766";
-    struct Row {
-        int kind;
-        FittedLine line;
-        std::string text;
-        bool storesK;
-    };
-    for (const Row& row : std::vector<Row>{
-             {-14,
-              {.a = 0.5, .b = -0.25},
-              "Result: KM =  0.25 mol/L,  r(P)max =  0.5 mol/(L min),  " + r,
-              false},
-             {-13,
-              {.a = 0.5, .b = 4},
-              "Result: KM =  0.125 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
-              false},
-             {-13,
-              {.a = 0.5, .b = 0},
-              "Result: KM =  0 mol/L,  r(P)max =  0 mol/(L min),  " + r,
-              false},
-             {-12,
-              {.a = 4, .b = 2},
-              "Result: KM =  0.5 mol/L,  r(P)max =  0.25 mol/(L min),  " + r,
-              false},
-             {-11, {.a = 1, .b = 0.5}, "Result:   k =  0.25  L/(min mol),  " + r, true},
-             {-10, {.a = 1, .b = -0.5}, "Result:   k =  0.5  1/min" + r, true},
-             {-8,
-              {.a = 1, .b = -0.5, .cA0 = 1, .cB0 = 2},
-              "Result:  k =  0.5  L/(min mol)" + r,
-              true},
-             {-7, {.a = 4, .b = 0.75}, "Result: n = 1.5;  k =  0.1767767" + r, false},
-             {-6, {.a = 1, .b = 0.5}, "Result:  k =  0.25  L/(min mol)" + r, true},
-             {-5, {.a = 1, .b = 0.5}, "Result:   k = -0.5  1/min" + r, true},
-             {-4,
-              {.a = 23.76, .b = -12000},
-              "Result: h#/(kJ/mol) = 99.77;  s#/(J/mol*K) = 0.0, "
-              "ATTENTION: s# is only correct if [t] = s applies to k, coeff. of det. R^2= 0.98766",
-              false},
-             {-3,
-              {.a = std::log(2e13), .b = -12000},
-              "Result: EA/(kJ/mol) = 99.77;  A =  2E+13,  coeff. of det. R^2= 0.98766",
-              false},
-         }) {
-        FittedLine line = row.line;
+    const auto text = [&](int kind, FittedLine line) {
         line.r2 = 0.987664F;
-        const LineResult result = EvaluateLine(ps, row.kind, line);
-        EXPECT_EQ(result.text, row.text);
-        EXPECT_EQ(result.storesK, row.storesK) << row.kind;
-        line.r2 = 0;
-        EXPECT_EQ(EvaluateLine(ps, row.kind, line).text.find("R^2"), std::string::npos);
-    }
+        return EvaluateLine(ps, kind, line).text;
+    };
+    const std::string r = " Coefficient of determination R^2 = 0.98766";
+    EXPECT_EQ(text(kKindHanesWoolf, {.a = 0.5, .b = 0}),
+              "Result: KM =  0 mol/L,  r(P)max =  0 mol/(L min),  " + r);
+    EXPECT_EQ(text(kKindLambdaFirstOrder, {.a = 1, .b = -0.5}), "Result:   k =  0.5  1/min" + r);
+    EXPECT_EQ(text(kKindMixedSecondOrder, {.a = 1, .b = -0.5, .cA0 = 1, .cB0 = 2}),
+              "Result:  k =  0.5  L/(min mol)" + r);
+    EXPECT_EQ(text(kKindWilkinson, {.a = 4, .b = 0.75}), "Result: n = 1.5;  k =  0.1767767" + r);
+    EXPECT_EQ(text(kKindEyring, {.a = 23.76, .b = -12000}),
+              "Result: h#/(kJ/mol) = 99.77;  s#/(J/mol*K) = 0.0, "
+              "ATTENTION: s# is only correct if [t] = s applies to k, coeff. of det. R^2= 0.98766");
+    EXPECT_EQ(text(kKindArrhenius, {.a = std::log(2e13), .b = -12000}),
+              "Result: EA/(kJ/mol) = 99.77;  A =  2E+13,  coeff. of det. R^2= 0.98766");
+    EXPECT_EQ(EvaluateLine(ps, kKindArrhenius, {.a = 1}).text.find("R^2"), std::string::npos);
 }
 
 // --- rows that no formula takes
@@ -381,19 +345,6 @@ TEST_F(Evaluation, LeavesOutAndCountsRowsThatNoFormulaTakes) {
     Evaluate(kKindLambdaFirstOrder, 2);
     EXPECT_EQ(made.leftOut, 2);
     EXPECT_FALSE(made.failed);
-}
-
-TEST_F(Evaluation, CountsASwitchedOffRowForNothing) {
-    std::vector<ExpPoint> rows = Concentrations({{0, 1}, {10, 0.5}, {20, 0.3}, {30, 0.1}});
-    SetRows(rows);
-    Evaluate(kKindFirstOrder, 2);
-    const double slope = made.b;
-    const float r2 = made.r2;
-    rows.insert(rows.begin() + 2, ExpPoint{.t = 15, .cA = 9, .exclude = -1});
-    SetRows(rows);
-    Evaluate(kKindFirstOrder, 2);
-    EXPECT_EQ(made.b, slope);
-    EXPECT_EQ(made.r2, r2);
 }
 
 TEST_F(Evaluation, TellsAnErrorOfTheArithmetic) {

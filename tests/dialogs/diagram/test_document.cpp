@@ -200,27 +200,24 @@ TEST_F(Document, ReadsOutWhatThePointerIsOver) {
     DrawModel(2);
     LayOut();
     doc.surface.layout.header = {50, 0, 300, 15};
-    const double x = GetX(doc.surface, kLines, 1, 101), y = GetY(doc.surface, kLines, 1, 101);
-    MouseMove(ps, doc, PixelOf(x, y).x, PixelOf(x, y).y);
-    EXPECT_EQ(doc.lblMausPosNr.text, " #1");
-    EXPECT_EQ(doc.lblMausPos.text, "  X =  50;      Y = " + GeneralText(y));
-    EXPECT_EQ(doc.lblMausPos.backColour, kWhite);
-    EXPECT_EQ(doc.pointer, ChartPointer::Curve);
-    MouseMove(ps, doc, PixelOf(50, 0.7).x, PixelOf(50, 0.7).y);
-    EXPECT_EQ(doc.pointer, ChartPointer::Point);
-    EXPECT_EQ(doc.lblMausPos.text, "  X =  50;      Y =  0.7");
-    MouseMove(ps, doc, PixelOf(50, 0.95).x, PixelOf(50, 0.95).y);
-    EXPECT_FALSE(doc.lblMausPosNr.visible);
-    EXPECT_EQ(doc.lblMausPos.text, " right click = Design");
-    EXPECT_EQ(doc.lblMausPos.backColour, 0xE0E0E0U);
-    EXPECT_EQ(doc.pointer, ChartPointer::Default);
-    MouseMove(ps, doc, 100, 5);
-    EXPECT_EQ(doc.lblMausPos.text, "  right click = edit, shift text");
-    EXPECT_EQ(doc.lblMausPos.backColour, 0xC0FFC0U);
     doc.surface.layout.legend = {300, 30, 40, 40};
     ShowLegend(doc, true);
-    MouseMove(ps, doc, 310, 40);
-    EXPECT_EQ(doc.lblMausPos.text, "  right-click = edit, shift legend");
+    const double y = GetY(doc.surface, kLines, 1, 101);
+    struct Row {
+        DataPoint at;
+        std::string text;
+        ChartPointer pointer;
+    };
+    for (const Row& row :
+         {Row{PixelOf(50, y), "  X =  50;      Y = " + GeneralText(y), ChartPointer::Curve},
+          Row{PixelOf(50, 0.7), "  X =  50;      Y =  0.7", ChartPointer::Point},
+          Row{PixelOf(50, 0.95), " right click = Design", ChartPointer::Default},
+          Row{{100, 5}, "  right click = edit, shift text", ChartPointer::Move},
+          Row{{310, 40}, "  right-click = edit, shift legend", ChartPointer::Move}}) {
+        MouseMove(ps, doc, row.at.x, row.at.y);
+        EXPECT_EQ(doc.lblMausPos.text, row.text);
+        EXPECT_EQ(doc.pointer, row.pointer) << row.text;
+    }
     MouseMove(ps, doc, 10, 290);
     EXPECT_FALSE(doc.lblMausPos.visible);
 }
