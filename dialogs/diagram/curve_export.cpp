@@ -3,7 +3,7 @@
 #include "data/field_separator.h"
 #include "data/formats/xy.h"
 #include "data/previous_version.h"
-#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -25,6 +25,14 @@ std::vector<XYPoint> PointsOf(const PlotSeries& series) {
 }
 
 } // namespace
+
+void WireCurveExport(Workspace& ps, DiagramDocument& doc) {
+    doc.cmdClipboard.onClick = [&doc] { cmdClipboard_Click(doc); };
+    doc.cmdClipboard.toolTip = "x and y with a tab between them, one line for each point";
+    doc.cmdSaveCurveAsXY.onClick = [&ps, &doc] { cmdSaveCurveAsXY_Click(ps, doc); };
+    doc.cmbSep.items = {";", ",", "Tab"};
+    doc.cmbSep.onClick = [&ps, &doc] { cmbSep_Click(ps, doc); };
+}
 
 void cmdClipboard_Click(DiagramDocument& doc) {
     const int slot = SlotOfFrontPage(doc);
