@@ -1,7 +1,7 @@
 #include "data/file_dialog.h"
 
-#include "platform/files.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <array>

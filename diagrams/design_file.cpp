@@ -1,7 +1,7 @@
 #include "diagrams/design_file.h"
 
+#include "platform/encoding.h"
 #include "platform/exact_number.h"
-#include "platform/files.h"
 #include "platform/number_text.h"
 
 #include <array>

@@ -23,10 +23,10 @@ double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx
 
 /// Converts every time and constant of the state and the data.
 /// Given:    units 0..4; what lies outside counts as the nearest
-/// Returned: F = TimeFactor[oldIdx][newIdx], by which times that others keep grow and rates shrink, 1
-///           between equal units; TimeUnitText, TimeUnitIdx and TimeUnitOldIdx; times t * F, constants
-///           k / F; r(P) in the time column of enzyme data is divided by F as every rate is, and k2 is
-///           left alone where it holds the order n
+/// Returned: F = TimeFactor[oldIdx][newIdx], by which times that others keep grow and rates shrink,
+///           1 between equal units; TimeUnitText, TimeUnitIdx and TimeUnitOldIdx; times t * F,
+///           constants k / F; r(P) in the time column of enzyme data is divided by F as every rate
+///           is, and k2 is left alone where it holds the order n
 double ConvertTimeUnit(ProjectState& ps, int newIdx, int oldIdx);
 /// Constants of the selected model back to their defaults.
 void SetDefaultK(ProjectState& ps);

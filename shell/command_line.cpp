@@ -1,7 +1,7 @@
 #include "shell/command_line.h"
 
-#include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <array>

@@ -1,23 +1,16 @@
 #include "shell/commands.h"
 
-#include "data/exp_data.h"
-#include "data/exp_file.h"
-#include "data/project_file.h"
-#include "dialogs/common/calc_dialog.h"
 #include "dialogs/common/names.h"
-#include "dialogs/common/time_unit_change.h"
-#include "dialogs/data/frm_datedit.h"
-#include "dialogs/data/frm_zxy_editor.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
-#include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/host.h"
-#include "platform/number_text.h"
+#include "shell/command_steps.h"
+#include "shell/project_commands.h"
 #include "shell/project_status.h"
-#include "shell/protocol_name.h"
+#include "shell/start_up.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <stdexcept>
 
 namespace zorvant {
@@ -28,44 +21,6 @@ constexpr const char* kTitle =
     "Evaluation of Experiments";
 constexpr const char* kNotYet = "not yet available";
 constexpr int kHelpMainWindow = 10250, kHelpFirstSteps = 11223;
-
-// ---------------------------------------------------------------- small steps of the commands
-
-std::string Lines(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines)
-        text.append(text.empty() ? "" : kCrLf).append(line);
-    return text;
-}
-
-void Unload(MDIZOR& form, const char* name) {
-    if (Form* const open = FindForm(form.ps.desktop, name))
-        UnloadForm(form.ps.desktop, *open);
-}
-
-void Show(MDIZOR& form, const char* name) {
-    if (Form* const known = FindForm(form.ps.desktop, name))
-        ShowForm(form.ps.desktop, *known);
-}
-
-void PressIn(MDIZOR& form, const char* dialog, const char* button) {
-    const Form* const open = FindForm(form.ps.desktop, dialog);
-    if (open == nullptr || !open->loaded)
-        return;
-    for (Control* control : open->controls)
-        if (control->name == button && control->kind == Kind::Button)
-            Press(static_cast<Button&>(*control));
-}
-
-void Enable(MDIZOR& form, std::initializer_list<const char*> names) {
-    for (const char* name : names)
-        form.Entry(name).enabled = true;
-}
-
-void EnableTools(MDIZOR& form, std::initializer_list<int> indices) {
-    for (const int index : indices)
-        form.Tool(index).enabled = true;
-}
 
 // ---------------------------------------------------------------- the commands
 
@@ -228,6 +183,11 @@ void NameSteps(MDIZOR& form, const std::string& index) {
     }
 }
 
+<<<<<<< HEAD
+void OpenEditMenu(MDIZOR& form, const std::string& index) {
+    form.Entry("mnuPaste" + index).enabled = host().clipboardText().has_value();
+    NameSteps(form, index);
+=======
 /// Replaces the table so that the editor can take it back.
 /// Given: timeUnit: of the times that stand in the table
 void ReplaceData(MDIZOR& form, const std::string& name, ListState::Extent extent,
@@ -237,6 +197,7 @@ void ReplaceData(MDIZOR& form, const std::string& name, ListState::Extent extent
         ReplaceTable(*editor, name, extent, timeUnit, replace);
     else
         replace();
+>>>>>>> lists
 }
 
 /// For the status line: that unsaved work would not survive a crash, and why; empty when it would.
@@ -247,20 +208,60 @@ std::string UnsafeNote(const MDIZOR& form) {
     return {};
 }
 
-/// Steps 3 to 5 of the load commands.
-/// Given: unitBefore: the time unit before the project was read
-void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
-                       const std::string& heading, const std::string& unitBefore) {
-    Enable(form, {"mnuNeudat", "mnuSaveProject"});
-    EnableTools(form, {14, 8});
-    if (!dataFile.empty()) {
-        Enable(form, {"mnuEditDat"});
-        EnableTools(form, {16});
+void MakeEntries(MDIZOR& form) {
+    for (const MenuRow& row : MainMenu()) {
+        form.entries.push_back(std::make_unique<MenuEntry>(form, row.control, row.caption));
+        form.entries.back()->helpTopic = row.helpTopic;
     }
+<<<<<<< HEAD
+}
+
+std::string ToolName(int index) {
+    return "Toolbar1_" + std::to_string(index);
+}
+
+void MakeTools(MDIZOR& form) {
+    for (const ToolRow& row : MainToolbar()) {
+        form.tools.push_back(std::make_unique<Button>(form, ToolName(row.index), row.text));
+        form.tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
+    }
+}
+
+void HideWhatIsNotOffered(MDIZOR& form) {
+    for (const char* hiddenMenu : {"mnuOptionenTools", name::kMenuOfData, name::kMenuOfList})
+        form.Entry(hiddenMenu).visible = false;
+    // It does the same as 14; without it the data editor is the fifth icon, as the status box says.
+    form.Tool(2).visible = false;
+    form.Entry("mnuctAusw_4").enabled = false;
+}
+
+/// What is looked at as a menu opens.
+void WireMenus(MDIZOR& form) {
+    form.Entry("mnuReaktor").onOpen = [&form] { OpenReactorMenu(form); };
+    form.Entry("mnuExpctAuswertung").onOpen = [&form] { form.ps.LambdaMode = false; };
+    form.Entry("mnuCalcTangente").onOpen = [&form] { OpenTangentMenu(form); };
+    form.Entry(name::kMenuOfData).onOpen = [&form] { OpenEditMenu(form, "1"); };
+    form.Entry(name::kMenuOfList).onOpen = [&form] { OpenEditMenu(form, "2"); };
+}
+
+void WireFirstSteps(MDIZOR& form) {
+    form.cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
+    form.cmdErstnutzer.onClick = [] { host().showHelp(kHelpFirstSteps); };
+}
+
+void WireRecovery(MDIZOR& form) {
+    form.recoveries.emplace_back(form.ps, DataRecovery(form.ps));
+    form.tmrRecovery.interval = kRecoveryInterval;
+    form.tmrRecovery.onTick = [&form] {
+        for (RecoveryKeeper& keeper : form.recoveries)
+            keeper.Keep();
+    };
+=======
     ReplaceData(form, "loading project data", ListState::Extent::Data, unitBefore,
                 [&] { LoadDataOfProject(form.ps, path, dataFile); });
     ReopenModelDialog(form);
     ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
+>>>>>>> lists
 }
 
 } // namespace
@@ -270,42 +271,16 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
 MDIZOR::MDIZOR(Workspace& state) : Form(name::kMainWindow, kTitle), ps(state) {
     helpTopic = kHelpMainWindow;
     menu = MainMenu();
-    for (const MenuRow& row : MainMenu()) {
-        entries.push_back(std::make_unique<MenuEntry>(*this, row.control, row.caption));
-        entries.back()->helpTopic = row.helpTopic;
-    }
-    for (const ToolRow& row : MainToolbar()) {
-        const std::string control = "Toolbar1_" + std::to_string(row.index);
-        tools.push_back(std::make_unique<Button>(*this, control, row.text));
-        tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
-    }
-    recoveries.emplace_back(ps, DataRecovery(ps));
+    MakeEntries(*this);
+    MakeTools(*this);
     WireCommands(*this);
     SetDisabledTips(*this);
-    cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
-    cmdErstnutzer.onClick = [] { host().showHelp(kHelpFirstSteps); };
-
-    for (const char* hiddenMenu : {"mnuOptionenTools", "mnuEdit1", "mnuEdit2"})
-        Entry(hiddenMenu).visible = false;
-    // It does the same as 14; without it the data editor is the fifth icon, as the status box says.
-    Tool(2).visible = false;
-    Entry("mnuctAusw_4").enabled = false;
-    Entry("mnuReaktor").onOpen = [this] { OpenReactorMenu(*this); };
-    Entry("mnuExpctAuswertung").onOpen = [this] { ps.LambdaMode = false; };
-    Entry("mnuCalcTangente").onOpen = [this] { OpenTangentMenu(*this); };
-    for (const char* index : {"1", "2"})
-        Entry(std::string("mnuEdit") + index).onOpen = [this, index] {
-            Entry(std::string("mnuPaste") + index).enabled = host().clipboardText().has_value();
-            NameSteps(*this, index);
-        };
-
+    HideWhatIsNotOffered(*this);
+    WireMenus(*this);
+    WireFirstSteps(*this);
+    WireRecovery(*this);
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
-    tmrRecovery.interval = kRecoveryInterval;
-    tmrRecovery.onTick = [this] {
-        for (RecoveryKeeper& keeper : recoveries)
-            keeper.Keep();
-    };
     onRefresh = [this] { lblStatus.text = StatusLine(ps) + UnsafeNote(*this); };
     Declare();
 }
@@ -319,7 +294,7 @@ MenuEntry& MDIZOR::Entry(const std::string& control) {
 }
 
 Button& MDIZOR::Tool(int index) {
-    const std::string wanted = "Toolbar1_" + std::to_string(index);
+    const std::string wanted = ToolName(index);
     const auto found =
         std::ranges::find_if(tools, [&](const auto& tool) { return tool->name == wanted; });
     if (found == tools.end())
@@ -346,6 +321,9 @@ void UpdateAvailability(MDIZOR& form) {
             control->disabledTip = kNotYet;
 }
 
+<<<<<<< HEAD
+// ---------------------------------------------------------------- small commands
+=======
 // ---------------------------------------------------------------- start-up
 
 void MDIZOR_Load(MDIZOR& form) {
@@ -548,6 +526,7 @@ void mnuExit_Click(MDIZOR& form) {
     host().closeHelp();
     host().quit();
 }
+>>>>>>> lists
 
 void mnuConvertTool1W_Click(MDIZOR& form) {
     const std::string program = JoinPath(form.ps.ProgramDir, "ConvertTool1W_E.EXE");

@@ -6,6 +6,7 @@
 #include "dialogs/course/frm_zor_model.h"
 #include "dialogs/diagram/diagram_document.h"
 #include "engine/reaction_catalogue.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 

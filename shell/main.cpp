@@ -1,5 +1,4 @@
 // The program: a window, or without one a picture and a table of a project.
-#include "platform/files.h"
 #include "platform/host.h"
 #include "shell/export.h"
 #include "shell/qt/application.h"

@@ -3,9 +3,10 @@
 #include "data/exp_file.h"
 #include "data/folder_list.h"
 #include "engine/reaction_catalogue.h"
-#include "platform/files.h"
+#include "platform/paths.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

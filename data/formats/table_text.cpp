@@ -2,7 +2,7 @@
 #include "data/formats/table_text.h"
 
 #include "data/formats/table_cells.h"
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <algorithm>

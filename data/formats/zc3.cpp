@@ -1,6 +1,6 @@
 #include "data/formats/zc3.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 namespace zorvant {

@@ -19,8 +19,17 @@ inline constexpr const char* kXYEditor = "frmZXYEditor";
 inline constexpr const char* kImportText = "frmImportText";
 inline constexpr const char* kArrhenius = "frmArrheniusRechner";
 inline constexpr const char* kBloodAlcohol = "frmBlutalkohol";
+inline constexpr const char* kFitting = "frmZFitting";
+inline constexpr const char* kTangent = "frmCalcTangente";
+inline constexpr const char* kTracer = "frmVerweilzeit";
+inline constexpr const char* kResidence = "frmVerweilCalc";
+inline constexpr const char* kFileDialog = "frmZCmnDlg";
+inline constexpr const char* kComment = "frmCommentInput";
 inline constexpr const char* kDiagram = "frmZGraph2D";
 inline constexpr const char* kGraphCalculator = "frmZGraphCalc";
+
+// --- controls of the model dialog
+inline constexpr const char* kOrder = "txtOrdnung";
 
 // --- commands of the main window
 inline constexpr const char* kEditData = "mnuEditDat";
@@ -32,3 +41,8 @@ inline constexpr const char* kEraseInList = "mnuErase2";
 inline constexpr const char* kCopyFromList = "mnuCopy2";
 
 } // namespace zorvant::name
+
+namespace zorvant {
+/// The title of every box that refuses a command.
+inline constexpr const char* kExecutionNotPossible = "Execution not possible";
+} // namespace zorvant

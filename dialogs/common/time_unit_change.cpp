@@ -3,7 +3,6 @@
 #include "data/exp_data.h"
 #include "dialogs/common/names.h"
 #include "engine/time_units.h"
-#include "platform/number_text.h"
 
 #include <array>
 
@@ -18,13 +17,6 @@ void Tell(const Workspace& ps, const char* formName) {
     const Form* form = FindForm(ps.desktop, formName);
     if (form != nullptr && form->loaded && form->onTimeUnitChanged)
         form->onTimeUnitChanged();
-}
-
-void ShowConstants(const Workspace& ps, CalcDialog& dialog) {
-    for (int i = 1; i <= 3 && dialog.id != CalcTask::TimeDiagram; ++i)
-        dialog.Inp(9 + i).text = GeneralText(ps.k[static_cast<std::size_t>(i)]);
-    if (dialog.onShowParameters)
-        dialog.onShowParameters();
 }
 
 } // namespace
@@ -42,8 +34,9 @@ void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx) {
 
 void UpdateUnitLabels(Workspace& ps) {
     if (CalcDialog* dialog = WhichCalcDialog(ps)) {
-        ShowConstants(ps, *dialog);
-        dialog->lblZeitEinheit.text = Trim(ps.TimeUnitText);
+        ShowConstants(*dialog);
+        if (dialog->onShowUnits)
+            dialog->onShowUnits();
         dialog->unit1.text = ConstantUnitText(ps, 1);
         dialog->unit2.text = ConstantUnitText(ps, 2);
         dialog->unit3.text = ConstantUnitText(ps, 3);
@@ -64,7 +57,7 @@ void ResetConstants(Workspace& ps) {
         return;
     if (dialog->id == CalcTask::TimeDiagram)
         ps.tMax = DefaultTimeAxis(ps);
-    ShowConstants(ps, *dialog);
+    ShowConstants(*dialog);
 }
 
 void CheckExpData(Workspace& ps) {

@@ -37,8 +37,6 @@ struct frmZorModel : Form {
 void optTyp_Click(frmZorModel& form, int index);
 void optZeit_Click(frmZorModel& form, int index);
 void optMichMent_Click(frmZorModel& form);
-void txtOrdnung_KeyPress(frmZorModel& form, int& key);
-void txtOrdnung_Change(frmZorModel& form);
 
 struct frmmatrix : Form {
     explicit frmmatrix(Workspace& state);

@@ -7,9 +7,9 @@
 #include "dialogs/diagram/coordinates.h"
 #include "dialogs/diagram/dispatcher.h"
 #include "engine/time_units.h"
-#include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

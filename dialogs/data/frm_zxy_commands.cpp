@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <array>
 #include <cmath>

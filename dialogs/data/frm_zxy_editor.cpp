@@ -1,6 +1,7 @@
 // The record of the X-Y editor and its table.
 #include "dialogs/data/frm_zxy_editor.h"
 
+#include "data/field_separator.h"
 #include "dialogs/common/names.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
@@ -15,7 +16,6 @@ constexpr int kHelpXYEditor = 10120;
 /// Columns of values, and widths in characters.
 constexpr int kX = 0, kY = 1;
 constexpr int kNumberWidth = 6, kMarkWidth = 4, kValueWidth = 14;
-constexpr const char* kSeparators[] = {";", ",", "\t"};
 
 std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
@@ -59,10 +59,7 @@ void Form_Load(frmZXYEditor& form) {
 }
 
 void Form_Activate(frmZXYEditor& form) {
-    form.cmbSep.index = 0;
-    for (int i = 0; i < 3; ++i)
-        if (form.ps.CsvSep == kSeparators[i])
-            form.cmbSep.index = i;
+    form.cmbSep.index = SeparatorEntry(form.ps);
 }
 
 /// A list that was never stored may be closed only when the user knows it.
@@ -110,7 +107,7 @@ void WireDiagramAndFiles(frmZXYEditor& form) {
     form.cmdPrint.onClick = [&form] { cmdPrint_Click(form); };
     form.cmbSep.onClick = [&form] {
         if (form.cmbSep.index >= 0)
-            form.ps.CsvSep = kSeparators[form.cmbSep.index];
+            form.ps.CsvSep = kFieldSeparators.at(Index(form.cmbSep.index)).text;
     };
 }
 

@@ -2,6 +2,7 @@
 // inactive lines, and behind the comment the name of the file whose changes it keeps.
 #include "data/formats/table_text.h"
 #include "dialogs/data/frm_zxy_editor.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"

@@ -1,12 +1,15 @@
 #include "dialogs/diagram/diagram_design.h"
 
+#include "diagrams/curve_slots.h"
 #include "diagrams/design_file.h"
+#include "diagrams/marks.h"
+#include "diagrams/point_sets.h"
 #include "dialogs/diagram/coordinates.h"
-#include "dialogs/diagram/diagram_curves.h"
 #include "dialogs/diagram/settings_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 
@@ -34,29 +37,10 @@ std::optional<std::string> AskForDesign(Workspace& ps, bool save, const char* ti
     return choice->path;
 }
 
-/// As many series and labels as a diagram has; the frame's series is the document's own.
-void FitSeries(PlotContents& contents) {
-    contents.series[kLines].resize(kLineSeries + 1);
-    contents.series[kPoints].resize(kPointSets + 1);
-    contents.labels.resize(kPlotLabels + 1);
-    contents.series[kLines][kFrameSeries] = {};
-    contents.series[kLines][kFrameSeries].display = SeriesDisplay::Hidden;
-    for (PlotLabel& label : contents.labels) {
-        const auto count = contents.series.at(static_cast<std::size_t>(label.group)).size();
-        if (static_cast<std::size_t>(label.series) >= count)
-            label.attachment = Attachment::None;
-    }
-}
-
 void TakeCurves(Workspace& ps, DiagramDocument& doc) {
-    ps.CurveCount = 0;
+    CountCurves(ps, doc);
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
-        const int points = GetPointCount(doc.surface, kLines, slot);
-        const bool taken = points > 0;
-        ps.CurveCount += taken ? 1 : 0;
-        doc.CurveSlotFree[static_cast<std::size_t>(slot)] = !taken;
-        doc.CurveSlot = taken ? slot : doc.CurveSlot;
-        doc.mnuSubDelKurv(slot).enabled = taken;
+        doc.mnuSubDelKurv(slot).enabled = !doc.CurveSlotFree[static_cast<std::size_t>(slot)];
         doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
         doc.txtLabel(slot).text = GetLabel(doc.surface, slot).text;
     }
@@ -66,7 +50,7 @@ void TakeCurves(Workspace& ps, DiagramDocument& doc) {
 void TakePoints(DiagramDocument& doc) {
     bool any = false;
     for (int set = 1; set <= kPointSets; ++set) {
-        const bool shown = GetPointCount(doc.surface, kPoints, set) > 0;
+        const bool shown = HasPoints(doc.surface, set);
         ShowPage(doc.tabPunkte, set - 1, shown);
         doc.mnuSubDelPoints(set).enabled = shown;
         doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
@@ -78,16 +62,10 @@ void TakePoints(DiagramDocument& doc) {
 }
 
 void TakeMarksAndTexts(DiagramDocument& doc) {
-    const PlotSurface& surface = doc.surface;
-    bool marks = false, labels = false;
-    for (int mark = kHalfLifeASeries; mark <= kResidenceSeries; ++mark)
-        marks = marks || GetPointCount(surface, kLines, mark) > 0;
-    for (int slot = 1; slot <= kCurveSlots; ++slot)
-        labels = labels || GetLabel(surface, slot).visible;
-    doc.mnuDelHalbAB.enabled = marks;
-    doc.mnuDelLabels.enabled = labels;
+    doc.mnuDelHalbAB.enabled = AnyMarks(doc.surface);
+    doc.mnuDelLabels.enabled = AnyCurveLabel(doc.surface);
     doc.mnuAddLabels.enabled = true;
-    doc.mnuAddText.enabled = surface.footer.text.empty();
+    doc.mnuAddText.enabled = doc.surface.footer.text.empty();
 }
 
 float ToLimit(double value) {
@@ -123,7 +101,7 @@ void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
     const PlotBatch batch(doc.surface);
     FuPanelsZu(doc);
     CancelRubberZoom(doc.surface);
-    FitSeries(contents);
+    FitContents(contents);
     static_cast<PlotContents&>(doc.surface) = std::move(contents);
     MarkChanged(doc.surface);
     doc.StatusBar2.text.clear(); // it spoke of what was shown before

@@ -1,10 +1,11 @@
 #include "dialogs/diagram/diagram_mouse.h"
 
 #include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "dialogs/diagram/diagram_curves.h"
-#include "dialogs/diagram/diagram_points.h"
 #include "dialogs/diagram/diagram_texts.h"
 #include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/point_panel.h"
 #include "platform/number_text.h"
 
 namespace zorvant {

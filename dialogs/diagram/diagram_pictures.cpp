@@ -3,6 +3,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

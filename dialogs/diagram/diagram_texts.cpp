@@ -1,6 +1,6 @@
 #include "dialogs/diagram/diagram_texts.h"
 
-#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 

@@ -1,4 +1,4 @@
-// The texts of a diagram and the panel that edits them: header, additional text, titles of the axes.
+// The texts of a diagram and the panel that edits them: header, additional text, axis titles.
 #pragma once
 
 #include "dialogs/diagram/diagram_document.h"

@@ -1,6 +1,7 @@
 #include "dialogs/diagram/dispatcher.h"
 
-#include "dialogs/diagram/coordinates.h"
+#include "diagrams/point_sets.h"
+#include "diagrams/ranges.h"
 #include "dialogs/diagram/diagram_legend.h"
 #include "engine/modes.h"
 #include "platform/host.h"
@@ -40,7 +41,7 @@ void NameSingleSpecies(Workspace& ps, DiagramDocument& doc) {
 void NameSpeciesSets(Workspace& ps, DiagramDocument& doc) {
     const bool function = IsFunctionOfC(ps) && ps.ColumnHasData[1];
     for (int set = 1; set <= kSpecies; ++set) {
-        if (!OffersPointSet(ps, doc, set)) {
+        if (!OffersPointSet(ps, doc.surface, set)) {
             HidePointSet(doc, set, function);
             continue;
         }
@@ -57,7 +58,7 @@ void NamePointSets(Workspace& ps, DiagramDocument& doc) {
         return;
     }
     NameSpeciesSets(ps, doc);
-    if (!OffersPointSet(ps, doc, kPairSet)) {
+    if (!OffersPointSet(ps, doc.surface, kPairSet)) {
         HidePointSet(doc, kPairSet, true);
         return;
     }

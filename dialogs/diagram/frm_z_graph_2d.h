@@ -38,7 +38,17 @@ struct frmZGraph2D : DiagramDocument {
     Handler onFullSize; ///< the shell's: between full size and the size before
 
 private:
+    void WirePictures();
+    void WireScale();
+    void WireOtherWindows();
     void BuildMenu();
+    void BuildDesignMenu();
+    void BuildAddMenu();
+    void BuildScaleMenu();
+    void BuildDeleteMenu();
+    void BuildPictureMenu();
+    void Row(int level, Control& entry, const char* text = "");
+    void Line();
     std::vector<MenuRow> rows_;
     std::deque<std::string> names_; ///< of the rows that are members of an array
 };

@@ -16,6 +16,7 @@
 #include "shell/qt/plot_output.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/qt_text.h"
+#include "shell/start_up.h"
 
 #include "ui_frmCommentInput.h"
 #include "ui_frmDatedit.h"

@@ -1,6 +1,7 @@
 #include "shell/qt/form_windows.h"
 
 #include "platform/host.h"
+#include "shell/qt/form_frames.h"
 #include "shell/qt/menus.h"
 
 #include <QtWidgets>
@@ -11,72 +12,6 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 /// Smallest part of a window that scrolls because the work area has no room for it, in pixels.
 constexpr int kLeastWidth = 240, kLeastHeight = 160;
-/// What a window manager adds around a dialog, in pixels.
-constexpr QSize kFrameOfDialog(16, 48);
-
-/// A view of a form's widget that scrolls only when there is no room for the whole of it.
-class FormScroll : public QScrollArea {
-public:
-    explicit FormScroll(QWidget* root) {
-        setFrameShape(QFrame::NoFrame);
-        setWidgetResizable(true);
-        setWidget(root);
-        setFocusPolicy(Qt::NoFocus);
-    }
-    QSize sizeHint() const override { return widget()->sizeHint().expandedTo(NeededSize()); }
-    QSize NeededSize() const {
-        return widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
-    }
-    std::function<void()> onNeededSize; ///< the contents may want another size
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        const bool changed = watched == widget() && event->type() == QEvent::LayoutRequest;
-        const bool done = QScrollArea::eventFilter(watched, event);
-        if (changed && onNeededSize)
-            onNeededSize();
-        return done;
-    }
-};
-
-/// A sub-window that asks before it closes.
-class SubWindow : public QMdiSubWindow {
-public:
-    std::function<void()> onCloseRequest;
-    std::function<void()> onMoved;
-
-protected:
-    void moveEvent(QMoveEvent* event) override {
-        QMdiSubWindow::moveEvent(event);
-        if (onMoved)
-            onMoved();
-    }
-    void closeEvent(QCloseEvent* event) override {
-        event->ignore();
-        if (onCloseRequest)
-            onCloseRequest();
-    }
-};
-
-class ModalWindow : public QDialog {
-public:
-    using QDialog::QDialog;
-    std::function<void()> onCloseRequest;
-    int helpTopic = 0;
-    void reject() override {
-        if (onCloseRequest)
-            onCloseRequest();
-    }
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->matches(QKeySequence::HelpContents))
-            host().showHelp(helpTopic);
-        else
-            QDialog::keyPressEvent(event);
-    }
-};
-
 /// Whether a flag holds for a scope.
 class Flag {
 public:
@@ -89,28 +24,6 @@ private:
     bool& flag_;
     bool before_;
 };
-
-/// The size that a dialog gets on its screen for contents of this size: where they are too high,
-/// there is room for the bar that scrolls them.
-QSize WithinScreen(const QScrollArea& scroll, QSize size) {
-    const QSize room = scroll.screen()->availableSize() - kFrameOfDialog;
-    if (size.height() > room.height())
-        size.rwidth() += scroll.verticalScrollBar()->sizeHint().width();
-    return size.boundedTo(room);
-}
-
-/// Lets the layouts of a window that was never shown take notice of the texts that have been written
-/// into it, from the innermost one outwards; the toolkit does so only for what is seen.
-void MeasureAnew(QWidget& widget) {
-    widget.ensurePolished();
-    for (QObject* child : widget.children())
-        if (child->isWidgetType())
-            MeasureAnew(static_cast<QWidget&>(*child));
-    if (widget.layout() != nullptr) {
-        widget.layout()->invalidate();
-        widget.layout()->activate();
-    }
-}
 
 QWidget* Build(const Form& form, const WidgetFactory& factory) {
     QWidget* const root = factory();
@@ -268,66 +181,77 @@ void FormWindows::OpenWindow(Entry& entry) {
     QWidget* const root = Build(form, entry.factory);
     entry.root = root;
     entry.binder = new Binder(form, *root);
-    const auto closeRequest = [this, &form] {
-        UnloadForm(desktop_, form);
-        Binder::PushAll();
-    };
     if (form.modal) {
-        auto* const dialog = new ModalWindow(area_.window());
-        dialog->onCloseRequest = closeRequest;
-        dialog->helpTopic = form.helpTopic;
-        dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
-        auto* const layout = new QVBoxLayout(dialog);
-        layout->setContentsMargins(0, 0, 0, 0);
-        auto* const scroll = new FormScroll(root);
-        layout->addWidget(scroll);
-        dialog->setWindowTitle(root->windowTitle());
-        entry.frame = dialog;
-
-        MeasureAnew(*root);
-        const auto keepWhole = [dialog, scroll] {
-            dialog->setMinimumSize(WithinScreen(*scroll, scroll->NeededSize()));
-        };
-        keepWhole();
-        scroll->onNeededSize = keepWhole;
-        dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
+        FrameDialog(entry);
     } else {
-        auto* const scroll = new FormScroll(root);
-        auto* const window = new SubWindow;
-        window->onCloseRequest = closeRequest;
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-        if (!root->property("maximizes").toBool())
-            window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
-        window->setWidget(scroll);
-        window->setWindowTitle(root->windowTitle());
-        window->setWindowIcon(QApplication::windowIcon());
-        area_.addSubWindow(window);
-        entry.frame = window;
-        entry.asked = {0, 0};
-
-        MeasureAnew(*root);
-        const QSize border = window->sizeHint() - scroll->sizeHint();
-        // A closed window may live on for a moment, longer than this object at the very end.
-        const auto keepWhole = [area = QPointer(&area_), window, scroll, border] {
-            if (!area)
-                return;
-            const QSize most = area->viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
-            window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
-        };
-        keepWhole();
-        scroll->onNeededSize = keepWhole;
-        window->onMoved = [this, &entry] {
-            // Where the user puts it the form knows at once: its unload event may ask.
-            if (arranging_ || !entry.frame || !entry.frame->isVisible() ||
-                entry.frame->isMaximized() || entry.frame->isMinimized())
-                return;
-            entry.form->left = entry.frame->x() * kTwipsPerPixel;
-            entry.form->top = entry.frame->y() * kTwipsPerPixel;
-            entry.placement = WindowPlacement::Stored;
-        };
+        FrameSubWindow(entry);
         PlaceWindow(entry);
     }
     entry.binder->onPushed = [this, &entry] { FollowSize(entry); };
+}
+
+std::function<void()> FormWindows::CloseRequest(Form& form) {
+    return [this, &form] {
+        UnloadForm(desktop_, form);
+        Binder::PushAll();
+    };
+}
+
+void FormWindows::FrameDialog(Entry& entry) {
+    auto* const dialog = new ModalWindow(area_.window());
+    dialog->onCloseRequest = CloseRequest(*entry.form);
+    dialog->helpTopic = entry.form->helpTopic;
+    dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
+    auto* const layout = new QVBoxLayout(dialog);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const scroll = new FormScroll(entry.root);
+    layout->addWidget(scroll);
+    dialog->setWindowTitle(entry.root->windowTitle());
+    entry.frame = dialog;
+
+    MeasureAnew(*entry.root);
+    scroll->onNeededSize = [dialog, scroll] {
+        dialog->setMinimumSize(WithinScreen(*scroll, scroll->NeededSize()));
+    };
+    scroll->onNeededSize();
+    dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
+}
+
+void FormWindows::FrameSubWindow(Entry& entry) {
+    auto* const scroll = new FormScroll(entry.root);
+    auto* const window = new SubWindow;
+    window->onCloseRequest = CloseRequest(*entry.form);
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    if (!entry.root->property("maximizes").toBool())
+        window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    window->setWidget(scroll);
+    window->setWindowTitle(entry.root->windowTitle());
+    window->setWindowIcon(QApplication::windowIcon());
+    area_.addSubWindow(window);
+    entry.frame = window;
+    entry.asked = {0, 0};
+
+    MeasureAnew(*entry.root);
+    const QSize border = window->sizeHint() - scroll->sizeHint();
+    // A closed window may live on for a moment, longer than this object at the very end.
+    scroll->onNeededSize = [area = QPointer(&area_), window, scroll, border] {
+        if (!area)
+            return;
+        const QSize most = area->viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
+        window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
+    };
+    scroll->onNeededSize();
+    window->onMoved = [this, &entry] { NotePlace(entry); };
+}
+
+/// Where the user puts a window the form knows at once: its unload event may ask.
+void FormWindows::NotePlace(Entry& entry) {
+    if (arranging_ || !entry.frame || !entry.frame->isVisible() || entry.frame->isMaximized() ||
+        entry.frame->isMinimized())
+        return;
+    entry.form->left = entry.frame->x() * kTwipsPerPixel;
+    entry.form->top = entry.frame->y() * kTwipsPerPixel;
+    entry.placement = WindowPlacement::Stored;
 }
 
 void FormWindows::PlaceWindow(Entry& entry) {

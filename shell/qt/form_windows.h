@@ -43,9 +43,9 @@ enum class WindowLife {
 /// closes them. Sets the host's showForm, hideForm and closeForm as long as it lives.
 ///
 /// Positions are kept in twips, 15 to a pixel, stored in the record when a window closes and moved
-/// inside the work area when it opens. A window can't be made smaller than its contents want, unless
-/// the work area is too small for them: then it scrolls. A window whose root widget has the dynamic
-/// property "maximizes" (tables, diagrams) can fill the whole area.
+/// inside the work area when it opens. A window can't be made smaller than its contents want,
+/// unless the work area is too small for them: then it scrolls. A window whose root widget has the
+/// dynamic property "maximizes" (tables, diagrams) can fill the whole area.
 class FormWindows {
 public:
     FormWindows(Desktop& desktop, QMdiArea& area);
@@ -57,8 +57,8 @@ public:
     void Add(Form& form, WidgetFactory factory, WindowPlacement placement = WindowPlacement::Stored,
              WindowLife life = WindowLife::Closed);
 
-    /// Holds each form's record against its widgets, both ways. Returned: one text for each form that
-    /// does not fit.
+    /// Holds each form's record against its widgets, both ways. Returned: one text for each form
+    /// that does not fit.
     std::vector<std::string> Mismatches() const;
 
     /// The widget of an open form, nullptr when it has none.
@@ -86,6 +86,10 @@ private:
     void Hide(Form& form);
     void Close(Form& form);
     void OpenWindow(Entry& entry);
+    void FrameDialog(Entry& entry);
+    void FrameSubWindow(Entry& entry);
+    std::function<void()> CloseRequest(Form& form);
+    void NotePlace(Entry& entry);
     void PlaceWindow(Entry& entry);
     void RunModal(Entry& entry);
     QPoint PlaceFor(const Entry& entry, const QSize& size) const;

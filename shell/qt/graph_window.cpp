@@ -250,7 +250,7 @@ void GraphWindow::AddCloseButton(QWidget& panel) {
     close->setProperty(kCloses, true);
 }
 
-/// The chart is never smaller than the panels upon it: the window scrolls before a button is cut off.
+/// The chart is never smaller than the panels upon it: the window scrolls before it cuts a button.
 void GraphWindow::MakeRoom() {
     QSize needed = smallestChart_;
     for (const QWidget* panel : panels_)

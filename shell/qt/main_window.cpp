@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "shell/dropped_files.h"
+#include "shell/project_commands.h"
 #include "shell/qt/help_viewer.h"
 #include "shell/qt/menus.h"
 #include "shell/qt/qt_text.h"

@@ -74,8 +74,8 @@ QRectF Inside(QRectF rect, const QRectF& area) {
     return rect;
 }
 
-/// What labels had better not cover, in pixels, sorted into squares: a label looks only at what lies
-/// near it.
+/// What labels had better not cover, in pixels, sorted into squares: a label looks only at what
+/// lies near it.
 class Obstacles {
 public:
     struct Line {

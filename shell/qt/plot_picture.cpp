@@ -2,6 +2,7 @@
 
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 #include "shell/qt/metafile.h"
 #include "shell/qt/plot_view.h"
 

@@ -31,8 +31,8 @@ struct TextBox {
     bool vertical = false; ///< reads upward
 };
 
-/// The width of one line. The same few texts are measured at each painting, and shaping them takes as
-/// long as painting a curve, so widths are kept. For the window's thread alone.
+/// The width of one line. The same few texts are measured at each painting, and shaping them takes
+/// as long as painting a curve, so widths are kept. For the window's thread alone.
 double TextWidth(const QString& text, const QFont& font);
 /// Size of a text as it lies on the picture, without padding.
 QSizeF MeasureText(const TextBox& box);

@@ -145,27 +145,24 @@ TEST_F(Recovery, ASaveThatFailsAtAnyCallLeavesOldOrNewWholeAndKeepsTheVersionBef
             WriteFileAtomically(path, old);
             WriteFileAtomically(path + "~", oldest);
             bool struck = true, refused = false;
-            if (kills) {
-                const pid_t child = fork();
-                if (child == 0) {
-                    const Saboteur saboteur(n, true);
-                    try {
-                        WriteKeepingPrevious(path, fresh);
-                    } catch (const FileError&) {
-                    }
-                    _exit(saboteur.Struck() ? 2 : 0);
-                }
-                int status = 0;
-                waitpid(child, &status, 0);
-                struck = WIFSIGNALED(status) || WEXITSTATUS(status) == 2;
-            } else {
-                const Saboteur saboteur(n, false);
+            const auto save = [&] {
+                const Saboteur saboteur(n, kills);
                 try {
                     WriteKeepingPrevious(path, fresh);
                 } catch (const FileError&) {
                     refused = true;
                 }
-                struck = saboteur.Struck();
+                return saboteur.Struck();
+            };
+            if (kills) {
+                const pid_t child = fork();
+                if (child == 0)
+                    _exit(save() ? 2 : 0);
+                int status = 0;
+                waitpid(child, &status, 0);
+                struck = WIFSIGNALED(status) || WEXITSTATUS(status) == 2;
+            } else {
+                struck = save();
             }
             const std::string now = ReadFile(path), before = ReadFile(path + "~");
             EXPECT_TRUE(now == old || now == fresh);

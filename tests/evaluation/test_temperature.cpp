@@ -115,12 +115,6 @@ TEST(Temperature, TheCalculatorShowsSingleTextsAndConvertsTheUnit) {
     EXPECT_EQ(perMinute.kText, PlainText(1));
     EXPECT_NEAR(perMinute.kSec, 1.0 / 60, 1E-16);
     EXPECT_EQ(CalcArrhenius(ps, 0, 0, 298.15).kText, PlainText(0));
-    ps.kTFunction = kEyring;
-    ps.FitMode = 7;
-    const CalculatorFace face = FaceOfCalculator(ps);
-    EXPECT_EQ(face.caption, "EYRING Calculator");
-    EXPECT_NEAR(Val(face.kBhText), 2.083644E+10, 1);
-    EXPECT_EQ(face.lblkEinheit, "L/(mol min)");
     ps.TimeUnitText = " h ";
     EXPECT_EQ(SelectedTimeUnit(ps), 2);
     ps.TimeUnitText = "fortnight";

@@ -55,12 +55,6 @@ protected:
     FormWindows windows;
 };
 
-TEST_F(FormWindowsTest, EveryFormOfTheTableExistsForTheDesktop) {
-    EXPECT_EQ(FindForm(desktop, "large"), &large);
-    EXPECT_FALSE(IsFormLoaded(desktop, "large"));
-    EXPECT_TRUE(windows.Mismatches().empty());
-}
-
 TEST_F(FormWindowsTest, PositionsAreKeptInTwipsAndMovedInsideTheWorkArea) {
     first.left = 60 * 15;
     first.top = 40 * 15;
@@ -142,35 +136,6 @@ TEST_F(FormWindowsTest, TheWindowThatComesToLightWhenOneClosesIsActivated) {
     EXPECT_EQ(activations, 1);
 }
 
-TEST_F(FormWindowsTest, AFormWithAMenuTableGetsItsMenuBar) {
-    static constexpr MenuRow kRows[] = {
-        {1, "mnuTop", "Top"},
-        {2, "mnuOne", "One"},
-    };
-    struct MenuForm : Form {
-        MenuForm() : Form("menus") {
-            menu = kRows;
-            Declare();
-        }
-        MenuEntry mnuTop{*this, "mnuTop", "Top"}, mnuOne{*this, "mnuOne", "One"};
-    } form;
-    bool opened = false, chosen = false;
-    form.mnuTop.onOpen = [&] { opened = true; };
-    form.mnuOne.onClick = [&] { chosen = true; };
-    windows.Add(form, [] {
-        auto* const root = new QWidget;
-        new QVBoxLayout(root);
-        return root;
-    });
-    ShowForm(desktop, form);
-    QWidget& root = *windows.WidgetOf(form);
-    emit Child<QAction>(root, "mnuTop").menu()->aboutToShow();
-    Child<QAction>(root, "mnuOne").trigger();
-    EXPECT_TRUE(opened && chosen);
-    UnloadForm(desktop, form);
-    std::erase(desktop.forms, &form);
-}
-
 TEST_F(FormWindowsTest, AModalFormHoldsItsCallerUntilItIsHiddenOrClosed) {
     bool shown = false;
     modal.cmdClose.onClick = [&] { HideForm(modal); };
@@ -184,19 +149,6 @@ TEST_F(FormWindowsTest, AModalFormHoldsItsCallerUntilItIsHiddenOrClosed) {
     UnloadForm(desktop, modal);
     Settle();
     EXPECT_EQ(windows.WidgetOf(modal), nullptr);
-}
-
-TEST_F(FormWindowsTest, AHiddenWindowComesBackWithItsContents) {
-    ShowForm(desktop, first);
-    first.cmdClose.text = "changed";
-    HideForm(first);
-    Settle();
-    EXPECT_TRUE(Frame(first).isHidden());
-    ShowForm(desktop, first);
-    Settle();
-    EXPECT_FALSE(Frame(first).isHidden());
-    EXPECT_EQ(Child<QPushButton>(*windows.WidgetOf(first), "cmdClose").text(),
-              QStringLiteral("changed"));
 }
 
 } // namespace

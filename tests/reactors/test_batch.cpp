@@ -2,7 +2,6 @@
 #include "platform/number_text.h"
 #include "reactors/batch.h"
 #include "reactors/equilibrium.h"
-#include "reactors/reactor_input.h"
 #include "reactors/tubular.h"
 #include "tests/reactors/support.h"
 
@@ -240,53 +239,6 @@ TEST(EquilibriumLimits, RefuseAConversionBeyondThemInTheirOwnWords) {
     EXPECT_EQ(CheckEquilibrium(ps, Reactor::Batch, false).refusal->text,
               "- not yet a valid input of an initial conc. c(A,0)");
     EXPECT_FALSE(CheckEquilibrium(StateOfModel(15), Reactor::Batch, true).refusal);
-}
-
-TEST(InputRules, CollectEveryFaultInTheOrderOfTheDialog) {
-    ProjectState ps = StateOfModel(10);
-    ps.c0 = {};
-    ps.k = {};
-    ps.BatchInput = 1;
-    ps.UA = 1;
-    EXPECT_EQ(
-        CheckInput(ps, Reactor::Batch, {.given = 1}).text,
-        "- not yet a valid input of the conversion (U(A) <> 0, U(A) < 1)\r\n\r\n(Note: In the "
-        "case of a reversible reaction negative values of the conversion are possible.)"
-        "The specificated conc. has to be greater then B =  0, to achieve the desired "
-        "conversion."
-        "- not yet a valid input of an initial conc. c(A,0)\r\n"
-        "- not yet a valid input of an initial conc. c(S,0)\r\n"
-        "- the rate constant has to be k1 > 0\r\n"
-        "- the rate constant has to be k2 > 0\r\n"
-        "  (you can input a very small value, e. g. k2 = 1e-10)\r\n"
-        "- the rate constant has to be k3 > 0\r\n");
-    EXPECT_EQ(CheckInput(ps, Reactor::Cascade, {.given = 4}).text,
-              "- number of stages N has to be between 2 and 7. \r\n"
-              "- not yet a valid input of an initial conc. c(A,0)\r\n"
-              "- not yet a valid input of an initial conc. c(B,0)\r\n"
-              "- the rate constant has to be k1 > 0\r\n"
-              "- the rate constant has to be k2 > 0\r\n"
-              "  (but you can enter an extremely small value, e. g. k2 = 1e-10)\r\n"
-              "- the rate constant has to be k3 > 0\r\n"
-              "- the specificated flow of volume has to be V* > 0\r\n"
-              "- the specificated time of reaction has to be t > 0\r\n");
-
-    ps = StateOfModel(20);
-    ps.OrderN = std::numeric_limits<float>::quiet_NaN();
-    ps.tVerweil = 5;
-    const InputCheck check = CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1});
-    EXPECT_EQ(check.text, "- input value of the reaction order has to be > 0\r\n");
-    EXPECT_TRUE(check.orderReset);
-    EXPECT_EQ(ps.OrderN, 1.5F);
-    EXPECT_EQ(CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1}).text, "");
-
-    // products alone can react, but the conversion is one of A
-    ps = StateOfModel(12);
-    ps.c0 = {0, 0, 0, 0, 1, 0};
-    ps.tVerweil = 5;
-    EXPECT_EQ(CheckInput(ps, Reactor::Batch, {.given = 0}).text,
-              "- not yet a valid input of an initial conc. c(A,0)\r\n");
-    EXPECT_EQ(CheckInput(ps, Reactor::Cstr, {.given = 3, .V = 1}).text, "");
 }
 
 TEST(Extents, GiveTheFinalStateThroughTheMatrix) {

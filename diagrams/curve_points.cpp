@@ -1,15 +1,14 @@
-#include "dialogs/diagram/curve_calculation.h"
+#include "diagrams/curve_points.h"
 
+#include "diagrams/diagram.h"
 #include "diagrams/straight_lines.h"
-#include "dialogs/diagram/diagram_legend.h"
-#include "dialogs/diagram/diagram_points.h"
 #include "engine/akima_spline.h"
 #include "engine/arithmetic.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/number_text.h"
 
-#include <cmath>
+#include <algorithm>
 #include <string_view>
 
 namespace zorvant {
@@ -20,6 +19,7 @@ constexpr float kLineSteps = 120;
 /// Blood serum against whole blood, g/mL: converts c into g/kg.
 constexpr double kBloodDensity = 1.055;
 constexpr std::string_view kSpeciesLetters = "ABCPQ";
+constexpr int kSlotA = 1, kSlotP = 4;
 
 /// Fills a curve point by point; its count stands in element 0 however the filling ends.
 class CurveWriter {
@@ -48,11 +48,11 @@ int SpeciesToFetch(const std::string_view species, int left) {
     return static_cast<int>(kSpeciesLetters.find(letter)) + 1;
 }
 
-std::string SpeciesLabel(const Workspace& ps, int slot, int species) {
+std::string SpeciesLabel(const ProjectState& ps, int slot, int species) {
     const std::string name = std::string("(") + SpeciesName(ps.ModelId, species) + ") ";
     if (ps.RateDiagram)
         return "r" + name;
-    if (species == 1 && ps.FitMode >= kFirstTemperatureMode) {
+    if (species == kSlotA && ps.FitMode >= kFirstTemperatureMode) {
         const auto at = static_cast<std::size_t>(slot);
         const float temperature = at < ps.Temperatures.size() ? ps.Temperatures[at] : 0;
         return "T/K = " + FormatNumber(static_cast<double>(temperature), "####,##");
@@ -62,7 +62,7 @@ std::string SpeciesLabel(const Workspace& ps, int slot, int species) {
 
 /// Points 0..NPoints of two lists, as far as both reach.
 template <class T>
-void AddArrays(const Workspace& ps, const std::vector<T>& y, double divisor, PointBuffer& curve,
+void AddArrays(const ProjectState& ps, const std::vector<T>& y, double divisor, PointBuffer& curve,
                bool& outside) {
     CurveWriter writer(curve);
     const std::size_t count =
@@ -75,53 +75,46 @@ void AddArrays(const Workspace& ps, const std::vector<T>& y, double divisor, Poi
     }
 }
 
-void SpeciesCurve(Workspace& ps, DiagramDocument& doc, int kind, int slot, PointBuffer& curve,
-                  bool& outside) {
+void SpeciesCurve(const ProjectState& ps, int kind, int slot, PointBuffer& curve,
+                  CurveCalculation& made) {
     const DiagramKindRow* row = FindDiagramKind(ModelOfKind(kind));
     const std::string_view sequence = row->species;
     const bool nonIsothermal = ps.FitMode >= kFirstTemperatureMode && sequence == "AP";
-    const int species = nonIsothermal ? 1 : SpeciesToFetch(sequence, ps.CurvesToDraw);
-    if (nonIsothermal)
-        ps.CurvesToDraw = 0;
+    const int species = nonIsothermal ? kSlotA : SpeciesToFetch(sequence, ps.CurvesToDraw);
     curve.assign(1, {});
     if (species == 0)
         return;
-    const bool saturation = species == 4 && ps.MMDiagram;
+    const bool saturation = species == kSlotP && ps.MMDiagram;
     if (saturation)
-        outside = false;
-    SetCurveLabel(doc, slot, saturation ? "" : SpeciesLabel(ps, slot, species));
+        made.outside = false;
+    made.label = saturation ? "" : SpeciesLabel(ps, slot, species);
     if (ps.RateDiagram || saturation)
-        AddArrays(ps, rSim(ps, species), 1, curve, outside);
+        AddArrays(ps, rSim(ps, species), 1, curve, made.outside);
     else
-        AddArrays(ps, cSim(ps, species), 1, curve, outside);
+        AddArrays(ps, cSim(ps, species), 1, curve, made.outside);
 }
 
-void StraightLine(Workspace& ps, DiagramDocument& doc, int kind, PointBuffer& curve, double& a,
-                  double& b, float& r2, bool& outside) {
+void StraightLine(const ProjectState& ps, int kind, PointBuffer& curve, CurveCalculation& made) {
     const RegressionPoints points = CollectRegressionPoints(ps, kind);
-    doc.RegressLeftOut = points.leftOut;
-    if (points.leftOut > 0)
-        doc.StatusBar2.toolTip = std::to_string(points.leftOut) +
-                                 (points.leftOut == 1 ? " row was" : " rows were") +
-                                 " left out: their logarithm or quotient does not exist";
+    made.leftOut = points.leftOut;
     constexpr int kParameters = 2;
     constexpr int kLineType = 2;
     RegressionMatrix matrix;
     float sd = 0, relsd = 0;
     bool singular = false;
     FuRegression(points.RegressX, points.RegressY, points.RegressW, kParameters, kLineType, 0,
-                 matrix, sd, relsd, r2, singular);
-    FuRegressGerade(ps.Frame, kParameters, matrix, a, b, outside, curve);
-    mnuAddPunkte_Click(ps, doc);
-    const LineResult result =
-        EvaluateLine(ps, kind, {.a = a, .b = b, .r2 = r2, .cA0 = points.cA0, .cB0 = points.cB0});
+                 matrix, sd, relsd, made.r2, singular);
+    FuRegressGerade(ps.Frame, kParameters, matrix, made.a, made.b, made.outside, curve);
+    made.line = true;
+    const LineResult result = EvaluateLine(
+        ps, kind, {.a = made.a, .b = made.b, .r2 = made.r2, .cA0 = points.cA0, .cB0 = points.cB0});
     if (result.storesK)
-        ps.k[1] = result.k;
-    doc.StatusBar2.text = result.text;
+        made.k = result.k;
+    made.result = result.text;
 }
 
 /// A spline through the measured points of one species, from x = 0 whatever the frame.
-void SplineCurve(Workspace& ps, DiagramDocument& doc, PointBuffer& curve, bool& outside) {
+void SplineCurve(ProjectState& ps, int steps, PointBuffer& curve, bool& outside) {
     const int n = ps.ExpPointCount;
     const int s = ps.SingleSpecies;
     ReserveAkima(ps, n);
@@ -135,7 +128,7 @@ void SplineCurve(Workspace& ps, DiagramDocument& doc, PointBuffer& curve, bool& 
 
     CurveWriter writer(curve);
     const float xMax = ps.Frame.xMax;
-    const float xStep = (xMax - ps.Frame.xMin) / static_cast<float>(doc.CurveSteps);
+    const float xStep = (xMax - ps.Frame.xMin) / static_cast<float>(steps);
     // A frame far from 0 asks for more steps than the buffer is meant for, or for steps that vanish
     // beside x; then the buffer's number of steps is spread over the whole stretch.
     const float step = std::max(xStep * 0.5F, xMax / static_cast<float>(kCurveBufferPoints));
@@ -150,7 +143,7 @@ void SplineCurve(Workspace& ps, DiagramDocument& doc, PointBuffer& curve, bool& 
     }
 }
 
-void TracerCurve(const Workspace& ps, PointBuffer& curve, bool& outside) {
+void TracerCurve(const ProjectState& ps, PointBuffer& curve, bool& outside) {
     const auto& signal = ps.TracerBuf;
     const std::size_t held = signal.empty() ? 0 : signal.size() - 1;
     const std::size_t n =
@@ -162,11 +155,24 @@ void TracerCurve(const Workspace& ps, PointBuffer& curve, bool& outside) {
     outside = n < 2;
 }
 
-bool IsResidenceKind(int kind) {
-    return kind >= kKindResidenceFirst && kind <= kKindResidenceLast;
+} // namespace
+
+int BufferCount(const PointBuffer& buffer) {
+    if (buffer.empty() || !(buffer[0].x > 0))
+        return 0;
+    const auto held = static_cast<float>(buffer.size() - 1);
+    return static_cast<int>(std::min(buffer[0].x, held));
 }
 
-} // namespace
+CurvePoints PointsOf(const PointBuffer& buffer) {
+    CurvePoints points;
+    for (int i = 1; i <= BufferCount(buffer); ++i) {
+        const auto& at = buffer[static_cast<std::size_t>(i)];
+        points.x.push_back(static_cast<double>(at.x));
+        points.y.push_back(static_cast<double>(at.y));
+    }
+    return points;
+}
 
 bool SeenInFrame(const DiaKoord& frame, const PointBuffer& curve) {
     for (int i = 1; i <= BufferCount(curve); ++i)
@@ -193,32 +199,45 @@ void FuRegressGerade(const DiaKoord& frame, int n, const RegressionMatrix& matri
     }
 }
 
-void CalcCurve(Workspace& ps, DiagramDocument& doc, int kind, int& slot, PointBuffer& curve,
-               double& a, double& b, float& r2, std::string& note, bool& outside, bool& failed) {
-    failed = false;
-    note.clear();
-    doc.StatusBar2.text.clear();
-    doc.StatusBar2.toolTip.clear();
-    doc.RegressLeftOut = 0;
+CurveCalculation CalcCurve(ProjectState& ps, int kind, int slot, int steps, PointBuffer& curve) {
+    CurveCalculation made;
     try {
         if (IsModelKind(kind))
-            SpeciesCurve(ps, doc, kind, slot, curve, outside);
+            SpeciesCurve(ps, kind, slot, curve, made);
         else if (IsStraightLineKind(kind))
-            StraightLine(ps, doc, kind, curve, a, b, r2, outside);
+            StraightLine(ps, kind, curve, made);
         else if (kind == kKindSingleSpecies)
-            SplineCurve(ps, doc, curve, outside);
+            SplineCurve(ps, steps, curve, made.outside);
         else if (kind == kKindTracer)
-            TracerCurve(ps, curve, outside);
+            TracerCurve(ps, curve, made.outside);
         else if (IsResidenceKind(kind))
-            outside = false;
+            made.outside = false;
         else if (kind == kKindBloodAlcohol)
-            AddArrays(ps, ps.cSimA, kBloodDensity, curve, outside);
-        else if (SeenInFrame(ps.Frame, curve))
-            outside = false;
+            AddArrays(ps, ps.cSimA, kBloodDensity, curve, made.outside);
+        else
+            made.outside = !SeenInFrame(ps.Frame, curve);
     } catch (const std::exception& error) {
-        failed = true;
-        note = JoinLines({error.what(), "Message from CalcCurve"});
+        made.failed = true;
+        made.note = JoinLines({error.what(), "Message from CalcCurve"});
     }
+    return made;
+}
+
+void StretchToTube(const ProjectState& ps, PointBuffer& curve) {
+    const auto velocity = static_cast<double>(ps.vRohr);
+    for (int i = 1; i <= BufferCount(curve); ++i) {
+        float& x = curve[static_cast<std::size_t>(i)].x;
+        x = ToSingle(static_cast<double>(x) * velocity);
+    }
+}
+
+PointBuffer WithoutPoint(const PlotSeries& series, int point) {
+    PointBuffer rest(1);
+    for (std::size_t i = 0; i < series.x.size(); ++i)
+        if (static_cast<int>(i) + 1 != point)
+            rest.push_back({static_cast<float>(series.x[i]), static_cast<float>(series.y[i])});
+    rest[0].x = static_cast<float>(rest.size() - 1);
+    return rest;
 }
 
 } // namespace zorvant
