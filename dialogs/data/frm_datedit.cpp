@@ -2,6 +2,7 @@
 #include "dialogs/data/frm_datedit.h"
 
 #include "dialogs/common/names.h"
+#include "dialogs/common/numeric_field.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
@@ -109,12 +110,10 @@ void WireTexts(frmDatedit& form) {
         form.ps.ExpComment = form.txtComment.text;
         form.ps.ExpDataChanged = form.textsChanged = true;
     };
-    WireNumber(form.lambda_infin);
-    form.lambda_infin.onChange = [&form] {
-        form.lambda_infin.text = CommasToPoints(form.lambda_infin.text);
-        form.ps.LambdaInf = Val(form.lambda_infin.text);
+    MakeNumeric(form.lambda_infin, nullptr, [&form](double lambda) {
+        form.ps.LambdaInf = lambda;
         form.ps.ExpDataChanged = form.textsChanged = true;
-    };
+    });
     form.optZeit.onClick = [&form](int unit) { optZeit_Click(form, unit); };
 }
 

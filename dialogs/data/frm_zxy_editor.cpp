@@ -3,6 +3,7 @@
 
 #include "data/field_separator.h"
 #include "dialogs/common/names.h"
+#include "dialogs/common/numeric_field.h"
 #include "engine/arithmetic.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -93,7 +94,7 @@ void WireRows(frmZXYEditor& form) {
 }
 
 void WireTransforms(frmZXYEditor& form) {
-    WireNumber(form.txtW);
+    MakeNumeric(form.txtW, nullptr);
     form.cmdManip.onClick = [&form] { form.fraManipulation.visible = true; };
     form.cmdCloseManip.onClick = [&form] { form.fraManipulation.visible = false; };
     form.optManip.onClick = [&form](int index) { optManip_Click(form, index); };

@@ -2,6 +2,7 @@
 #include "dialogs/data/list_editor.h"
 
 #include "dialogs/common/names.h"
+#include "dialogs/common/numeric_field.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -110,7 +111,7 @@ void Grid_Select(ListEditor& form) {
 void WireBoxes(ListEditor& form) {
     for (int box = 0; box < form.Values(); ++box) {
         TextField& field = *form.boxes[Index(box)];
-        WireNumber(field);
+        MakeNumeric(field, nullptr);
         field.onKeyPress = [&form, box](int& key) { BoxKey(form, box, key); };
     }
     form.shown.resize(form.boxes.size());
@@ -157,15 +158,6 @@ ListEditor::ListEditor(const char* formName, const char* formCaption, Workspace&
     cmdUndo.shortcut = "Ctrl+Z";
     cmdRedo.shortcut = "Ctrl+Shift+Z";
     cmdClipboard.toolTip = " corresponds to <Ctrl><C> in the list ";
-}
-
-void WireNumber(TextField& box) {
-    box.onKeyPress = [](int& key) {
-        if (key >= ' ' && !FilterNumericKey(key))
-            key = 0;
-    };
-    box.onChange = [&box] { box.text = CommasToPoints(box.text); };
-    box.onGotFocus = [&box] { box.selectAll = true; };
 }
 
 void WireList(ListEditor& form) {

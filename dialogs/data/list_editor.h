@@ -128,8 +128,6 @@ struct ListEditor : Form {
 
 /// Connects the common controls; called by the constructor of an editor that has its boxes.
 void WireList(ListEditor& form);
-/// A box for a number that stands alone: numeric keys, a decimal comma becomes a point.
-void WireNumber(TextField& box);
 /// The first start of a form: nothing to take back, the file as it is.
 void ForgetHistory(ListEditor& form);
 

@@ -6,7 +6,6 @@
 #include "shell/qt/binder.h"
 #include "tests/qt/qt_user.h"
 
-#include <QtTest>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -27,15 +26,15 @@ protected:
         Binder::PushAll();
         Settle();
     }
-    /// Keys on what has the focus, as the window system delivers them.
-    static void Key(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), static_cast<Qt::Key>(key),
-                            text, modifiers);
+    /// What is typed; "\n" stands for the Enter key.
+    static void Write(const QString& text) {
+        for (const QChar c : text)
+            c == u'\n' ? Key(Qt::Key_Return, {}, QStringLiteral("\r")) : Keys(c);
         Settle();
     }
-    static void Keys(const QString& text) {
-        for (const QChar c : text)
-            c == u'\r' ? Key(Qt::Key_Return, {}, c) : Key(c.toUpper().unicode(), {}, c);
+    static void Undo() {
+        Key(Qt::Key_Z, Qt::ControlModifier);
+        Settle();
     }
     QTableView& Table(Form& form) { return Child<QTableView>(*windows.WidgetOf(form), "Grid"); }
     static QString Shown(const QTableView& table, int row, int column) {
@@ -66,13 +65,13 @@ TEST_F(EditorsInWindows, FitTheScreenWithoutScrolling) {
 
 TEST_F(EditorsInWindows, TakeKeysInTheInputLineAndInACellAndTakeThemBack) {
     Open(points);
-    Keys(QStringLiteral("4,5\r-2\r"));
+    Write(QStringLiteral("4,5\n-2\n"));
     ASSERT_EQ(ps.XYCount, 1);
     EXPECT_EQ(points.XYData[1], (XYPoint{.x = 4.5F, .y = -2}));
-    Keys(QStringLiteral("7"));
-    Key(Qt::Key_Z, Qt::ControlModifier); // the box's own typing first
+    Write(QStringLiteral("7"));
+    Undo(); // the box's own typing first
     EXPECT_EQ(ps.XYCount, 1);
-    Key(Qt::Key_Z, Qt::ControlModifier);
+    Undo();
     EXPECT_EQ(ps.XYCount, 0);
 
     ps.ExpData = {{}, {.t = 1, .cA = 2}, {.t = 3, .cA = 4}};
@@ -81,10 +80,10 @@ TEST_F(EditorsInWindows, TakeKeysInTheInputLineAndInACellAndTakeThemBack) {
     QTableView& table = Table(data);
     table.setFocus();
     table.setCurrentIndex(table.model()->index(1, 3));
-    Keys(QStringLiteral("7,x5\r")); // the first one begins the editing
+    Write(QStringLiteral("7,x5\n")); // the first one begins the editing
     EXPECT_EQ(ps.ExpData[2].cA, 7.5);
     EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("7.5"));
-    Key(Qt::Key_Z, Qt::ControlModifier);
+    Undo();
     EXPECT_EQ(Shown(table, 1, 3), QStringLiteral("4"));
     table.setCurrentIndex(table.model()->index(0, 1));
     Key(Qt::Key_Space);
