@@ -183,21 +183,9 @@ void NameSteps(MDIZOR& form, const std::string& index) {
     }
 }
 
-<<<<<<< HEAD
 void OpenEditMenu(MDIZOR& form, const std::string& index) {
     form.Entry("mnuPaste" + index).enabled = host().clipboardText().has_value();
     NameSteps(form, index);
-=======
-/// Replaces the table so that the editor can take it back.
-/// Given: timeUnit: of the times that stand in the table
-void ReplaceData(MDIZOR& form, const std::string& name, ListState::Extent extent,
-                 const std::string& timeUnit, const Handler& replace) {
-    if (auto* const editor =
-            dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, name::kDataEditor)))
-        ReplaceTable(*editor, name, extent, timeUnit, replace);
-    else
-        replace();
->>>>>>> lists
 }
 
 /// For the status line: that unsaved work would not survive a crash, and why; empty when it would.
@@ -213,7 +201,6 @@ void MakeEntries(MDIZOR& form) {
         form.entries.push_back(std::make_unique<MenuEntry>(form, row.control, row.caption));
         form.entries.back()->helpTopic = row.helpTopic;
     }
-<<<<<<< HEAD
 }
 
 std::string ToolName(int index) {
@@ -256,12 +243,6 @@ void WireRecovery(MDIZOR& form) {
         for (RecoveryKeeper& keeper : form.recoveries)
             keeper.Keep();
     };
-=======
-    ReplaceData(form, "loading project data", ListState::Extent::Data, unitBefore,
-                [&] { LoadDataOfProject(form.ps, path, dataFile); });
-    ReopenModelDialog(form);
-    ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
->>>>>>> lists
 }
 
 } // namespace
@@ -321,212 +302,7 @@ void UpdateAvailability(MDIZOR& form) {
             control->disabledTip = kNotYet;
 }
 
-<<<<<<< HEAD
 // ---------------------------------------------------------------- small commands
-=======
-// ---------------------------------------------------------------- start-up
-
-void MDIZOR_Load(MDIZOR& form) {
-    Workspace& ps = form.ps;
-    InitProjectState(ps);
-    for (const int index : {8, 16})
-        form.Tool(index).enabled = false;
-    form.Entry("mnuEditDat").enabled = false;
-    ps.ProtocolFile = NextProtocolName(
-        ps.ProgramDir, form.protocolDate.empty() ? DateDigits() : form.protocolDate);
-    for (const StartPosition& place : StartPositions())
-        if (Form* const dialog = FindForm(ps.desktop, place.form)) {
-            dialog->left = place.left;
-            dialog->top = place.top;
-        }
-    form.recoveries.clear();
-    form.recoveries.emplace_back(ps, DataRecovery(ps));
-    if (auto* const list = dynamic_cast<frmZXYEditor*>(FindForm(ps.desktop, name::kXYEditor)))
-        form.recoveries.emplace_back(ps, ListRecovery(*list));
-    UpdateAvailability(form);
-    ModelChanged(form);
-    Show(form, name::kModel);
-}
-
-void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
-    Workspace& ps = form.ps;
-    ps.ProjectFile = commandLine;
-    std::erase(ps.ProjectFile, '"');
-    if (ps.ProjectFile.empty())
-        return;
-    const std::string path = ps.ProjectFile, unitBefore = ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(ps, path, dataFile, ok);
-    if (!ok) {
-        ps.ProjectFile.clear();
-        ReopenModelDialog(form);
-        return;
-    }
-    ps.ProjectTitle = FileName(path);
-    ps.ProjectDir = DirectoryOf(path);
-    if (dataFile.empty()) {
-        Enable(form, {"mnuSaveProject"});
-        EnableTools(form, {8});
-        ReopenModelDialog(form);
-        return;
-    }
-    TakeLoadedProject(form, path, dataFile, "", unitBefore);
-}
-
-void OfferLostData(MDIZOR& form) {
-    for (RecoveryKeeper& keeper : form.recoveries)
-        OfferRecovery(form.ps, keeper);
-    TellUnitOfData(form.ps);
-    if (!form.ps.ExpDataChanged)
-        return;
-    Enable(form, {"mnuEditDat"});
-    EnableTools(form, {16});
-    Unload(form, name::kDataEditor);
-    Show(form, name::kDataEditor);
-}
-
-void OpenProject(MDIZOR& form, const std::string& path) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(form.ps, path, dataFile, ok);
-    if (!ok)
-        return;
-    form.ps.ProjectFile = path;
-    form.ps.ProjectTitle = FileName(path);
-    form.ps.ProjectDir = DirectoryOf(path);
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
-}
-
-// ---------------------------------------------------------------- dialogs
-
-void ReopenModelDialog(MDIZOR& form) {
-    Unload(form, name::kModel);
-    Show(form, name::kModel);
-}
-
-void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
-    Workspace& ps = form.ps;
-    Form* const opened = FindForm(ps.desktop, set.opens);
-    if (opened == nullptr)
-        return;
-    if (set.refusesEnzyme && IsEnzymeModel(ps.ModelId)) {
-        ShowMessage("Sorry, under construction", "Execution not possible", Icon::Critical);
-        return;
-    }
-    if (Form* const model = FindForm(ps.desktop, name::kModel); model && set.hidesModelDialog)
-        HideForm(*model);
-    for (const char* name : set.closes)
-        if (name != nullptr)
-            Unload(form, name);
-    ps.IsTubular = set.isTubular.value_or(ps.IsTubular);
-    ps.IsCSTR = set.isCSTR.value_or(ps.IsCSTR);
-    ps.IsCascade = set.isCascade.value_or(ps.IsCascade);
-    ps.RateDiagram = set.rateDiagram.value_or(ps.RateDiagram);
-    if (set.clearsFitMode)
-        ps.FitMode = kNoFit;
-    ShowForm(ps.desktop, *opened);
-    if (set.presses != nullptr)
-        PressIn(form, set.opens, set.presses);
-    auto* const calculation = dynamic_cast<CalcDialog*>(opened);
-    if (calculation == nullptr || !opened->loaded)
-        return;
-    // Both show the same model: the model dialog adapts the calculation dialog as it opens.
-    ReopenModelDialog(form);
-    ShowForm(ps.desktop, *opened);
-    if (calculation->onInit)
-        calculation->onInit();
-}
-
-// ---------------------------------------------------------------- projects, data, exit
-
-void mnuLoadLastSession_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(form.ps, form.ps.LastSessionFile, dataFile, ok);
-    if (!ok)
-        return;
-    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "", unitBefore);
-}
-
-void mnuLoadProject_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string path, dataFile;
-    bool ok = false, cancelled = false;
-    FuLoadProjectDialog(form.ps, path, dataFile, ok, cancelled);
-    if (cancelled || !ok)
-        return;
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
-}
-
-void mnuSaveProject_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    FuSaveProjectDialog(form.ps, OpenCalculation(form.ps));
-}
-
-void mnuNeudat_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    Workspace& ps = form.ps;
-    const std::string question =
-        Lines({"New data input is expected;", "an existing set of data will be deleted.", "",
-               "Would you like that?"});
-    if (ps.ExpPointCount > 0 &&
-        Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
-        return;
-    ReplaceData(form, "new data", ListState::Extent::File, ps.TimeUnitText, [&] {
-        FuClearExpData(ps);
-        ps.ExpData.assign(2, {});
-        ps.LambdaInf = ps.LambdaZero = 0;
-        CheckExpData(ps);
-    });
-    Unload(form, name::kDataEditor);
-    Show(form, name::kDataEditor);
-}
-
-void mnuEditDat_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    if (form.ps.ExpPointCount > 0)
-        Show(form, name::kDataEditor);
-}
-
-void mnuExit_Click(MDIZOR& form) {
-    if (form.exiting)
-        return;
-    form.exiting = true;
-    Workspace& ps = form.ps;
-    bool cancelled = false;
-    if (ps.ExpDataChanged && ps.ExpPointCount > 0) {
-        std::string file;
-        AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
-    }
-    form.tmrRecovery.interval = 0;
-    RecoveryKeeper& data = form.recoveries.front();
-    cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
-    FuSaveProjectFile(ps, ps.LastSessionFile, OpenCalculation(ps));
-    const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
-                                     ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
-                                     : ps.ProtocolFile;
-    std::error_code error;
-    if (!ps.ProtocolFile.empty() && std::filesystem::is_regular_file(protocol, error) &&
-        std::filesystem::file_size(protocol, error) == 0)
-        std::filesystem::remove(protocol, error);
-    // Closing is a stop to whatever still runs in a dialog.
-    const std::vector<Form*> open = ps.desktop.order;
-    for (auto each = open.rbegin(); each != open.rend(); ++each)
-        if (*each != &form)
-            UnloadForm(ps.desktop, **each);
-    // Likewise a list whose closing was cancelled, though the exit can't be.
-    for (std::size_t i = 1; i < form.recoveries.size(); ++i)
-        form.recoveries[i].Keep();
-    host().closeHelp();
-    host().quit();
-}
->>>>>>> lists
 
 void mnuConvertTool1W_Click(MDIZOR& form) {
     const std::string program = JoinPath(form.ps.ProgramDir, "ConvertTool1W_E.EXE");

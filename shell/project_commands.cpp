@@ -18,7 +18,7 @@ namespace {
 
 /// Replaces the table so that the editor can take it back.
 /// Given: timeUnit: of the times that stand in the table
-void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
+void ReplaceData(MDIZOR& form, const std::string& name, ListState::Extent extent,
                  const std::string& timeUnit, const Handler& replace) {
     if (auto* const editor =
             dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, name::kDataEditor)))
@@ -37,7 +37,7 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
         Enable(form, {"mnuEditDat"});
         EnableTools(form, {16});
     }
-    ReplaceData(form, "loading project data", ExpTableState::Extent::Data, unitBefore,
+    ReplaceData(form, "loading project data", ListState::Extent::Data, unitBefore,
                 [&] { LoadDataOfProject(form.ps, path, dataFile); });
     ReopenModelDialog(form);
     ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
@@ -93,7 +93,7 @@ void mnuNeudat_Click(MDIZOR& form) {
     if (ps.ExpPointCount > 0 &&
         Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
         return;
-    ReplaceData(form, "new data", ExpTableState::Extent::File, ps.TimeUnitText, [&] {
+    ReplaceData(form, "new data", ListState::Extent::File, ps.TimeUnitText, [&] {
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.LambdaInf = ps.LambdaZero = 0;
