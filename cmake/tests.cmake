@@ -28,8 +28,7 @@ zorvant_tests(reactors zorvant_reactors)
 if(TARGET test_reactors) # searches and curves likewise
   target_sources(test_reactors PRIVATE
     ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
-    ${CMAKE_SOURCE_DIR}/bench/reference/reactors_reference.cpp
-    ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+    ${CMAKE_SOURCE_DIR}/bench/reference/reactors_reference.cpp)
 endif()
 zorvant_tests(residence zorvant_residence)
 zorvant_tests(evaluation zorvant_evaluation)
@@ -37,8 +36,7 @@ if(TARGET test_evaluation) # the fits likewise
   target_sources(test_evaluation PRIVATE
     ${CMAKE_SOURCE_DIR}/bench/reference/course_reference.cpp
     ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
-    ${CMAKE_SOURCE_DIR}/bench/reference/fit_reference.cpp
-    ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+    ${CMAKE_SOURCE_DIR}/bench/reference/fit_reference.cpp)
 endif()
 # The table of agreeing digits in docs/numerics.md.
 add_executable(certify_fits EXCLUDE_FROM_ALL ${CMAKE_SOURCE_DIR}/tools/certify_fits.cpp)

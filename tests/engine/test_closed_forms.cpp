@@ -131,61 +131,6 @@ TEST(ClosedForms, KeepTenDigitsAtEveryCorner) {
     RecordProperty("worst", std::to_string(worst));
 }
 
-// Wherever the textbook formula is sound, its digits.
-TEST(ClosedForms, EqualThePlainFormulas) {
-    const SpeciesArray starts[] = {
-        {0, 1,   1,   0,   0.002, 0  },
-        {0, 1,   0.3, 0.2, 0.1,   0.4},
-        {0, 0.3, 2,   0,   0.5,   0  },
-    };
-    for (const int model : kClosedModels)
-        for (const SpeciesArray& c0 : starts)
-            for (const int unit : {0, 2, 4}) {
-                const auto ps = Selected(model), plain = Selected(model);
-                for (ProjectState* state : {ps.get(), plain.get()}) {
-                    ChangeTimeUnit(*state, unit, 0);
-                    state->tMax = 20 * state->TimeFactor[0][static_cast<std::size_t>(unit)];
-                    state->c0 = c0;
-                }
-                if (model == 6)
-                    plain->k[2] -= 1e-12; // what the plain formula adds against equal constants
-                bool err = true;
-                calc_diagram_function(*ps, model, ps->tMax, err);
-                ASSERT_FALSE(err);
-                reference::calc_diagram_function(*plain, model, plain->tMax, err);
-                ASSERT_FALSE(err);
-                for (int slot = 1; slot <= kSpecies; ++slot)
-                    for (std::size_t i = 0; i <= 200; ++i) {
-                        ASSERT_NEAR(cSim(*ps, slot)[i], cSim(*plain, slot)[i], 1e-12)
-                            << "model " << model << " slot " << slot << " node " << i;
-                        const float r = rSim(*plain, slot)[i];
-                        ASSERT_NEAR(rSim(*ps, slot)[i], r, 2e-7F * (1 + std::abs(r)))
-                            << "model " << model << " slot " << slot << " node " << i;
-                    }
-            }
-}
-
-TEST(ClosedForms, EqualConstantsGiveTheSameCourseInEveryTimeUnit) {
-    for (const double k : {0.15, 1e-9}) {
-        const auto seconds = Selected(6);
-        seconds->k = {0, k, k, 0};
-        seconds->tMax = 3 / k;
-        bool err = true;
-        calc_diagram_function(*seconds, 6, seconds->tMax, err);
-        for (int unit = 1; unit <= 4; ++unit) {
-            const auto other = Selected(6);
-            other->k = {0, k, k, 0};
-            other->tMax = 3 / k;
-            ChangeTimeUnit(*other, unit, 0);
-            calc_diagram_function(*other, 6, other->tMax, err);
-            for (std::size_t i = 0; i <= 200; ++i) {
-                EXPECT_NEAR(other->cSimC[i], seconds->cSimC[i], 1e-14);
-                EXPECT_NEAR(other->cSimP[i], seconds->cSimP[i], 1e-14);
-            }
-        }
-    }
-}
-
 TEST(ClosedForms, StayWhereTheyAreInEquilibriumAndAtTimeZero) {
     for (const int model : kClosedModels) {
         const SpeciesArray c0{0, 0.7, 0.45, 0.3, 0.2, 0.15};
@@ -201,20 +146,6 @@ TEST(ClosedForms, StayWhereTheyAreInEquilibriumAndAtTimeZero) {
     // an autocatalysis without its catalyst does not start
     const SpeciesArray noCatalyst{0, 1, 0, 0, 0, 0};
     EXPECT_EQ(StateAt(5, {0, 0.2, 0, 0}, noCatalyst, 1e6), noCatalyst);
-}
-
-// A search may try negative constants: the same function, as far as it is finite.
-TEST(ClosedForms, FollowThePlainFormulasForNegativeConstants) {
-    const ProjectState ps;
-    const SpeciesArray c0{0, 0.3, 0.8, 0.2, 0.9, 0.4};
-    const ConstantArray bothNegative{0, -0.2, -0.1, 0}, oneNegative{0, 0.2, -0.001, 0};
-    for (const int model : kClosedModels)
-        for (const ConstantArray& k : {bothNegative, oneNegative}) {
-            const SpeciesArray c = StateAt(model, k, c0, 0.5);
-            const SpeciesArray expected = Integrated(ps, model, k, c0, 0.5);
-            for (std::size_t s = 1; s < c.size(); ++s)
-                EXPECT_NEAR(c[s], expected[s], 1e-10) << "model " << model << " slot " << s;
-        }
 }
 
 TEST(ClosedForms, ReportWhatHasNoSolution) {

@@ -50,20 +50,6 @@ void Calculate(ProjectState& ps, int model) {
 
 } // namespace
 
-TEST(SimTable, GivesEachSpeciesOfAModelOneColumnInTheirOrder) {
-    for (int model = 1; model <= kModels; ++model) {
-        std::vector<int> shown, taking;
-        for (int column = 2; column <= 5; ++column)
-            if (const int slot = SimTableColumns(model)[static_cast<std::size_t>(column)];
-                slot != 0)
-                shown.push_back(slot);
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            if (InMask(Model(model).speciesMask, slot))
-                taking.push_back(slot);
-        EXPECT_EQ(shown, taking) << "model " << model;
-    }
-}
-
 TEST(SimTable, ShowsTheCourseLineByLine) {
     ProjectState ps;
     InitProjectState(ps);
@@ -84,42 +70,4 @@ TEST(SimTable, ShowsTheCourseLineByLine) {
     EXPECT_NEAR(Val(middle[2]), 0.8 - reacted, 1e-6);
     EXPECT_NEAR(Val(middle[3]), 0.02 + reacted, 1e-6);
     EXPECT_NEAR(Val(middle[4]), 0.3 + reacted, 1e-6);
-}
-
-TEST(SimTable, NamesTheSpeciesOfTheEnzymeModelAndTheUnitOfRates) {
-    ProjectState ps;
-    InitProjectState(ps);
-    ps.RateDiagram = true;
-    ps.TimeUnitText = "min";
-    Calculate(ps, 10);
-    const std::vector<std::string> lines = Lines(SimTableText(ps));
-    EXPECT_THAT(Cells(lines[0]), ElementsAre(" t/min", "r(E)/(mol/L/min)", "r(S)/(mol/L/min)",
-                                             "r(ES)/(mol/L/min)", "r(P)/(mol/L/min)"));
-    // r(E) + r(ES) = 0: the enzyme is not consumed
-    for (const std::size_t i : {2U, 50U, 202U}) {
-        const std::vector<std::string> cells = Cells(lines[i]);
-        EXPECT_NEAR(Val(cells[1]) + Val(cells[3]), 0, 1e-8);
-        EXPECT_NEAR(Val(cells[4]), 0.02 * ps.cSimC[i - 2], 1e-8);
-    }
-}
-
-TEST(SimTable, ShowsTheMichaelisMentenCurveAsPairsOfTwo) {
-    ProjectState ps;
-    InitProjectState(ps);
-    ps.MMDiagram = true;
-    Calculate(ps, 10);
-    for (const bool normalized : {true, false}) {
-        ps.MMNormalized = normalized;
-        bool err = true;
-        ps.KM = 0.5;
-        calc_diagram_function(ps, 10, ps.tMax, err);
-        const std::vector<std::string> lines = Lines(SimTableText(ps));
-        EXPECT_THAT(Cells(lines[0]), ElementsAre(normalized ? "c(S))/KM (norm.)" : "c(S))/ (mol/L)",
-                                                 "", "", "", "rP/rP,max"));
-        // the last point: x/(1 + x) at 20 KM, or at 0.15 mol/L with KM = 0.5
-        const std::vector<std::string> last = Cells(lines[202]);
-        EXPECT_EQ(last[0], normalized ? "20.00" : "0.15");
-        EXPECT_EQ(last[1], "");
-        EXPECT_NEAR(Val(last[4]), normalized ? 20.0 / 21 : 0.3 / 1.3, 1e-7);
-    }
 }

@@ -109,24 +109,6 @@ TEST(Temperature, TheFactorOfTheFitAndTheEntropyOfTheCalculatorAreTheSameConstan
     }
 }
 
-TEST(Temperature, TheCalculatorShowsSingleTextsAndConvertsTheUnit) {
-    ProjectState ps = InUnit(1);
-    const KtResult perMinute = CalcArrhenius(ps, 1, 0, 300);
-    EXPECT_EQ(perMinute.kText, PlainText(1));
-    EXPECT_NEAR(perMinute.kSec, 1.0 / 60, 1E-16);
-    EXPECT_EQ(CalcArrhenius(ps, 0, 0, 298.15).kText, PlainText(0));
-    ps.kTFunction = kEyring;
-    ps.FitMode = 7;
-    const CalculatorFace face = FaceOfCalculator(ps);
-    EXPECT_EQ(face.caption, "EYRING Calculator");
-    EXPECT_NEAR(Val(face.kBhText), 2.083644E+10, 1);
-    EXPECT_EQ(face.lblkEinheit, "L/(mol min)");
-    ps.TimeUnitText = " h ";
-    EXPECT_EQ(SelectedTimeUnit(ps), 2);
-    ps.TimeUnitText = "fortnight";
-    EXPECT_EQ(SelectedTimeUnit(ps), 1);
-}
-
 TEST(Temperature, BadInputShowsErr) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInf = std::numeric_limits<double>::infinity();

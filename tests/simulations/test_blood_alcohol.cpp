@@ -49,23 +49,6 @@ TEST(BloodAlcohol, OneGlassOfBeerFollowsTheHandCalculation) {
         EXPECT_EQ(Bac(ps, t), 0);
 }
 
-TEST(BloodAlcohol, TheTimeCourseTakesTheCurveMinuteByMinute) {
-    ProjectState ps;
-    PrepareBacState(ps);
-    ConnectBloodAlcohol(ps);
-    bool err = true;
-    calc_diagram_function(ps, kBloodAlcohol, ps.BacTimeMax, err);
-    EXPECT_FALSE(err);
-    ASSERT_EQ(ps.NPoints, 600);
-    ASSERT_EQ(ps.cSimA.size(), 601U);
-    EXPECT_EQ(ps.tSim[60], 60);
-    EXPECT_NEAR(ps.cSimA[60], 0.15673, 5e-6);
-    EXPECT_EQ(ps.cSimA[600], 0);
-    EXPECT_EQ(ps.Memory.RngT.upper, 600);
-    const float highest = *std::max_element(ps.BacTable.begin(), ps.BacTable.end());
-    EXPECT_FLOAT_EQ(ps.Memory.RngC.upper, 1.02F * highest);
-}
-
 TEST(BloodAlcohol, AfterFullAbsorptionItIsWidmarksFormula) {
     // Widmark: BAC = M (1 - AD)/(m r) - beta t, once nothing is left to absorb.
     struct {
@@ -123,19 +106,6 @@ TEST(BloodAlcohol, ADrinkAfterSoberingUpRisesFromZeroAtItsOwnTime) {
         EXPECT_NEAR(Bac(ps, 300 + t), Bac(fresh, t), 2e-6) << t;
 }
 
-TEST(BloodAlcohol, TheCurveIsNeverNegativeAndNeverBelowTheUncorrectedOne) {
-    ProjectState ps = StandardMan();
-    AddDrink(ps, 1, 200, 5, 0);
-    AddDrink(ps, 2, 100, 5, 180);
-    AddDrink(ps, 5, 20, 40, 181);
-    AddDrink(ps, 6, 300, 5, 500);
-    FuBacCurve(ps, 999);
-    for (int t = 6; t <= 999; ++t) {
-        ASSERT_GE(Bac(ps, t), 0) << t;
-        ASSERT_GE(Bac(ps, t), Uncorrected(ps, t) - 1e-6F) << t;
-    }
-}
-
 TEST(BloodAlcohol, RowsWithoutMassOrTimeTakeNoPart) {
     ProjectState ps = StandardMan();
     AddDrink(ps, 1, 500, 5, 0);
@@ -148,19 +118,6 @@ TEST(BloodAlcohol, RowsWithoutMassOrTimeTakeNoPart) {
     AddDrink(ps, 5, 500, 5, 700); // behind the end of the axis
     FuBacCurve(ps, 600);
     EXPECT_EQ(ps.BacTable, alone);
-}
-
-TEST(BloodAlcohol, WhatAnEarlierCurveLeftBehindTheAxisHasNoEffect) {
-    ProjectState ps = StandardMan();
-    AddDrink(ps, 1, 500, 5, 0);
-    AddDrink(ps, 3, 330, 5, 300);
-    FuBacCurve(ps, 600);
-    const auto expected = ps.BacTable;
-    AddDrink(ps, 2, 500, 5, 1000);
-    FuBacCurve(ps, 999); // uncorrected, negative at its end
-    AddDrink(ps, 2, 500, 5, 900);
-    FuBacCurve(ps, 600);
-    EXPECT_TRUE(std::equal(expected.begin(), expected.begin() + 601, ps.BacTable.begin()));
 }
 
 TEST(BloodAlcohol, ADrinkBeyondMinute999LeavesTheTableUncorrected) {
@@ -227,44 +184,6 @@ TEST(BloodAlcohol, ClockTimesCountFromTheFirstDrinkAndPastMidnight) {
     EXPECT_THROW(SetGlassVolume(ps, 9, 5), std::out_of_range);
 }
 
-TEST(BloodAlcohol, ParametersOutsideTheirRangesGoBackToStandardOneAtATime) {
-    struct {
-        BacPerson person;
-        float r;
-        int deficit;
-        float beta, k;
-        const char* box; ///< "": all good
-    } const table[]{
-        {BacPerson::Men,   0.68F, 10, 0.1F,      2,     ""       },
-        {BacPerson::Men,   0.8F,  30, 0.2F,      20,    ""       },
-        {BacPerson::Men,   0.6F,  20, 0.15F,     5,     "txt_r_0"},
-        {BacPerson::Men,   0.81F, 0,  0,         0,     "txt_r_0"},
-        {BacPerson::Women, 0.5F,  20, 0.15F,     5,     ""       },
-        {BacPerson::Women, 0.7F,  20, 0.15F,     5,     "txt_r_1"},
-        {BacPerson::Women, kNaN,  20, 0.15F,     5,     "txt_r_1"},
-        {BacPerson::Men,   0.7F,  9,  0.15F,     5,     "txtRD"  },
-        {BacPerson::Men,   0.7F,  31, 9,         5,     "txtRD"  },
-        {BacPerson::Men,   0.7F,  20, 0.09F,     5,     "txtb60" },
-        {BacPerson::Men,   0.7F,  20, kInfinity, 5,     "txtb60" },
-        {BacPerson::Men,   0.7F,  20, 0.15F,     1.9F,  "txtkres"},
-        {BacPerson::Men,   0.7F,  20, 0.15F,     20.1F, "txtkres"},
-    };
-    for (const auto& row : table) {
-        ProjectState ps = StandardMan();
-        ps.rWidmark = row.r;
-        ps.AbsDeficit = row.deficit;
-        ps.beta60 = row.beta;
-        ps.kAbs = row.k;
-        BacFailure failure;
-        EXPECT_EQ(FuCheckBacParameters(ps, row.person, failure), *row.box == '\0');
-        EXPECT_STREQ(failure.box, row.box);
-        // Pressed again and again it ends with good parameters.
-        for (int press = 0; press < 4; ++press)
-            FuCheckBacParameters(ps, row.person, failure);
-        EXPECT_TRUE(FuCheckBacParameters(ps, row.person, failure));
-    }
-}
-
 TEST(BloodAlcohol, WithoutMassOrTimeAxisNothingIsDrawn) {
     ProjectState ps = StandardMan();
     EXPECT_FALSE(CheckBacDrawing(ps));
@@ -304,27 +223,6 @@ TEST(BloodAlcohol, ImpossibleParametersEndInAnArithmeticErrorAndKeepTheTable) {
     FuBacCurve(ps, -7);
     FuBacCurve(ps, 100000);
     EXPECT_EQ(Bac(ps, 999), 0);
-}
-
-TEST(BloodAlcohol, OpeningKeepsWhatWasSetAndFillsTheRest) {
-    ProjectState ps;
-    ps.rWidmark = 0.75F;
-    ps.kAbs = 8;
-    ps.GlassVolume[3] = 200;
-    ps.AlcContent[3] = 12;
-    ps.DrinkTime[3] = 40;
-    EXPECT_EQ(PrepareBacState(ps), BacPerson::Women);
-    EXPECT_EQ(ps.rWidmark, 0.6F);
-    EXPECT_EQ(ps.kAbs, 8);
-    EXPECT_EQ(ps.AbsDeficit, 20);
-    EXPECT_EQ(ps.BodyMass, 73);
-    EXPECT_EQ(ps.BacTimeMax, 600);
-    EXPECT_EQ(ps.DrinkTime[1], 0);
-    EXPECT_EQ(ps.DrinkTime[3], 40);
-    EXPECT_FLOAT_EQ(ps.AlcMass[3], 18.936F);
-    SetBAKStandard(ps, BacPerson::Men);
-    EXPECT_EQ(ps.kAbs, 5);
-    EXPECT_EQ(ps.rWidmark, 0.7F);
 }
 
 } // namespace
