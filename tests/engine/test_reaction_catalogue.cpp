@@ -79,19 +79,3 @@ TEST(ReactionCatalogue, RatesAreMadeOfTheReactionsOfTheMatrix) {
     EXPECT_EQ(ps->Stoich[1][1], -2.25F);
     EXPECT_EQ(ps->Stoich[1][4], 1.0F);
 }
-
-TEST(ReactionCatalogue, MasksNameTheSpeciesThatReactAndTheConstantsThatCount) {
-    for (int model = 1; model <= kModels; ++model) {
-        SCOPED_TRACE(model);
-        const SpeciesArray r = Rates(model, kConstants, kMixture);
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            EXPECT_EQ(InMask(Model(model).speciesMask, slot),
-                      r[static_cast<std::size_t>(slot)] != 0);
-        for (std::size_t i = 1; i <= 3; ++i) {
-            ConstantArray other = kConstants;
-            other[i] *= 2;
-            EXPECT_EQ(InMask(Model(model).rateMask, static_cast<int>(i)),
-                      Rates(model, other, kMixture) != r);
-        }
-    }
-}

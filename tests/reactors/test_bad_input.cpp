@@ -181,7 +181,8 @@ TEST(BadInput, IsToldByTheFlagAndLeavesNumbers) {
                     ProjectState ps = Sound(model);
                     const bool slow = ps.NumericModel && (bad == 1e300 || bad == 1e-300) &&
                                       std::string(function.name).starts_with("Search");
-                    if (!field.used(ps) || slow) // at the very end of a search's patience
+                    const bool noAxis = bad == 1e-300 && field.name == std::string("t");
+                    if (!field.used(ps) || slow || noAxis) // at the end of a search's patience
                         continue;
                     field.spoil(ps, bad);
                     const Outcome outcome = function.call(ps);

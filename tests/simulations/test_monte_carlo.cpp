@@ -4,16 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace zorvant {
 namespace {
 
 constexpr int kAllDraws = 1 << 30;
-
-int CountA(const MonteCarloGame& game) {
-    return std::accumulate(game.Teilchen.begin() + 1, game.Teilchen.end(), 0);
-}
 
 /// The rules as they are told, one draw at a time.
 struct ToldGame {
@@ -95,30 +90,6 @@ TEST(MonteCarloGames, PlayTheToldRulesDrawByDraw) {
         }
         EXPECT_EQ(changed, told.changed);
         EXPECT_TRUE(std::equal(game.Teilchen.begin(), game.Teilchen.end(), told.particles.begin()));
-    }
-}
-
-TEST(MonteCarloGames, ConserveTheParticlesWhetherChangesAreNotedOrNot) {
-    for (const Choice& choice : kAllRules) {
-        MonteCarloGame noted = NewGame(choice.SpielArt, 2, choice.equilibrium);
-        MonteCarloGame bare = noted;
-        RandomGenerator rnd(5);
-        RandomGenerator sameRnd(5);
-        std::vector<std::int32_t> room(200);
-        for (int block = 0; block < 50; ++block) {
-            const DrawSlice a = Draw(noted, rnd, kAllDraws, room);
-            const DrawSlice b = Draw(bare, sameRnd, kAllDraws);
-            ASSERT_EQ(a.draws, noted.BlockZuege);
-            ASSERT_EQ(a.changes, b.changes);
-            ASSERT_TRUE(a.blockEnded);
-            ASSERT_EQ(CountA(noted), noted.NA);
-            const GamePoint point = PresentPoint(noted);
-            ASSERT_EQ(point.NA + point.NP, noted.N0Spiel);
-            NextBlock(noted);
-            NextBlock(bare);
-        }
-        EXPECT_EQ(noted.Teilchen, bare.Teilchen);
-        EXPECT_EQ(noted.Zuege, 50 * noted.BlockZuege);
     }
 }
 
