@@ -119,6 +119,8 @@ TEST(TimeCourse, GivesTheBitsOfThePlainFormForTheNumericModels) {
         for (ProjectState* ps : {fast.get(), plain.get()}) {
             ps->OrderN = c.n;
             ps->tMax = c.tMax;
+            ps->ScaleOneSpecies = c.tMax == 10; // the extents of one species alone
+            ps->ScaleSpecies = 4;
             if (c.k[1] != 0)
                 ps->k = c.k;
             if (c.model == 9 && c.tMax == 4000)
@@ -173,43 +175,6 @@ TEST(TimeCourse, DrawsTheEnzymeCurve) {
     ps->KM = 0; // not known: x as it is
     Calc(*ps);
     EXPECT_NEAR(ps->rSimP[200], 0.15 / 1.15, 1e-7);
-}
-
-TEST(TimeCourse, DeliversTheExtentsOfItsArrays) {
-    const auto ps = Selected(2);
-    Calc(*ps);
-    EXPECT_EQ(ps->Memory.RngT, (Range{0, 100}));
-    EXPECT_NEAR(ps->Memory.RngC.upper, 1.02, 1e-6);
-    EXPECT_NEAR(ps->Memory.RngC.lower, -0.0204, 1e-6); // of the length with the upper margin
-    EXPECT_NEAR(ps->Memory.RngR.upper, 0.15 + 0.02 * 0.3, 1e-6);
-
-    ps->ScaleOneSpecies = true;
-    ps->ScaleSpecies = 4;
-    ps->c0[4] = 3;
-    Calc(*ps);
-    EXPECT_NEAR(ps->Memory.RngC.upper, 4.02, 1e-5);
-    EXPECT_NEAR(ps->Memory.RngC.lower, 3 - 0.0204, 1e-5);
-    ps->ScaleSpecies = 3; // absent
-    Calc(*ps);
-    EXPECT_EQ(ps->Memory.RngC, (Range{0, 1}));
-    Select(*ps, 7);
-    ps->ScaleSpecies = 5; // absent from an integrated model
-    Calc(*ps);
-    EXPECT_EQ(ps->Memory.RngC, (Range{0, 1}));
-
-    Select(*ps, 8); // at rest: c stays what it is
-    ps->ScaleSpecies = 1;
-    ps->c0[1] = 0.5;
-    ps->c0[4] = 2.5;
-    Calc(*ps);
-    EXPECT_NEAR(ps->Memory.RngC.upper, 0.505, 1e-6);
-    EXPECT_NEAR(ps->Memory.RngC.lower, 0.5 - 0.00505, 1e-6);
-
-    const Range before = ps->Memory.RngC;
-    ps->FitMode = 1;
-    ps->c0[1] = 50;
-    Calc(*ps);
-    EXPECT_EQ(ps->Memory.RngC, before);
 }
 
 TEST(TimeCourse, StopsWithTheErrorWhereNumbersEnd) {

@@ -102,25 +102,6 @@ TEST(Series, CarriesTheProductOnWhenAIsUsedUp) {
     EXPECT_EQ(ps.UA, 0);
 }
 
-TEST(Series, GoesOnBehindATankWithoutASolutionAndTellsOfTheLastOne) {
-    ProjectState ps = StateOfModel(3);
-    TankSeries series;
-    SizeSeries(series, 3);
-    series.cZulauf[1] = ps.c0;
-    double V = 0, VPunkt = 0;
-    bool bBTooLow = false, bNoSolution = false;
-    series.cZulauf[1][1] = 0; // U of nothing
-    CalcCascade(ps, 1, 3, 3, ps.c0[1], series.cZulauf, series.UKask, V, VPunkt, 2, series.cKask,
-                bBTooLow, bNoSolution);
-    EXPECT_TRUE(bNoSolution);
-    EXPECT_EQ(series.cKask[1], SpeciesArray{});
-    series.cZulauf[2] = ps.c0;
-    CalcCascade(ps, 2, 3, 3, ps.c0[1], series.cZulauf, series.UKask, V, VPunkt, 2, series.cKask,
-                bBTooLow, bNoSolution);
-    EXPECT_FALSE(bNoSolution);
-    EXPECT_GT(series.UKask[2], 0);
-}
-
 TEST(SeriesDiagrams, ShowTheStaircaseOfTheTanks) {
     for (int N = 2; N <= kMostTanks; ++N) {
         ProjectState ps = StateOfModel(6);

@@ -58,19 +58,6 @@ TEST(TracerExperiment, NoTracerIsLostOrMadeInAnyStep) {
     }
 }
 
-TEST(TracerExperiment, OutletFollowsTheDistributionOfAsManyTanks) {
-    for (const int N : {1, 2, 6}) {
-        const Experiment run = PlayTracer(N);
-        for (const int m : {100, 250, 500}) {
-            if (m > run.row.m)
-                continue;
-            bool err = false;
-            const double E = EtKessel(m, N, 100.0 * N, err);
-            EXPECT_NEAR(run.record[static_cast<std::size_t>(m)], 100 * E, 0.012 * N) << N;
-        }
-    }
-}
-
 TEST(TracerExperiment, RefusesARowWithoutTanks) {
     Experiment run;
     SizeTracer(run.row, -3);

@@ -106,30 +106,6 @@ TEST(BloodAlcohol, ADrinkAfterSoberingUpRisesFromZeroAtItsOwnTime) {
         EXPECT_NEAR(Bac(ps, 300 + t), Bac(fresh, t), 2e-6) << t;
 }
 
-TEST(BloodAlcohol, RowsWithoutMassOrTimeTakeNoPart) {
-    ProjectState ps = StandardMan();
-    AddDrink(ps, 1, 500, 5, 0);
-    FuBacCurve(ps, 600);
-    const auto alone = ps.BacTable;
-    AddDrink(ps, 2, 500, 40, -1);
-    AddDrink(ps, 3, 0, 40, 200);
-    ps.DrinkTime[3] = 200;
-    AddDrink(ps, 4, 500, 0, 250);
-    AddDrink(ps, 5, 500, 5, 700); // behind the end of the axis
-    FuBacCurve(ps, 600);
-    EXPECT_EQ(ps.BacTable, alone);
-}
-
-TEST(BloodAlcohol, ADrinkBeyondMinute999LeavesTheTableUncorrected) {
-    ProjectState ps = StandardMan();
-    AddDrink(ps, 1, 500, 5, 0);
-    AddDrink(ps, 2, 500, 5, 1000);
-    FuBacCurve(ps, 600);
-    for (const int t : {100, 200, 600})
-        EXPECT_EQ(Bac(ps, t), Uncorrected(ps, t));
-    EXPECT_LT(Bac(ps, 600), 0);
-}
-
 TEST(BloodAlcohol, MassIsTheProductItselfAndNeverARoundedText) {
     ProjectState ps = StandardMan();
     AddDrink(ps, 2, 33, 4.9, 0);
