@@ -142,12 +142,6 @@ TEST(MarquardtNash, GoesOnAlongABoundThatAStepHasMet) {
     EXPECT_NEAR(fitted.param[2], two.param[2], 1E-8);
 }
 
-TEST(MarquardtNash, EvaluatesEachVectorOnce) {
-    Scripted line = StraightLine();
-    const Fitted fitted = Minimise(line, 2, {0, 1, 1});
-    EXPECT_EQ(line.evaluations, fitted.run.ifn + 2 * fitted.run.ig);
-}
-
 TEST(MarquardtNash, StopsAtItsLimitsAndMarksTheDeviations) {
     // A residual that always falls: each step is accepted, none converges.
     Scripted falling(2, [](int, const FitVector& b) { return 1 / b[1]; });

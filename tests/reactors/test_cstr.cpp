@@ -211,36 +211,5 @@ TEST(StirredTank, SaysWhatIsMissing) {
     EXPECT_EQ(RunTank(ps, 0, {.U = 0.5, .V = 1}).messages.size(), 1U);
 }
 
-TEST(StirredTank, LeavesTheKeptApartConstantOfModel19InTheState) {
-    ProjectState ps = StateOfModel(19);
-    ps.k = {0, 0.2, 0.2, 0};
-    EXPECT_FALSE(RunTank(ps, 3, {.V = 1, .t = 4}).bNoSolution);
-    EXPECT_EQ(ps.k[2], 0.2 * 1.0000000001);
-}
-
-TEST(StirredTankCurve, HoldsThePointsOfSingleTanksAndTheirRange) {
-    for (const int model : AllModels()) {
-        ProjectState ps = StateOfModel(model);
-        ps.tVerweil = 9;
-        ASSERT_TRUE(CalcTankCurve(ps));
-        EXPECT_EQ(ps.NPoints, 200);
-        EXPECT_EQ(ps.tVerweil, 9);
-        EXPECT_NEAR(ps.VPunkt, 1, 1e-15);
-        EXPECT_EQ(ps.tSim[0], 1e-6);
-        const Tank tank = RunTank(ps, 3, {.V = 1, .t = ps.tSim[100]});
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            EXPECT_EQ(cSim(ps, slot)[100], tank.c[static_cast<std::size_t>(slot)]) << model;
-        EXPECT_EQ(ps.Memory.RngT, (Range{0, 18}));
-        EXPECT_GT(ps.Memory.RngC.upper, ps.c0[1]);
-        EXPECT_LT(ps.Memory.RngC.lower, 0);
-        ps.ScaleOneSpecies = true;
-        ps.ScaleSpecies = 1;
-        ASSERT_TRUE(CalcTankCurve(ps));
-        EXPECT_NEAR(ps.Memory.RngC.upper, ps.c0[1], 0.03 * ps.c0[1]) << model;
-    }
-    ProjectState ps = StateOfModel(2);
-    EXPECT_FALSE(CalcTankCurve(ps));
-}
-
 } // namespace
 } // namespace zorvant

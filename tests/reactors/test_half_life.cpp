@@ -122,21 +122,5 @@ TEST(HalfLives, SayWhyThereIsNone) {
     }
 }
 
-TEST(HalfLives, AreShownForTheDiagramOfTheState) {
-    const ScriptedHost host;
-    ProjectState ps;
-    ps.DiagramKind = 58;
-    EXPECT_EQ(FuHalbwertszeitA(ps, 1, 0, 0, 0.1, 0.5), -1);
-    ASSERT_EQ(host.boxes.size(), 1U);
-    EXPECT_EQ(host.boxes[0].title, "Execution not possible");
-    ps.DiagramKind = 17;
-    EXPECT_EQ(FuHalbwertszeitB(ps, 1, 1, 0, 1, 0), -1);
-    ASSERT_EQ(host.boxes.size(), 2U);
-    EXPECT_EQ(host.boxes[1].title, "Message from Function FuHalbwertszeitB");
-    ps.DiagramKind = 2;
-    EXPECT_EQ(FuHalbwertszeitB(ps, 1, 1, 0, 1, 0), 0);
-    EXPECT_EQ(host.beeps, 1);
-}
-
 } // namespace
 } // namespace zorvant
