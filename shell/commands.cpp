@@ -262,7 +262,7 @@ MDIZOR::MDIZOR(Workspace& state) : Form(name::kMainWindow, kTitle), ps(state) {
     WireRecovery(*this);
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
-    onRefresh = [this] { lblStatus.text = StatusLine(ps) + UnsafeNote(*this); };
+    onRefresh = [this] { lblStatus.text = StatusLine(ps) + savedNote + UnsafeNote(*this); };
     Declare();
 }
 

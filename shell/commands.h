@@ -35,6 +35,7 @@ struct MDIZOR : Form {
 
     std::string protocolDate; ///< YYMMDD for the name of the protocol file; empty: today
     bool exiting = false;
+    std::string savedNote; ///< for the status line: what the last command saved, and when
 };
 
 /// Commands whose dialog is not in the table of forms, or that nothing carries out, can't be used

@@ -5,6 +5,7 @@
 #include "data/project_file.h"
 #include "dialogs/common/calc_dialog.h"
 #include "dialogs/common/names.h"
+#include "dialogs/common/time_unit_change.h"
 #include "dialogs/data/frm_datedit.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -12,6 +13,7 @@
 #include "shell/project_status.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace zorvant {
 namespace {
@@ -25,6 +27,18 @@ void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent ex
         ReplaceTable(*editor, name, extent, timeUnit, replace);
     else
         replace();
+}
+
+/// Beside the program, in the tree of an installation or of the sources; without one the program's
+/// own folder.
+std::string ExamplesFolder(const std::string& programFolder) {
+    for (const char* place : {"examples", "../examples", "../share/zorvant/examples"}) {
+        std::error_code error;
+        const auto folder = std::filesystem::canonical(JoinPath(programFolder, place), error);
+        if (!error && std::filesystem::is_directory(folder, error))
+            return JoinPath(folder.string(), "");
+    }
+    return programFolder;
 }
 
 } // namespace
@@ -59,6 +73,11 @@ void OpenProject(MDIZOR& form, const std::string& path) {
 
 void mnuLoadLastSession_Click(MDIZOR& form) {
     Unload(form, name::kBloodAlcohol);
+    if (!FileExists(form.ps.LastSessionFile)) {
+        ShowMessage("There is no last session yet.\r\nIt is saved when the program ends.",
+                    "Load last session", Icon::Information);
+        return;
+    }
     const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
@@ -70,18 +89,37 @@ void mnuLoadLastSession_Click(MDIZOR& form) {
 
 void mnuLoadProject_Click(MDIZOR& form) {
     Unload(form, name::kBloodAlcohol);
+    Workspace& ps = form.ps;
+    const std::string before = ps.ProjectDir;
+    if (ps.ProjectFile.empty() && before == ps.ProgramDir)
+        ps.ProjectDir = ExamplesFolder(ps.ProgramDir);
     const std::string unitBefore = form.ps.TimeUnitText;
     std::string path, dataFile;
     bool ok = false, cancelled = false;
-    FuLoadProjectDialog(form.ps, path, dataFile, ok, cancelled);
-    if (cancelled || !ok)
+    FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
+    if (cancelled || !ok) {
+        ps.ProjectDir = before;
         return;
+    }
     TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
 }
 
 void mnuSaveProject_Click(MDIZOR& form) {
     Unload(form, name::kBloodAlcohol);
     FuSaveProjectDialog(form.ps, OpenCalculation(form.ps));
+}
+
+void SaveUnderKnownName(MDIZOR& form) {
+    Workspace& ps = form.ps;
+    if (ps.ProjectFile.empty()) {
+        mnuSaveProject_Click(form);
+        return;
+    }
+    Unload(form, name::kBloodAlcohol);
+    const auto question = std::exchange(commentQuestion(), [](ProjectState&) {});
+    if (FuSaveProjectFile(ps, ps.ProjectFile, OpenCalculation(ps)))
+        form.savedNote = "     saved: " + FileName(ps.ProjectFile) + ", " + host().dateAndTime();
+    commentQuestion() = question;
 }
 
 void mnuNeudat_Click(MDIZOR& form) {
@@ -91,7 +129,7 @@ void mnuNeudat_Click(MDIZOR& form) {
         Lines({"New data input is expected;", "an existing set of data will be deleted.", "",
                "Would you like that?"});
     if (ps.ExpPointCount > 0 &&
-        Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
+        Ask(question, "WARNING", Icon::Warning, Buttons::YesNo, Answer::No) == Answer::No)
         return;
     ReplaceData(form, "new data", ExpTableState::Extent::File, ps.TimeUnitText, [&] {
         FuClearExpData(ps);
@@ -143,6 +181,7 @@ void mnuExit_Click(MDIZOR& form) {
         std::string file;
         AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
     }
+    Unload(form, name::kBloodAlcohol); // its own model is none that a session can keep
     form.tmrRecovery.interval = 0;
     RecoveryKeeper& data = form.recoveries.front();
     cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data

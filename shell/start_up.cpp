@@ -8,6 +8,8 @@
 #include "shell/command_steps.h"
 #include "shell/project_commands.h"
 #include "shell/protocol_name.h"
+#include "shell/user_folder.h"
+#include "simulations/blood_alcohol.h"
 
 namespace zorvant {
 namespace {
@@ -32,6 +34,8 @@ void KeepUnsavedWork(MDIZOR& form) {
 void MDIZOR_Load(MDIZOR& form) {
     ProjectState& ps = form.ps;
     InitProjectState(ps);
+    ConnectBloodAlcohol(ps);
+    ps.LastSessionFile = JoinPath(SessionFolder(ps.ProgramDir), FileName(ps.LastSessionFile));
     for (const int index : {8, 16})
         form.Tool(index).enabled = false;
     form.Entry("mnuEditDat").enabled = false;
