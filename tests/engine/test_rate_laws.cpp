@@ -59,8 +59,7 @@ TEST(RateLaws, CoursesSideBySideHaveTheDigitsOfEach) {
                 for (const double ratio : {1 + 1e-7, 3.0, 300.0})
                     for (const double c : {1.1, -1e-4}) {
                         const std::array<Pair, 4> k{
-                            {{}, {scale, ratio * scale}, {0.4, 0.5}, {0.2, 0.2 * ratio}}
-                        };
+                            {{}, {scale, ratio * scale}, {0.4, 0.5}, {0.2, 0.2 * ratio}}};
                         WithNumericModel(
                             model, k, KindOfPower(n), Pair{n, n}, [&]<class Law>(const Law& law) {
                                 StatesOf<Law> y;

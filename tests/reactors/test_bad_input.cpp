@@ -67,10 +67,7 @@ Outcome OfCurve(const ProjectState& ps, bool drawn) {
 }
 
 Outcome OfSearch(const ProjectState& ps, const TimeSearch& search) {
-    Outcome outcome{
-        search.err, {search.t,   ps.tVerweil},
-         {          }
-    };
+    Outcome outcome{search.err, {search.t, ps.tVerweil}, {}};
     Append(outcome.left, ps.cEnd);
     return outcome;
 }
@@ -99,18 +96,18 @@ const std::vector<NamedFunction>& Functions() {
              CalcBatchKessel(ps, ps.ModelId, ps.tVerweil, ps.cEnd, outcome.failed, messages);
              Append(outcome.left, ps.cEnd);
              return outcome;
-         }                                                                                        },
-        {"SearchBatchTime",  [](ProjectState& ps) { return OfSearch(ps, SearchBatchTime(ps)); }   },
-        {"SearchTubeTime",   [](ProjectState& ps) { return OfSearch(ps, SearchTubeTime(ps)); }    },
-        {"tank, mode 0",     [](ProjectState& ps) { return OfTank(ps, 0); }                       },
-        {"tank, mode 1",     [](ProjectState& ps) { return OfTank(ps, 1); }                       },
-        {"tank, mode 2",     [](ProjectState& ps) { return OfTank(ps, 2); }                       },
-        {"tank, mode 3",     [](ProjectState& ps) { return OfTank(ps, 3); }                       },
-        {"tank, mode 4",     [](ProjectState& ps) { return OfTank(ps, 4); }                       },
-        {"series, mode 2",   [](ProjectState& ps) { return OfSeries(ps, 2); }                     },
-        {"series, mode 3",   [](ProjectState& ps) { return OfSeries(ps, 3); }                     },
-        {"series, mode 4",   [](ProjectState& ps) { return OfSeries(ps, 4); }                     },
-        {"CalcTankCurve",    [](ProjectState& ps) { return OfCurve(ps, CalcTankCurve(ps)); }      },
+         }},
+        {"SearchBatchTime", [](ProjectState& ps) { return OfSearch(ps, SearchBatchTime(ps)); }},
+        {"SearchTubeTime", [](ProjectState& ps) { return OfSearch(ps, SearchTubeTime(ps)); }},
+        {"tank, mode 0", [](ProjectState& ps) { return OfTank(ps, 0); }},
+        {"tank, mode 1", [](ProjectState& ps) { return OfTank(ps, 1); }},
+        {"tank, mode 2", [](ProjectState& ps) { return OfTank(ps, 2); }},
+        {"tank, mode 3", [](ProjectState& ps) { return OfTank(ps, 3); }},
+        {"tank, mode 4", [](ProjectState& ps) { return OfTank(ps, 4); }},
+        {"series, mode 2", [](ProjectState& ps) { return OfSeries(ps, 2); }},
+        {"series, mode 3", [](ProjectState& ps) { return OfSeries(ps, 3); }},
+        {"series, mode 4", [](ProjectState& ps) { return OfSeries(ps, 4); }},
+        {"CalcTankCurve", [](ProjectState& ps) { return OfCurve(ps, CalcTankCurve(ps)); }},
         {"CascadeTimeCurve", [](ProjectState& ps) { return OfCurve(ps, CascadeTimeCurve(ps, 3)); }},
         {"CascadeStaircase",
          [](ProjectState& ps) {
@@ -119,7 +116,7 @@ const std::vector<NamedFunction>& Functions() {
              double V = 1;
              RunCascade(ps, series, 3, V);
              return OfCurve(ps, CascadeStaircase(ps, series));
-         }                                                                                        },
+         }},
     };
     return functions;
 }

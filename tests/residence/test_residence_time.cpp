@@ -39,16 +39,16 @@ TEST(ResidenceTime, AgreesWithFiftyDigitArithmetic) {
         int N;
         double theta, ETheta, F;
     } const table[]{
-  // mpmath, 50 digits: N y^(N-1) exp(-y)/(N-1)! and the regularised incomplete gamma function
-        {1,   0.5,   0.60653065971263342,     0.39346934028736658   },
-        {2,   0.001, 0.0039920079946693323,   1.997335332267111e-6  },
-        {6,   1,     0.96373884628788015,     0.55432035863538876   },
-        {30,  0.25,  4.468383696883031e-8,    4.8971144557858469e-10},
-        {30,  1.75,  0.0041185271509172335,   0.99970653420321384   },
-        {120, 0.5,   7.504098505297538e-10,   6.1554832193919505e-12},
-        {120, 1,     4.3671599261626064,      0.51213997854948846   },
-        {120, 1.5,   3.4465930631242018e-5,   0.99999917667324026   },
-        {120, 6,     4.6079605238663114e-168, 1                     },
+        // mpmath, 50 digits: N y^(N-1) exp(-y)/(N-1)! and the regularised incomplete gamma function
+        {1, 0.5, 0.60653065971263342, 0.39346934028736658},
+        {2, 0.001, 0.0039920079946693323, 1.997335332267111e-6},
+        {6, 1, 0.96373884628788015, 0.55432035863538876},
+        {30, 0.25, 4.468383696883031e-8, 4.8971144557858469e-10},
+        {30, 1.75, 0.0041185271509172335, 0.99970653420321384},
+        {120, 0.5, 7.504098505297538e-10, 6.1554832193919505e-12},
+        {120, 1, 4.3671599261626064, 0.51213997854948846},
+        {120, 1.5, 3.4465930631242018e-5, 0.99999917667324026},
+        {120, 6, 4.6079605238663114e-168, 1},
     };
     for (const auto& row : table) {
         const double tm = 12.5;
@@ -114,20 +114,9 @@ TEST(ResidenceTime, WhatHasNoValueSetsTheFlagAndGivesZero) {
         double t;
         int N;
         double tm;
-    } const table[]{
-        {1,         1,  0        },
-        {1,         1,  -3       },
-        {1,         1,  kNaN     },
-        {1,         1,  kInfinity},
-        {kNaN,      1,  1        },
-        {kInfinity, 2,  1        },
-        {1,         0,  1        },
-        {1,         -4, 1        },
-        {1,         0,  0        },
-        {1e300,     1,  1e-30    },
-        {1,         2,  1e-300   },
-        {1e10,      1,  1e-305   }
-    };
+    } const table[]{{1, 1, 0},    {1, 1, -3},        {1, 1, kNaN},   {1, 1, kInfinity},
+                    {kNaN, 1, 1}, {kInfinity, 2, 1}, {1, 0, 1},      {1, -4, 1},
+                    {1, 0, 0},    {1e300, 1, 1e-30}, {1, 2, 1e-300}, {1e10, 1, 1e-305}};
     for (const auto& row : table)
         for (const auto function : {EtKessel, EThetaKessel, FtKessel, FThetaKessel}) {
             bool err = false;
@@ -149,19 +138,9 @@ TEST(ResidenceDialogData, NumberOfTanksIsBetween1And120) {
         const char* text;
         int N;
         bool accepted;
-    } const table[]{
-        {"",      1,   true },
-        {" 7",    7,   true },
-        {"120",   120, true },
-        {"119.6", 120, true },
-        {"2.5",   2,   true },
-        {"0",     1,   false},
-        {"-2",    1,   false},
-        {"120.4", 1,   false},
-        {"0.4",   1,   false},
-        {"1e99",  1,   false},
-        {"abc",   1,   false}
-    };
+    } const table[]{{"", 1, true},     {" 7", 7, true},    {"120", 120, true}, {"119.6", 120, true},
+                    {"2.5", 2, true},  {"0", 1, false},    {"-2", 1, false},   {"120.4", 1, false},
+                    {"0.4", 1, false}, {"1e99", 1, false}, {"abc", 1, false}};
     for (const auto& row : table) {
         const TankNumber read = ReadNVerweil(row.text);
         EXPECT_EQ(read.N, row.N) << row.text;

@@ -50,11 +50,7 @@ struct Choice {
     int equilibrium;
 };
 constexpr Choice kAllRules[]{
-    {kFirstOrderGame,  0},
-    {kEquilibriumGame, 0},
-    {kEquilibriumGame, 1},
-    {kEquilibriumGame, 2}
-};
+    {kFirstOrderGame, 0}, {kEquilibriumGame, 0}, {kEquilibriumGame, 1}, {kEquilibriumGame, 2}};
 
 TEST(RandomGenerator, GivesThePublishedSequence) {
     // The authors' C code with the state 1, 2, 3, 4.
