@@ -8,7 +8,6 @@
 namespace zorvant {
 namespace {
 
-constexpr int kEnzyme = 10;
 constexpr int kSlotP = 4, kSlotQ = 5;
 constexpr int kLastColumn = 5;
 constexpr std::size_t kColumnWidth = 14; ///< characters
@@ -18,7 +17,7 @@ constexpr const char* kTimePicture = "#####0.00";
 using Cells = std::array<std::string, kLastColumn + 1>; ///< columns 1..5
 
 bool ShowsMichaelisMenten(const ProjectState& ps) {
-    return ps.ModelId == kEnzyme && ps.MMDiagram;
+    return IsEnzymeModel(ps.ModelId) && ps.MMDiagram;
 }
 
 void AppendLine(std::string& table, const Cells& cells) {

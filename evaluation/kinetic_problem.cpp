@@ -225,8 +225,7 @@ public:
             return;
         announced_ = {first, second};
         const std::array<Pair, 4> k{
-            {{}, {first[1], second[1]}, {first[2], second[2]}, {first[3], second[3]}}
-        };
+            {{}, {first[1], second[1]}, {first[2], second[2]}, {first[3], second[3]}}};
         WithNumericModel(model_, k, kind, Pair{n1, n2},
                          [&](const auto& law) { knownLanes_ = MarchSideBySide(law); });
     }

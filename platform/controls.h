@@ -274,6 +274,7 @@ struct MenuRow {
     const char* control;
     const char* caption;
     int helpTopic = 0;
+    const char* shortcut = ""; ///< "Ctrl+O"
 };
 
 struct PictureContents {

@@ -3,8 +3,8 @@
 #include "dialogs/common/names.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
-#include "platform/paths.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "shell/command_steps.h"
 #include "shell/project_commands.h"
 #include "shell/project_status.h"
@@ -262,7 +262,7 @@ MDIZOR::MDIZOR(Workspace& state) : Form(name::kMainWindow, kTitle), ps(state) {
     WireRecovery(*this);
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
-    onRefresh = [this] { lblStatus.text = StatusLine(ps) + UnsafeNote(*this); };
+    onRefresh = [this] { lblStatus.text = StatusLine(ps) + savedNote + UnsafeNote(*this); };
     Declare();
 }
 

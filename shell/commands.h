@@ -34,6 +34,7 @@ struct MDIZOR : Form {
     Button& Tool(int index);
 
     bool exiting = false;
+    std::string savedNote; ///< for the status line: what the last command saved, and when
 };
 
 /// Commands whose dialog is not in the table of forms, or that nothing carries out, can't be used

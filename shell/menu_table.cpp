@@ -11,7 +11,7 @@ namespace {
 constexpr MenuRow kMenu[] = {
     {1, "mnuDaten", "&Data", 10070},
     {2, "mnuLoadLastSession", "Load last session"},
-    {2, "mnuLoadProject", "Load existing project"},
+    {2, "mnuLoadProject", "Load existing project", 0, "Ctrl+O"},
     {2, "mnuSaveProject", "Save actual project as ..."},
     {2, "mnuStatus", "Info Project State"},
     {2, "sep10", "-"},
@@ -21,7 +21,7 @@ constexpr MenuRow kMenu[] = {
     {2, "sep6", "-"},
     {2, "mnuEditXY", "Editor XY-Data "},
     {2, "sep7", "-"},
-    {2, "mnuExit", "Exit", 10110},
+    {2, "mnuExit", "Exit", 10110, "Ctrl+Q"},
     {1, "mnuModel", "Kinetic model", 10240},
     {1, "mnuAuswertung", "Evaluation of Exper./Fitting"},
     {2, "mnuExpctAuswertung", "c-t data            (isothermal)"},

@@ -10,6 +10,9 @@ namespace zorvant {
 void mnuLoadLastSession_Click(MDIZOR& form);
 void mnuLoadProject_Click(MDIZOR& form);
 void mnuSaveProject_Click(MDIZOR& form);
+/// Saves the project under the name that it has, without a question; one without a name as
+/// mnuSaveProject_Click does.
+void SaveUnderKnownName(MDIZOR& form);
 void mnuNeudat_Click(MDIZOR& form);
 void mnuEditDat_Click(MDIZOR& form);
 /// Saves what has to be saved, writes the last session and ends the program; also run when the

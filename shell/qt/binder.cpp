@@ -1,6 +1,7 @@
 #include "shell/qt/binder.h"
 
 #include "platform/host.h"
+#include "shell/qt/layout_properties.h"
 #include "shell/qt/qt_text.h"
 #include "shell/qt/widget_looks.h"
 
@@ -177,11 +178,7 @@ void Binder::PushFocus() {
 }
 
 void Binder::LinkWidget(Control& control, QWidget& widget, const Option* option) {
-    if (!widget.property("collapses").toBool()) {
-        QSizePolicy policy = widget.sizePolicy();
-        policy.setRetainSizeWhenHidden(true); // else showing a control later squeezes the others
-        widget.setSizePolicy(policy);
-    }
+    ApplyLayoutProperties(widget);
     known_.insert(&widget);
     links_.push_back({&control, option, &widget, std::nullopt});
 }

@@ -16,7 +16,7 @@
 //   ComboBox      QComboBox                      Picture      any; QLabel where it has a file
 //   ListBox       QListWidget
 //
-// A hidden control keeps its room, unless its widget has the dynamic property "collapses".
+// A hidden control keeps its room, unless its layout says otherwise (layout_properties.h).
 #pragma once
 
 #include "platform/controls.h"

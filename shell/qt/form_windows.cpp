@@ -110,22 +110,32 @@ void FormWindows::Show(Form& form) {
     const Control* const focus = form.setFocus;
     {
         const Flag arranging(arranging_);
+        if (active_ != &form && active_ != nullptr)
+            entry->opener = active_;
         if (!entry->frame)
             OpenWindow(*entry);
         else if (std::exchange(entry->waiting, false))
             PlaceWindow(*entry);
-        if (!form.modal) {
-            auto* const window = static_cast<QMdiSubWindow*>(entry->frame.data());
-            window->show();
-            entry->root->show();
-            area_.setActiveSubWindow(window);
-            active_ = &form;
-        }
+        if (!form.modal)
+            BringForward(*entry);
     }
     form.setFocus = focus; // coming to the front has given it to the first field
     Binder::PushAll();
     if (form.modal)
         RunModal(*entry);
+}
+
+void FormWindows::BringForward(Entry& entry) {
+    auto* const window = static_cast<QMdiSubWindow*>(entry.frame.data());
+    if (std::exchange(entry.wasMaximized, false))
+        window->showMaximized();
+    else if (window->isMinimized())
+        window->showNormal();
+    else
+        window->show();
+    entry.root->show();
+    area_.setActiveSubWindow(window);
+    active_ = entry.form;
 }
 
 void FormWindows::Hide(Form& form) {
@@ -145,18 +155,10 @@ void FormWindows::Close(Form& form) {
         return;
     const Flag arranging(arranging_);
     QWidget* const frame = entry->frame;
-    if (!form.modal && !frame->isHidden() && frame->pos() != entry->opened) {
-        form.left = frame->x() * kTwipsPerPixel;
-        form.top = frame->y() * kTwipsPerPixel;
-        entry->placement = WindowPlacement::Stored; // the user has chosen
-    }
+    KeepPlace(*entry);
     if (active_ == &form)
         active_ = nullptr;
-    // When the command is over and has opened nothing, the window that came to light is in front.
-    QTimer::singleShot(0, &context_, [this] {
-        if (ActiveForm() == nullptr)
-            ActivatedByUser(area_.activeSubWindow());
-    });
+    QTimer::singleShot(0, &context_, [this, opener = entry->opener] { ActivateNext(opener); });
     if (entry->life == WindowLife::Kept) {
         frame->hide();
         entry->waiting = true;
@@ -174,6 +176,47 @@ void FormWindows::Close(Form& form) {
         dialog->done(QDialog::Rejected);
     }
     frame->deleteLater(); // its own event may be under way
+}
+
+/// What a closing window's next opening needs. One that fills the area or is an icon becomes an
+/// ordinary one first: hidden so it would come back without its title.
+void FormWindows::KeepPlace(Entry& entry) {
+    QWidget& frame = *entry.frame;
+    Form& form = *entry.form;
+    if (form.modal) {
+        if (frame.pos() != entry.opened)
+            entry.chosen = frame.pos();
+        return;
+    }
+    entry.wasMaximized = entry.life == WindowLife::Kept && frame.isMaximized();
+    if (frame.isMaximized() || frame.isMinimized())
+        frame.showNormal();
+    if (frame.isHidden() || frame.pos() == entry.opened)
+        return;
+    form.left = frame.x() * kTwipsPerPixel;
+    form.top = frame.y() * kTwipsPerPixel;
+    entry.placement = WindowPlacement::Stored; // the user has chosen
+}
+
+/// When a command that closed a window is over and has opened none, the window from which that one
+/// was opened is in front, else the one that was used last.
+void FormWindows::ActivateNext(Form* wanted) {
+    if (ActiveForm() != nullptr)
+        return;
+    const auto canBe = [this](const Form* form) {
+        const Entry* const entry = form == nullptr ? nullptr : Find(*form);
+        return entry != nullptr && form->loaded && !form->hidden && !form->modal && entry->frame &&
+               entry->frame->isVisible();
+    };
+    if (!canBe(wanted)) {
+        const auto last = std::find_if(desktop_.order.rbegin(), desktop_.order.rend(), canBe);
+        wanted = last == desktop_.order.rend() ? nullptr : *last;
+    }
+    if (wanted == nullptr)
+        return;
+    auto* const window = static_cast<QMdiSubWindow*>(Find(*wanted)->frame.data());
+    area_.setActiveSubWindow(window);
+    ActivatedByUser(window);
 }
 
 void FormWindows::OpenWindow(Entry& entry) {
@@ -215,6 +258,8 @@ void FormWindows::FrameDialog(Entry& entry) {
     };
     scroll->onNeededSize();
     dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
+    if (entry.chosen)
+        dialog->move(*entry.chosen);
 }
 
 void FormWindows::FrameSubWindow(Entry& entry) {
@@ -228,20 +273,39 @@ void FormWindows::FrameSubWindow(Entry& entry) {
     window->setWindowTitle(entry.root->windowTitle());
     window->setWindowIcon(QApplication::windowIcon());
     area_.addSubWindow(window);
+    for (QAction* action : window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>()); // the menu of windows has the same keys
     entry.frame = window;
     entry.asked = {0, 0};
 
     MeasureAnew(*entry.root);
-    const QSize border = window->sizeHint() - scroll->sizeHint();
     // A closed window may live on for a moment, longer than this object at the very end.
-    scroll->onNeededSize = [area = QPointer(&area_), window, scroll, border] {
-        if (!area)
-            return;
-        const QSize most = area->viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
-        window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
+    scroll->onNeededSize = [this, area = QPointer(&area_), &entry, window] {
+        if (area && entry.frame == window)
+            KeepWhole(entry);
     };
-    scroll->onNeededSize();
+    KeepWhole(entry);
     window->onMoved = [this, &entry] { NotePlace(entry); };
+}
+
+/// The contents want another size: the window is never smaller than they need, as far as the work
+/// area has room. One that still has the size that the program gave it takes the new one, larger or
+/// smaller, and stays inside the work area.
+void FormWindows::KeepWhole(Entry& entry) {
+    auto* const window = static_cast<QMdiSubWindow*>(entry.frame.data());
+    const auto* const scroll = static_cast<FormScroll*>(window->widget());
+    const QSize border = window->sizeHint() - scroll->sizeHint();
+    const QSize room = area_.viewport()->size();
+    const QSize needed = scroll->NeededSize() + border;
+    window->setMinimumSize(needed.boundedTo(room.expandedTo({kLeastWidth, kLeastHeight})));
+    const bool ordinary = window->isVisible() && !window->isMaximized() && !window->isMinimized();
+    if (!ordinary || window->size() != entry.fitted || entry.form->width > 0)
+        return;
+    const Flag arranging(arranging_);
+    entry.fitted = (scroll->sizeHint() + border).boundedTo(room);
+    window->resize(entry.fitted);
+    window->move(std::min(window->x(), std::max(0, room.width() - window->width())),
+                 std::min(window->y(), std::max(0, room.height() - window->height())));
 }
 
 /// Where the user puts a window the form knows at once: its unload event may ask.
@@ -267,6 +331,7 @@ void FormWindows::PlaceWindow(Entry& entry) {
     entry.asked = {form.width, form.height};
     size = size.boundedTo(area_.viewport()->size());
     window->resize(size);
+    entry.fitted = size;
     window->move(PlaceFor(entry, size));
     entry.opened = window->pos();
 }
@@ -276,6 +341,9 @@ QPoint FormWindows::PlaceFor(const Entry& entry, const QSize& size) const {
     QPoint place(entry.form->left / kTwipsPerPixel, entry.form->top / kTwipsPerPixel);
     if (entry.placement == WindowPlacement::RightEdge)
         place.setX(room.width() - size.width());
+    if (const Entry* const opener = entry.opener == nullptr ? nullptr : Find(*entry.opener);
+        entry.placement == WindowPlacement::BesideOpener && opener != nullptr && opener->frame)
+        place = opener->frame->geometry().topRight() + QPoint(1, 0);
     if (entry.placement == WindowPlacement::BesideOthers)
         for (const auto& other : entries_)
             if (other.get() != &entry && other->frame && other->frame->isVisible() &&
@@ -307,6 +375,7 @@ void FormWindows::FollowSize(Entry& entry) {
 void FormWindows::RunModal(Entry& entry) {
     auto* const dialog = static_cast<QDialog*>(entry.frame.data());
     const QPointer<QDialog> alive(dialog);
+    QTimer::singleShot(0, dialog, [&entry, dialog] { entry.opened = dialog->pos(); });
     dialog->exec();
     if (alive)
         dialog->hide();

@@ -106,74 +106,48 @@ TEST(EvaluationChecks, SayWhatIsMissingAndWhetherTheEditorHelps) {
         Check check;
         Spoil spoil;
         bool asks;
-        const char* start; ///< of the last message
-        const char* end;
+        const char* part; ///< of the message
     };
-    const char* kToEditor = "\r\n\r\nNow to the data editor?";
+    const Spoil noC0 = [](ProjectState& ps) { ps.c0Data[1] = 0; };
     const Case cases[] = {
-        {CheckAnyData, [](ProjectState& ps) { ps.ExpPointCount = 0; }, true,
-         "no experimental data available\r\nEnter", "to Data entry NEW?"},
+        {CheckAnyData, [](ProjectState& ps) { ps.ExpPointCount = 0; }, true, "to Data entry NEW?"},
         {Ct(4), [](ProjectState& ps) { ps.nExcluded = 2; }, true,
          "There must be at least 4(active) experimental c-t data sets\r\nAdd the data in the Data "
-         "Editor\r\nor remove the deactivation of data points.\r\n",
-         kToEditor},
-        {Ct(1), [](ProjectState& ps) { ps.nCtPoints = 1; }, true,
-         "There must be at least 2(active) experimental c-t data sets\r\nAdd",
-         "Editor\r\n\r\n\r\nNow to the data editor?"},
-        {Ct(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false, "no initial", "c(A,0) found"},
-        {Ct(3), [](ProjectState& ps) { ps.c0Data[2] = 9E-9F; }, false,
-         "Both initial concentrations", "are required."},
-        {Michaelis(0), [](ProjectState& ps) { ps.RcSMode = false; }, false,
-         "This evaluation method", "r(P)-c(S) data is loaded"},
+         "Editor\r\nor remove the deactivation of data points.\r\n\r\n\r\nNow to the"},
+        {Ct(1), [](ProjectState& ps) { ps.nCtPoints = 1; }, true, "at least 2(active)"},
+        {Ct(2), noC0, false, "no initial concentration c(A,0) found"},
+        {Ct(3), [](ProjectState& ps) { ps.c0Data[2] = 9E-9F; }, false, "Both initial"},
+        {Michaelis(0), [](ProjectState& ps) { ps.RcSMode = false; }, false, "is only useful if"},
         {Michaelis(0), [](ProjectState& ps) { ps.nExcluded = 4; }, true,
-         "At least two (active) r(P)-c(S) couples are required! \r\nComplete",
-         "or remove the deactivation of data sets.\r\n\r\n\r\nNow to the data editor?"},
-        {Lambda(1),
-         [](ProjectState& ps) {
-             ps.HasLambdaData = false;
-             ps.SumLambda = 0;
-         },
-         true, "no lambda data found!\r\nComplete", kToEditor},
-        {Lambda(2), [](ProjectState& ps) { ps.HasLambdaData = false; }, true,
-         "not enough (active) experimental data!\r\n", kToEditor},
-        {Lambda(2), [](ProjectState& ps) { ps.ExpPointCount = 1; }, false,
-         "No (or not enough) experimental lambda-t data\r\nEntry data", "NEW)"},
-        {Lambda(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false,
-         "For a lambda evaluation according to 2nd", "[k] = 1/(kPa s)."},
-        {Lambda(3), [](ProjectState& ps) { ps.c0Data[1] = 2; }, false, "At the moment only",
-         "c(A,0) = c(B,0) is supported."},
-        {Lambda(1), [](ProjectState& ps) { ps.LambdaInf = 9E-9; }, false,
-         "No value lambda(t = infin.)", "was found."},
-        {Kt(1), [](ProjectState& ps) { ps.nkTPoints = 1; }, true, "At least two different",
-         kToEditor},
+         "deactivation of data sets"},
+        {Lambda(1), [](ProjectState& ps) { ps.HasLambdaData = false; }, true,
+         "not enough (active)"},
+        {Lambda(2), [](ProjectState& ps) { ps.ExpPointCount = 1; }, false, "Entry data (=> Editor"},
+        {Lambda(2), noC0, false, "[k] = 1/(kPa s)."},
+        {Lambda(3), [](ProjectState& ps) { ps.c0Data[1] = 2; }, false, "At the moment only"},
+        {Lambda(1), [](ProjectState& ps) { ps.LambdaInf = 9E-9; }, false, "lambda(t = infin.)"},
+        {Kt(1), [](ProjectState& ps) { ps.nkTPoints = 1; }, true, "At least two different"},
         {Kt(1),
          [](ProjectState& ps) {
              for (ExpPoint& row : ps.ExpData)
                  row = ps.ExpData[1];
          },
-         true, "At least two different (active) couples of k - t are required!\r\n\r\nnow",
-         "to the Data Editor?"},
-        {CheckCtFitting, [](ProjectState&) {}, false,
-         "This evaluation method is only useful if concentration-time", "c-t data are loaded."},
-        {CheckOrderFitting, [](ProjectState& ps) { ps.c0Data[1] = 0; }, false,
-         "no initial concentration", "found"},
-        {NonIsothermal(1), [](ProjectState& ps) { ps.HasCtTData = false; }, true,
-         "Not enough experimental T-t-c data!\r\nComplete", kToEditor},
-        {NonIsothermal(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false, "For this case",
-         "has to be given."},
+         true, "now to the Data Editor?"},
+        {CheckCtFitting, [](ProjectState&) {}, false, "Make sure that c-t data are loaded."},
+        {CheckOrderFitting, noC0, false, "no initial concentration"},
+        {NonIsothermal(1), [](ProjectState& ps) { ps.HasCtTData = false; }, true, "T-t-c data!"},
+        {NonIsothermal(2), noC0, false, "has to be given."},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.start);
+        SCOPED_TRACE(c.part);
         ProjectState ps = Complete();
         c.spoil(ps);
         const CommandCheck check = c.check(ps);
         EXPECT_FALSE(check.passed);
         EXPECT_EQ(check.asksForEditor, c.asks);
         ASSERT_EQ(check.messages.size(), 1U);
-        const MessageBox& box = check.messages.back();
-        EXPECT_EQ(box.buttons, c.asks ? Buttons::YesNo : Buttons::Ok);
-        EXPECT_TRUE(box.text.starts_with(c.start)) << box.text;
-        EXPECT_TRUE(box.text.ends_with(c.end)) << box.text;
+        EXPECT_NE(check.messages[0].text.find(c.part), std::string::npos);
+        EXPECT_EQ(check.messages[0].buttons, c.asks ? Buttons::YesNo : Buttons::Ok);
     }
 }
 

@@ -106,6 +106,29 @@ TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
     }
 }
 
+TEST_F(ApplicationTest, TheKeysOfTheMainWindowReachIt) {
+    Application program;
+    Start(program);
+    const auto shown = [&](int index) {
+        return Child<QToolButton>(program.window(),
+                                  QStringLiteral("Toolbar1_%1").arg(index).toUtf8().constData())
+            .isVisible();
+    };
+    EXPECT_TRUE(!shown(2) && shown(14)) << "the icon of the data editor is the fifth";
+    Key(Qt::Key_F10);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(qobject_cast<QMenu*>(QApplication::activePopupWidget())->title(),
+              QStringLiteral("&Data"));
+    Key(Qt::Key_Escape);
+    Key(Qt::Key_Escape);
+    Settle();
+    Key(Qt::Key_W, Qt::ControlModifier);
+    Settle();
+    EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
+    Key(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(quitted);
+}
+
 TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {
     Application program;
     Start(program);

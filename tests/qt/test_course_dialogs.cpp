@@ -116,32 +116,6 @@ TEST_F(CourseDialogs, EveryModelDrawsInBothModesFromItsDefaults) {
     }
 }
 
-TEST_F(CourseDialogs, TheCoordinatePanelRefusesReversedLimitsAndTakesGoodOnes) {
-    Trigger("mnuctGraph");
-    Child<QPushButton>(Widget("frmPrepareTimeDiagram"), "cmdDrawctDiagram").click();
-    Settle();
-    QWidget& graph = Widget("frmZGraph2D");
-    Child<QAction>(graph, "mnuCoord").trigger();
-    Settle();
-    auto& panel = Child<QGroupBox>(graph, "fraCoordInput");
-    ASSERT_TRUE(panel.isVisible());
-    Retype(Child<QLineEdit>(graph, "coord_2"), "-5");
-    Child<QPushButton>(graph, "cmdCoord_OK").click();
-    ASSERT_EQ(boxes.size(), 1U);
-    EXPECT_EQ(boxes[0].text, "Lower limit has to be smaller than upper limit.");
-    EXPECT_TRUE(panel.isVisible());
-    Retype(Child<QLineEdit>(graph, "coord_2"), "40");
-    Child<QPushButton>(graph, "cmdCoord_OK").click();
-    Settle();
-    EXPECT_FALSE(panel.isVisible());
-    EXPECT_EQ(program.state().Frame.xMax, 40);
-    Child<QAction>(graph, "mnuSubDelKurv_1").trigger();
-    EXPECT_EQ(program.state().CurveCount, 1);
-    PressEscape(graph);
-    Settle();
-    EXPECT_FALSE(IsOpen("frmZGraph2D"));
-}
-
 TEST_F(CourseDialogs, TheTableGoesToTheClipboard) {
     Trigger("mnuctGraph");
     Child<QPushButton>(Widget("frmPrepareTimeDiagram"), "cmdListe").click();

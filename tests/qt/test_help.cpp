@@ -75,6 +75,11 @@ TEST(Help, TheSearchFindsPagesThatHoldAllWords) {
     EXPECT_THAT(found, testing::ElementsAre(10242));
     EXPECT_TRUE(viewer.Search(QStringLiteral("zwanzig xylophone")).empty());
     EXPECT_TRUE(viewer.Search(QStringLiteral("  ")).empty());
+    auto& search = Child<QLineEdit>(viewer, "");
+    search.setText(QStringLiteral("kutta"));
+    viewer.ShowTopic(11223); // another question
+    EXPECT_TRUE(search.text().isEmpty());
+    EXPECT_GT(Child<QTreeWidget>(viewer, "").topLevelItemCount(), 1);
 }
 
 } // namespace

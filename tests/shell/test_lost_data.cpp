@@ -131,6 +131,22 @@ TEST_F(LostData, CancelAtTheExitKeepsThemTheOtherAnswersDoNot) {
     }
 }
 
+TEST_F(LostData, AreKeptInTheUsersFolderWhereTheProgramsCanNotBeWritten) {
+    setenv("XDG_DATA_HOME", folder.Path().c_str(), 1);
+    const std::string locked = folder / "no such folder";
+    {
+        Program program(locked);
+        TypeALine(program);
+        script.answers = {Answer::Cancel};
+        Press(program.window.Entry("mnuExit"));
+    }
+    EXPECT_TRUE(FileExists(folder / "zorvant/ZorLastSession.ZC3"));
+    script.answers = {Answer::Yes};
+    Program next(locked);
+    EXPECT_EQ(next.ps.ExpPointCount, 1);
+    unsetenv("XDG_DATA_HOME");
+}
+
 TEST_F(LostData, TheStatusLineTellsWhileTheyCannotBeKept) {
     Program program(folder.Path());
     const auto status = [&] {
@@ -169,6 +185,7 @@ TEST_F(LostData, WhatACommandReplacesCanBeTakenBack) {
     EXPECT_NEAR(program.ps.ExpData[1].t, 3, 1e-14);
     Press(program.data.cmdUndo);
     EXPECT_EQ(program.ps.TimeUnitText, "min");
+    script.answers = {Answer::Yes};
     Press(program.window.Entry("mnuNeudat"));
     EXPECT_EQ(program.ps.ExpPointCount, 0);
     program.window.Entry("mnuEdit1").onOpen(); // the menu names the step as the button does

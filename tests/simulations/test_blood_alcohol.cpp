@@ -49,23 +49,6 @@ TEST(BloodAlcohol, OneGlassOfBeerFollowsTheHandCalculation) {
         EXPECT_EQ(Bac(ps, t), 0);
 }
 
-TEST(BloodAlcohol, TheTimeCourseTakesTheCurveMinuteByMinute) {
-    ProjectState ps;
-    PrepareBacState(ps);
-    ConnectBloodAlcohol(ps);
-    bool err = true;
-    calc_diagram_function(ps, kBloodAlcohol, ps.BacTimeMax, err);
-    EXPECT_FALSE(err);
-    ASSERT_EQ(ps.NPoints, 600);
-    ASSERT_EQ(ps.cSimA.size(), 601U);
-    EXPECT_EQ(ps.tSim[60], 60);
-    EXPECT_NEAR(ps.cSimA[60], 0.15673, 5e-6);
-    EXPECT_EQ(ps.cSimA[600], 0);
-    EXPECT_EQ(ps.Memory.RngT.upper, 600);
-    const float highest = *std::max_element(ps.BacTable.begin(), ps.BacTable.end());
-    EXPECT_FLOAT_EQ(ps.Memory.RngC.upper, 1.02F * highest);
-}
-
 TEST(BloodAlcohol, AfterFullAbsorptionItIsWidmarksFormula) {
     // Widmark: BAC = M (1 - AD)/(m r) - beta t, once nothing is left to absorb.
     struct {
@@ -130,20 +113,6 @@ TEST(BloodAlcohol, TheCurveIsNeverNegativeAndNeverBelowTheUncorrectedOne) {
         ASSERT_GE(Bac(ps, t), 0) << t;
         ASSERT_GE(Bac(ps, t), Uncorrected(ps, t) - 1e-6F) << t;
     }
-}
-
-TEST(BloodAlcohol, RowsWithoutMassOrTimeTakeNoPart) {
-    ProjectState ps = StandardMan();
-    AddDrink(ps, 1, 500, 5, 0);
-    FuBacCurve(ps, 600);
-    const auto alone = ps.BacTable;
-    AddDrink(ps, 2, 500, 40, -1);
-    AddDrink(ps, 3, 0, 40, 200);
-    ps.DrinkTime[3] = 200;
-    AddDrink(ps, 4, 500, 0, 250);
-    AddDrink(ps, 5, 500, 5, 700); // behind the end of the axis
-    FuBacCurve(ps, 600);
-    EXPECT_EQ(ps.BacTable, alone);
 }
 
 TEST(BloodAlcohol, WhatAnEarlierCurveLeftBehindTheAxisHasNoEffect) {
@@ -258,7 +227,7 @@ TEST(BloodAlcohol, ParametersOutsideTheirRangesGoBackToStandardOneAtATime) {
 TEST(BloodAlcohol, WithoutMassOrTimeAxisNothingIsDrawn) {
     ProjectState ps = StandardMan();
     EXPECT_FALSE(CheckBacDrawing(ps));
-    for (const float mass : {0.0F, -73.0F, kNaN, kInfinity}) {
+    for (const float mass : {0.0F, kNaN, kInfinity}) {
         ps.BodyMass = mass;
         ASSERT_TRUE(CheckBacDrawing(ps));
         EXPECT_EQ(CheckBacDrawing(ps)->quantity, BacQuantity::BodyMass);
@@ -294,27 +263,6 @@ TEST(BloodAlcohol, ImpossibleParametersEndInAnArithmeticErrorAndKeepTheTable) {
     FuBacCurve(ps, -7);
     FuBacCurve(ps, 100000);
     EXPECT_EQ(Bac(ps, 999), 0);
-}
-
-TEST(BloodAlcohol, OpeningKeepsWhatWasSetAndFillsTheRest) {
-    ProjectState ps;
-    ps.rWidmark = 0.75F;
-    ps.kAbs = 8;
-    ps.GlassVolume[3] = 200;
-    ps.AlcContent[3] = 12;
-    ps.DrinkTime[3] = 40;
-    EXPECT_EQ(PrepareBacState(ps), BacPerson::Women);
-    EXPECT_EQ(ps.rWidmark, 0.6F);
-    EXPECT_EQ(ps.kAbs, 8);
-    EXPECT_EQ(ps.AbsDeficit, 20);
-    EXPECT_EQ(ps.BodyMass, 73);
-    EXPECT_EQ(ps.BacTimeMax, 600);
-    EXPECT_EQ(ps.DrinkTime[1], 0);
-    EXPECT_EQ(ps.DrinkTime[3], 40);
-    EXPECT_FLOAT_EQ(ps.AlcMass[3], 18.936F);
-    SetBAKStandard(ps, BacPerson::Men);
-    EXPECT_EQ(ps.kAbs, 5);
-    EXPECT_EQ(ps.rWidmark, 0.7F);
 }
 
 } // namespace
