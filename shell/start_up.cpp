@@ -8,7 +8,6 @@
 #include "platform/paths.h"
 #include "shell/command_steps.h"
 #include "shell/project_commands.h"
-#include "shell/protocol_name.h"
 #include "shell/user_folder.h"
 #include "simulations/blood_alcohol.h"
 
