@@ -60,3 +60,11 @@ foreach(source ${fuzzSources})
   add_test(NAME "fuzz corpus: ${name}"
     COMMAND replay_${name} ${CMAKE_SOURCE_DIR}/fuzz/corpus/${name})
 endforeach()
+if(TARGET zorvant_qt) # each design in each format of pictures
+  add_executable(replay_fuzz_paint ${CMAKE_SOURCE_DIR}/fuzz/qt/fuzz_paint.cpp
+    ${CMAKE_SOURCE_DIR}/fuzz/replay_main.cpp)
+  target_link_libraries(replay_fuzz_paint PRIVATE zorvant_qt)
+  add_test(NAME "fuzz corpus: fuzz_paint"
+    COMMAND replay_fuzz_paint ${CMAKE_SOURCE_DIR}/fuzz/corpus/fuzz_oc2)
+  set_tests_properties("fuzz corpus: fuzz_paint" PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8")
+endif()

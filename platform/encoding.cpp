@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <optional>
 
 namespace zorvant {
@@ -115,6 +116,47 @@ std::string EncodeText(std::string_view utf8) {
     // A text that itself begins with a mark gets one more, since reading drops one.
     return (utf8.starts_with(kUtf8Mark) ? std::string(kUtf8Mark) : std::string()) +
            std::string(utf8);
+}
+
+std::string TerminalText(std::string_view text) {
+    std::string shown;
+    const auto escape = [&shown](const char* form, unsigned code) {
+        char number[16];
+        std::snprintf(number, sizeof number, form, code);
+        shown += number;
+    };
+    while (!text.empty()) {
+        const CodePoint head = HeadOf(text);
+        const unsigned code = head.code;
+        if (head.length == 0)
+            escape("\\x%02X", static_cast<unsigned char>(text[0]));
+        else if (text.starts_with("\r\n"))
+            ; // the line feed alone does it
+        else if ((code < 0x20 && code != '\n') || (code >= 0x7F && code < 0xA0))
+            escape("\\x%02X", code);
+        else if (code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
+                 (code >= 0x2066 && code <= 0x2069))
+            escape("\\u%04X", code);
+        else
+            shown += text.substr(0, head.length);
+        text.remove_prefix(std::max<std::size_t>(head.length, 1));
+    }
+    return shown;
+}
+
+std::size_t CountCharacters(std::string_view utf8) {
+    std::size_t count = 0;
+    for (; !utf8.empty(); ++count)
+        utf8.remove_prefix(std::max<std::size_t>(HeadOf(utf8).length, 1));
+    return count;
+}
+
+std::string Shortened(std::string_view utf8, std::size_t characters) {
+    std::string_view rest = utf8;
+    for (std::size_t count = 0; count < characters && !rest.empty(); ++count)
+        rest.remove_prefix(std::max<std::size_t>(HeadOf(rest).length, 1));
+    std::string kept(utf8.substr(0, utf8.size() - rest.size()));
+    return rest.empty() ? kept : kept + "\u2026";
 }
 
 } // namespace zorvant

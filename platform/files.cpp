@@ -2,6 +2,7 @@
 
 #include "platform/file_calls.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,9 +10,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <optional>
+#include <ctime>
+#include <utility>
 
 namespace zorvant {
 namespace {
@@ -23,9 +27,16 @@ constexpr std::size_t kReadBlock = std::size_t{1} << 16;
 constexpr int kMaxLinks = 40;
 /// Names tried for the temporary file.
 constexpr int kMaxTemporaries = 100;
+constexpr std::string_view kTemporaryStart = ".zorvant-";
+/// A file of another machine's process may stand in a shared folder; no saving takes so long.
+constexpr std::time_t kTemporaryAge = 60; ///< s
 
 [[noreturn]] void ThrowFileError(const std::string& path, int error) {
     throw FileError(std::string(std::strerror(error)) + ": " + path);
+}
+
+std::string FolderOf(const std::string& path) { // a backslash is a letter to the system
+    return path.substr(0, path.rfind('/') + 1);
 }
 
 /// Where a chain of links ends; the end need not exist.
@@ -42,7 +53,7 @@ std::string FollowLinks(const std::string& path) {
         if (length < 0)
             ThrowFileError(path, errno);
         const std::string to(link.data(), static_cast<std::size_t>(length));
-        target = to.starts_with('/') ? to : target.substr(0, target.rfind('/') + 1) + to;
+        target = to.starts_with('/') ? to : FolderOf(target) + to;
     }
 }
 
@@ -59,11 +70,34 @@ int WriteAll(int file, std::string_view bytes) {
     return 0;
 }
 
-/// A device or a pipe: there is nothing to replace.
+/// "/dev/stdout" and the like: the number of the file that this process has open; -1: none. Opened
+/// anew by its name it would be written from its start on.
+int InheritedFile(const std::string& path) {
+    if (path == "/dev/stdout")
+        return STDOUT_FILENO;
+    if (path == "/dev/stderr")
+        return STDERR_FILENO;
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        int number = -1;
+        const char* const end = path.data() + path.size();
+        if (path.starts_with(folder) &&
+            std::from_chars(path.data() + folder.size(), end, number).ptr == end)
+            return number;
+    }
+    return -1;
+}
+
+/// A device or a pipe: there is nothing to replace. A pipe that nobody reads is refused, not waited
+/// for.
 void WriteThrough(const std::string& path, std::string_view bytes) {
-    const int file = fileCalls().open(path.c_str(), O_WRONLY | O_CLOEXEC, 0);
+    const int inherited = InheritedFile(path);
+    const int file = inherited >= 0
+                         ? fcntl(inherited, F_DUPFD_CLOEXEC, 0)
+                         : fileCalls().open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK, 0);
     if (file < 0)
         ThrowFileError(path, errno);
+    if (inherited < 0)
+        (void)fcntl(file, F_SETFL, 0); // from here on it may wait for its reader
     int error = WriteAll(file, bytes);
     if (fileCalls().close(file) != 0 && error == 0)
         error = errno;
@@ -76,14 +110,40 @@ struct TemporaryFile {
     std::string path;
 };
 
+/// Removes what savings that were killed have left in a folder.
+void RemoveLeftTemporaries(const std::string& folder) {
+    DIR* const entries = opendir(folder.empty() ? "." : folder.c_str());
+    if (entries == nullptr)
+        return;
+    while (const dirent* const entry = readdir(entries)) {
+        const std::string_view name = entry->d_name;
+        pid_t process = 0;
+        if (!name.starts_with(kTemporaryStart) ||
+            *std::from_chars(name.data() + kTemporaryStart.size(), name.data() + name.size(),
+                             process)
+                    .ptr != '-')
+            continue;
+        const std::string path = folder + std::string(name);
+        struct stat info {};
+        if (process > 0 && kill(process, 0) != 0 && errno == ESRCH &&
+            lstat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+            std::time(nullptr) - info.st_mtime > kTemporaryAge)
+            (void)::unlink(path.c_str());
+    }
+    closedir(entries);
+}
+
 /// A new file in the folder. Its name does not contain the target's, which may be as long as names
 /// can be.
-TemporaryFile MakeTemporary(const std::string& folder, const std::string& target) {
+std::string TemporaryName(const std::string& folder) {
     static int counter = 0;
+    return folder + std::string(kTemporaryStart) + std::to_string(getpid()) + "-" +
+           std::to_string(++counter);
+}
+
+TemporaryFile MakeTemporary(const std::string& folder, const std::string& target) {
     for (int attempt = 0; attempt < kMaxTemporaries; ++attempt) {
-        TemporaryFile made;
-        made.path =
-            folder + ".zorvant-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
+        TemporaryFile made{.path = TemporaryName(folder)};
         made.file =
             fileCalls().open(made.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (made.file >= 0)
@@ -134,6 +194,7 @@ FileCalls SystemFileCalls() {
         .fsync = ::fsync,
         .close = ::close,
         .rename = [](const char* from, const char* to) { return std::rename(from, to); },
+        .link = ::link,
         .unlink = ::unlink,
     };
 }
@@ -144,12 +205,18 @@ FileCalls& fileCalls() {
 }
 
 std::string ReadFile(const std::string& path) {
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    // A pipe without a writer must not be waited for.
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0)
         ThrowFileError(path, errno);
+    struct stat info {};
+    int error = fstat(file, &info) != 0 ? errno : S_ISDIR(info.st_mode) ? EISDIR : 0;
+    if (error == 0 && !S_ISREG(info.st_mode)) {
+        ::close(file);
+        throw FileError("Not a regular file: " + path);
+    }
     std::string bytes;
-    int error = 0;
-    for (;;) {
+    while (error == 0) {
         const std::size_t had = bytes.size();
         bytes.resize(had + kReadBlock);
         const ssize_t got = ::read(file, bytes.data() + had, kReadBlock);
@@ -158,7 +225,7 @@ std::string ReadFile(const std::string& path) {
         bytes.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
         if (bytes.size() > kMaxFileBytes)
             error = EFBIG;
-        if (error != 0 || got == 0)
+        if (got == 0)
             break;
     }
     ::close(file);
@@ -167,33 +234,81 @@ std::string ReadFile(const std::string& path) {
     return bytes;
 }
 
-void WriteFileAtomically(const std::string& path, std::string_view bytes) {
-    const std::string target = FollowLinks(path);
-    std::optional<struct stat> old;
+PreparedFile::PreparedFile(const std::string& path, std::string_view bytes) : path_(path) {
     struct stat info {};
-    if (stat(target.c_str(), &info) == 0) {
-        old = info;
-        if (S_ISDIR(info.st_mode))
-            ThrowFileError(path, EISDIR);
-        if (access(target.c_str(), W_OK) != 0) // a file locked against writing is not replaced
-            ThrowFileError(path, errno);
-        if (!S_ISREG(info.st_mode)) {
-            WriteThrough(target, bytes);
-            return;
-        }
+    const bool exists = stat(path.c_str(), &info) == 0;
+    if (exists && S_ISDIR(info.st_mode))
+        ThrowFileError(path, EISDIR);
+    if ((exists && !S_ISREG(info.st_mode)) || InheritedFile(path) >= 0) {
+        through_ = bytes;
+        return;
     }
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    const TemporaryFile temporary = MakeTemporary(folder, path);
-    int error = FillTemporary(temporary.file, bytes, old);
-    if (fileCalls().close(temporary.file) != 0 && error == 0)
-        error = errno;
-    if (error == 0 && fileCalls().rename(temporary.path.c_str(), target.c_str()) != 0)
+    target_ = FollowLinks(path);
+    if (exists && access(target_.c_str(), W_OK) != 0) // a file locked against writing stays
+        ThrowFileError(path, errno);
+    Fill(bytes, exists ? std::optional(info) : std::nullopt);
+}
+
+PreparedFile PreparedFile::CopyOf(const std::string& from, const std::string& path) {
+    PreparedFile copy;
+    copy.path_ = copy.target_ = path;
+    copy.temporary_ = TemporaryName(FolderOf(path));
+    // The same file under a second name needs no room; not every file system has that.
+    if (fileCalls().link(FollowLinks(from).c_str(), copy.temporary_.c_str()) == 0)
+        return copy;
+    copy.temporary_.clear();
+    struct stat info {};
+    if (stat(from.c_str(), &info) != 0)
+        ThrowFileError(from, errno);
+    copy.Fill(ReadFile(from), info);
+    return copy;
+}
+
+void PreparedFile::Fill(std::string_view bytes, const std::optional<struct stat>& old) {
+    const std::string folder = FolderOf(target_);
+    RemoveLeftTemporaries(folder);
+    const TemporaryFile made = MakeTemporary(folder, path_);
+    temporary_ = made.path;
+    int error = FillTemporary(made.file, bytes, old);
+    if (fileCalls().close(made.file) != 0 && error == 0)
         error = errno;
     if (error != 0) {
-        (void)fileCalls().unlink(temporary.path.c_str());
-        ThrowFileError(path, error);
+        Discard();
+        ThrowFileError(path_, error);
     }
-    SyncFolder(folder);
+}
+
+void PreparedFile::Commit() {
+    if (through_) {
+        WriteThrough(path_, *through_);
+        return;
+    }
+    if (fileCalls().rename(temporary_.c_str(), target_.c_str()) != 0) {
+        const int error = errno;
+        Discard();
+        ThrowFileError(path_, error);
+    }
+    // Two names of one file: renaming one onto the other has left both.
+    Discard();
+    SyncFolder(FolderOf(target_));
+}
+
+void PreparedFile::Discard() {
+    if (!temporary_.empty())
+        (void)fileCalls().unlink(temporary_.c_str());
+    temporary_.clear();
+}
+
+PreparedFile::PreparedFile(PreparedFile&& other) noexcept
+    : path_(std::move(other.path_)), target_(std::move(other.target_)),
+      temporary_(std::exchange(other.temporary_, {})), through_(std::move(other.through_)) {}
+
+PreparedFile::~PreparedFile() {
+    Discard();
+}
+
+void WriteFileAtomically(const std::string& path, std::string_view bytes) {
+    PreparedFile(path, bytes).Commit();
 }
 
 bool FileExists(const std::string& path) {

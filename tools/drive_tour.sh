@@ -73,3 +73,64 @@ pids+=("$program")
 window "ZORVANT-4"
 settle
 shot 1_start
+
+# --- the diagram of concentrations: Esc closes the menu that F10 opens, the bar keeps the focus
+keys F10 Escape Right Right Right Down Return
+shot 2_dialog
+[ "$(difference 1_start 2_dialog)" -gt 5000 ] || fail "the menu opened no dialog"
+
+# --- c(A,0), t(max), k1; a comma becomes a point, a letter is dropped; the button draws
+words "0,8x"
+keys Tab Tab
+words "50"
+keys Tab
+words "0,05x"
+shot 3_typed
+keys Tab Tab Return
+shot 4_drawn
+[ "$(difference 3_typed 4_drawn)" -gt 100000 ] || fail "no diagram came"
+# The chart is white and has curves, numbers and texts.
+read -r white black < <(convert "$shots/4_drawn.png" -format '%c' histogram:info:- |
+  awk '/#FFFFFF/ {white += $1} /#000000/ {black += $1} END {print white + 0, black + 0}')
+[ "$white" -gt 200000 ] && [ "$black" -gt 3000 ] || fail "the chart is empty ($white, $black)"
+
+# --- the project under a new name, then under the name that it has, and the end
+keys ctrl+s
+window "Save the actual project as"
+words "$work/home/first"
+keys Return
+window "File Comment"
+words "first steps"
+keys Return
+saved=$work/home/first.ZC3
+[ -s "$saved" ] || fail "the project was not saved"
+keys Escape # closes the diagram; the dialog that drew it has the focus again
+shot 5_closed
+[ "$(difference 4_drawn 5_closed)" -gt 100000 ] || fail "the diagram did not close"
+rm "$saved"
+keys ctrl+s
+[ -s "$saved" ] || fail "Ctrl+S did not save under the known name"
+keys ctrl+q
+for _ in {1..50}; do kill -0 "$program" 2>/dev/null || break; sleep 0.1; done
+status=0
+wait "$program" || status=$?
+[ "$status" -eq 0 ] || fail "the program ended with status $status"
+[ -s "$work/program/ZorLastSession.ZC3" ] || fail "there is no last session"
+
+# --- what was typed is what counts
+QT_QPA_PLATFORM=offscreen "$work/program/zorvant" --export "$shots/6_exported.png" \
+  --table "$work/table.TXT" "$saved" || fail "the saved project can't be drawn"
+tr -d '\r' <"$work/table.TXT" | awk '
+  $1 + 0 == $1 && NF >= 3 {
+    rows++
+    wanted = 0.8 * exp(-0.05 * $1)
+    if ($2 < wanted - 1e-4 || $2 > wanted + 1e-4) wrong = $0
+    last = $1
+  }
+  END {
+    if (rows < 5 || last < 49.9 || wrong != "") {
+      print rows + 0 " rows, the last at t = " last ", wrong: " wrong
+      exit 1
+    }
+  }' || fail "the table is not the one of c(A,0) = 0.8, k1 = 0.05, t(max) = 50"
+echo "first steps: drawn, saved, loaded ($shots)"

@@ -16,7 +16,7 @@ constexpr std::size_t kRowBytes = 64;
 Zi3Head ReadHead(ItemReader& reader) {
     Zi3Head head;
     head.comment = reader.Line("comment");
-    head.timeUnit = reader.Word("time unit");
+    head.timeUnit = reader.TimeUnit();
     (void)reader.Line("column heads");
     head.count = reader.Integer("number of measuring points");
     if (head.count < 0)

@@ -3,6 +3,8 @@
 #include "engine/reaction_catalogue.h"
 #include "platform/number_text.h"
 
+#include <algorithm>
+
 namespace zorvant {
 namespace {
 
@@ -68,6 +70,14 @@ void WireFields(ReactorDialog& dialog, std::function<void(int field, double valu
             else
                 dialog.ps.c0[static_cast<std::size_t>(i + 1)] = value;
         });
+    }
+}
+
+void OpenFields(ReactorDialog& dialog, std::initializer_list<int> given) {
+    for (int i = 13; i <= 16; ++i) {
+        const bool open = std::ranges::find(given, i) != given.end();
+        dialog.Inp(i).locked = !open;
+        dialog.Inp(i).backColour = open ? kStyleColour : kPaleYellow;
     }
 }
 

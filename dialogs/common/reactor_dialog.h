@@ -32,6 +32,8 @@ struct ReactorDialog : CalcDialog {
 /// Feed, constants and given quantities in one walk. Each typed change empties the results and then
 /// hands its number on: constants to the state, field 13..16 to `take`.
 void WireFields(ReactorDialog& dialog, std::function<void(int field, double value)> take);
+/// Opens the fields of the quantities that are given; the others of 13..16 are locked and pale.
+void OpenFields(ReactorDialog& dialog, std::initializer_list<int> given);
 /// The panel of the extents.
 void WireExtents(ReactorDialog& dialog);
 

@@ -3,6 +3,7 @@
 #include "data/exp_file.h"
 #include "data/folder_list.h"
 #include "data/project_file.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -68,7 +69,7 @@ void PreviewData(frmZCmnDlg& form, const std::string& path) {
     if (!ok)
         return;
     form.Text1.enabled = true;
-    form.Text1.text = comment;
+    form.Text1.text = Shortened(comment, kShownComment);
     form.lblFileComment.text = "File comment:";
     form.lblFileComment.visible = true;
     form.Label7.text = " " + std::to_string(count) + " Measuring points";
@@ -82,7 +83,7 @@ void PreviewProject(frmZCmnDlg& form, const std::string& path) {
     if (!ok)
         return;
     form.Text1.enabled = true;
-    form.Text1.text = comment;
+    form.Text1.text = Shortened(comment, kShownComment);
     form.lblFileComment.text = "Project Comment";
     form.lblFileComment.visible = true;
     if (dataFile.empty()) {

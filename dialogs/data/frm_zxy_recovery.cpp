@@ -57,7 +57,8 @@ ListCopy ReadCopy(const std::string& path) {
 std::vector<std::string> Describe(const std::string& path) {
     const ListCopy list = ReadCopy(path);
     return {std::to_string(list.points.size()) + " lines, " + host().fileDate(path),
-            "file: " + (list.path.empty() ? "(unnamed)" : list.path), "comment: " + list.comment};
+            "file: " + (list.path.empty() ? "(unnamed)" : list.path),
+            "comment: " + Shortened(list.comment, kShownComment)};
 }
 
 bool Take(frmZXYEditor& form, const std::string& path) {

@@ -59,11 +59,17 @@ void ModalWindow::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
-QSize WithinScreen(const QScrollArea& scroll, QSize size) {
-    const QSize room = scroll.screen()->availableSize() - kFrameOfDialog;
-    if (size.height() > room.height())
+QSize WithinRoom(const QScrollArea& scroll, QSize size, const QSize& room) {
+    const QSize wanted = size;
+    if (wanted.height() > room.height())
         size.rwidth() += scroll.verticalScrollBar()->sizeHint().width();
+    if (wanted.width() > room.width())
+        size.rheight() += scroll.horizontalScrollBar()->sizeHint().height();
     return size.boundedTo(room);
+}
+
+QSize WithinScreen(const QScrollArea& scroll, QSize size) {
+    return WithinRoom(scroll, size, scroll.screen()->availableSize() - kFrameOfDialog);
 }
 
 void MeasureAnew(QWidget& widget) {

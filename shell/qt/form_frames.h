@@ -45,8 +45,10 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-/// The size that a dialog gets on its screen for contents of this size: where they are too high,
-/// there is room for the bar that scrolls them.
+/// The size of a window for contents of this size: where they are too high or too wide for the
+/// room, there is place for the bar that scrolls them.
+QSize WithinRoom(const QScrollArea& scroll, QSize size, const QSize& room);
+/// The same for a dialog on its screen.
 QSize WithinScreen(const QScrollArea& scroll, QSize size);
 
 /// Lets the layouts of a window that was never shown take notice of the texts that have been

@@ -302,7 +302,7 @@ void FormWindows::KeepWhole(Entry& entry) {
     if (!ordinary || window->size() != entry.fitted || entry.form->width > 0)
         return;
     const Flag arranging(arranging_);
-    entry.fitted = (scroll->sizeHint() + border).boundedTo(room);
+    entry.fitted = WithinRoom(*scroll, scroll->sizeHint() + border, room);
     window->resize(entry.fitted);
     window->move(std::min(window->x(), std::max(0, room.width() - window->width())),
                  std::min(window->y(), std::max(0, room.height() - window->height())));
@@ -329,7 +329,7 @@ void FormWindows::PlaceWindow(Entry& entry) {
     if (form.height > 0)
         size.setHeight(std::max(form.height / kTwipsPerPixel, window->minimumHeight()));
     entry.asked = {form.width, form.height};
-    size = size.boundedTo(area_.viewport()->size());
+    size = WithinRoom(*scroll, size, area_.viewport()->size());
     window->resize(size);
     entry.fitted = size;
     window->move(PlaceFor(entry, size));

@@ -1,6 +1,7 @@
 #include "shell/qt/plot_text.h"
 
 #include <QFontMetricsF>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -56,7 +57,10 @@ QColor ToColour(Colour colour, Colour ofStyle) {
 
 QFont ToFont(const FontChoice& choice, double pixelsPerPoint) {
     const QString name = QString::fromStdString(choice.family);
-    QString family = name.isEmpty() ? QLatin1String(kFontNames[0].ours) : name;
+    // The toolkit writes names into pictures as they are; one with markup is no font's.
+    static const QRegularExpression kNoName(QStringLiteral("[<>&\"\\x00-\\x1F]"));
+    QString family =
+        name.isEmpty() || name.contains(kNoName) ? QLatin1String(kFontNames[0].ours) : name;
     for (const FontName& font : kFontNames)
         if (name.compare(QLatin1String(font.classic), Qt::CaseInsensitive) == 0)
             family = QLatin1String(font.ours);

@@ -102,6 +102,28 @@ TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
     EXPECT_EQ(script.boxes.at(0).title, "ERROR");
 }
 
+TEST_F(ProjectFiles, OfTheLastSessionStandUntilAnotherOneHasContent) {
+    const std::string path = folder / "ZorLastSession.ZC3";
+    InitProjectState(ps);
+    const ProjectState untouched = ps;
+    const auto save = [&](const ProjectState& state) {
+        ps = state;
+        EXPECT_TRUE(FuSaveProjectFile(ps, path));
+        return ReadFile(path);
+    };
+    ProjectState first = untouched, second = untouched;
+    first.ProjectComment = "first";
+    second.k[1] = 7;
+    save(untouched); // there is none yet
+    const std::string work = save(first);
+    EXPECT_EQ(save(untouched), work); // started and closed
+    save(second);
+    EXPECT_EQ(ReadFile(path + "~"), work);
+    host().dateAndTime = [] { return std::string("a minute later"); };
+    EXPECT_THAT(save(second), testing::StartsWith("a minute later"));
+    EXPECT_EQ(ReadFile(path + "~"), work); // the same work again
+}
+
 TEST_F(ProjectFiles, TellWhenTheyCannotBeReadAndKeepWhatWasRead) {
     const ProjectState before = ps;
     for (const std::string& path : {folder / "none", folder.Path(), Put("empty", "")}) {

@@ -68,8 +68,13 @@ TEST(ProjectFile, KeepsWhatWasReadBeforeItBreaksOff) {
 TEST(ProjectFile, RefusesValuesThatLeadNowhere) {
     const struct {
         int line;
-        const char *text, *error;
+        std::string text;
+        const char* error;
     } cases[] = {
+        {3, std::string("a\0.ZI3", 6),
+         "the name of the data file has control characters: \"a?.ZI3"},
+        {3, "a\x1B[2J.ZI3", "the name of the data file has control"},
+        {19, std::string(41, 's'), "longer than 40 characters (time unit)"},
         {4, "0", "there is no model 0"},
         {4, "21", "there is no model 21"},
         {4, "99999", "Overflow (model number)"},

@@ -8,10 +8,13 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
+#include <fstream>
 
 using namespace zorvant;
 namespace fs = std::filesystem;
@@ -69,12 +72,40 @@ TEST_F(Files, ThatCannotBeThereAreRefusedWithTheirName) {
     const auto write = [](const std::string& name) { WriteFileAtomically(name, kNew); };
     EXPECT_EQ(refusal(folder + "none", read), "No such file or directory: " + folder + "none");
     EXPECT_EQ(refusal(folder, read), "Is a directory: " + folder);
-    EXPECT_EQ(refusal("/dev/zero", read), "File too large: /dev/zero");
+    // neither waits for somebody at the other end
+    const std::string pipe = folder + "pipe";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    EXPECT_EQ(refusal(pipe, read), "Not a regular file: " + pipe);
+    EXPECT_EQ(refusal(pipe, write), "No such device or address: " + pipe);
+    fs::remove(pipe);
+    EXPECT_EQ(refusal("/dev/zero", read), "Not a regular file: /dev/zero");
     EXPECT_EQ(refusal(folder, write), "Is a directory: " + folder);
     EXPECT_EQ(refusal("", write), "No such file or directory: ");
     WriteFileAtomically("/dev/null", kNew); // a device is written through, not replaced
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
     EXPECT_THAT(Names(), testing::IsEmpty());
+}
+
+TEST_F(Files, ThatKilledSavingsLeftAreRemovedByTheNextOne) {
+    const pid_t dead = fork();
+    if (dead == 0)
+        _exit(0);
+    waitpid(dead, nullptr, 0);
+    const auto hour = fs::file_time_type::clock::now() - std::chrono::hours(1);
+    const auto leave = [&](pid_t process, fs::file_time_type time) {
+        const std::string name = ".zorvant-" + std::to_string(process) + "-1";
+        std::ofstream(folder + name).close();
+        fs::last_write_time(folder + name, time);
+        return name;
+    };
+    leave(dead, hour);
+    const std::string running = leave(getppid(), hour);
+    WriteFileAtomically(path, kNew);
+    EXPECT_THAT(Names(), testing::UnorderedElementsAre(running, "data.ZI3"));
+    // of another machine, which may be at it
+    const std::string young = leave(dead, fs::file_time_type::clock::now());
+    WriteFileAtomically(path, kNew);
+    EXPECT_THAT(Names(), testing::Contains(young));
 }
 
 TEST_F(Files, StandOldOrNewWhenAnyCallOfSavingFails) {
@@ -154,6 +185,18 @@ TEST(TextBytes, AreReadAsUtf8OrWindows1252AndWrittenSoThatTheSameTextIsReadAgain
                             "\xF0\x82\x82\xAC", "\x80", "\xFF", "\xE2\x82"})
         EXPECT_FALSE(IsUtf8(bad)) << bad;
     EXPECT_TRUE(IsUtf8("\xF4\x8F\xBF\xBF\xEE\x80\x80\xC2\x80"));
+}
+
+TEST(TextBytes, AreShownOnATerminalWithoutObeyingThem) {
+    for (const auto& [text, shown] : {std::pair{"a\r\nb\tc", "a\nb\\x09c"},
+                                      {"\x1B[2J\x7F", "\\x1B[2J\\x7F"},
+                                      {"\xC2\x9Bm \xFF", "\\x9Bm \\xFF"},
+                                      {"\xE2\x80\xAE"
+                                       "fig \xC2\xB5",
+                                       "\\u202Efig \xC2\xB5"}})
+        EXPECT_EQ(TerminalText(text), shown);
+    EXPECT_EQ(Shortened("\xC2\xB5mol", 4), "\xC2\xB5mol");
+    EXPECT_EQ(Shortened("\xC2\xB5mol/L", 4), "\xC2\xB5mol\xE2\x80\xA6");
 }
 
 TEST(Paths, UnderstandBothSeparators) {

@@ -1,7 +1,7 @@
 // What a user does to widgets, for tests of windows.
 #pragma once
 
-#include <QtTest/qtestkey.h>
+#include <QTest>
 #include <QtWidgets>
 
 namespace zorvant {

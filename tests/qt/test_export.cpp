@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 
 namespace zorvant {
 namespace {
@@ -23,7 +24,10 @@ struct Outcome {
     std::string out, err;
 };
 
-Outcome StartProgram(const std::vector<std::string>& arguments) {
+using Variables = std::vector<std::pair<const char*, const char*>>;
+
+Outcome StartProgram(const std::vector<std::string>& arguments, const Variables& set = {},
+                     const char* program = ZORVANT_PROGRAM) {
     QStringList list;
     for (const std::string& argument : arguments)
         list.append(QString::fromStdString(argument));
@@ -31,8 +35,10 @@ Outcome StartProgram(const std::vector<std::string>& arguments) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR"})
         environment.remove(QString::fromLatin1(name));
+    for (const auto& [name, value] : set)
+        environment.insert(QString::fromLatin1(name), QString::fromLatin1(value));
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(ZORVANT_PROGRAM), list);
+    process.start(QString::fromLatin1(program), list);
     if (!process.waitForFinished(60000))
         process.kill();
     return {.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
@@ -265,15 +271,18 @@ TEST(Export, TellsWhatIsWrongWithAProjectAndWritesNothing) {
     }
 }
 
-TEST(Export, GoesOnWhereNothingIsLost) {
+TEST(Export, GoesOnWhereNothingIsLostAndRefusesTheRest) {
     const TempFolder folder;
     std::string project = ReadFile(Example("n2o5.ZC3"));
     project.replace(project.find("n2o5.ZI3"), 8, "data.CSV"); // a type that can't be loaded
     project.replace(project.find("Decomposition"), 3, "\xff\xfe\x01"); // any bytes in a comment
     WriteFileAtomically(folder / "project.ZC3", project);
-    const Outcome outcome = StartProgram({"--export", folder / "a.svg", folder / "project.ZC3"});
-    EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.err, HasSubstr("data file is not of the type *.ZI3 and cannot be loaded"));
+    const Outcome refusal = StartProgram({"--export", folder / "a.svg", folder / "project.ZC3"});
+    EXPECT_EQ(refusal.status, 2); // not a picture that lacks its points
+    EXPECT_THAT(refusal.err, HasSubstr("data file is not of the type *.ZI3 and cannot be loaded"));
+    project.replace(project.find("data.CSV"), 8, "");
+    WriteFileAtomically(folder / "project.ZC3", project);
+    EXPECT_EQ(StartProgram({"--export", folder / "a.svg", folder / "project.ZC3"}).status, 0);
     EXPECT_TRUE(FileExists(folder / "a.svg"));
     // places that can't be read or written
     for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
@@ -287,5 +296,93 @@ TEST(Export, GoesOnWhereNothingIsLost) {
     }
     EXPECT_FALSE(FileExists(folder / "a.png"));
 }
+
+TEST(Export, NeverWritesOverWhatItReadsOrOverItself) {
+    const TempFolder folder;
+    const std::string project = folder / "n2o5.ZC3", data = folder / "n2o5.ZI3";
+    std::filesystem::copy(Example("n2o5.ZC3"), project);
+    std::filesystem::copy(Example("n2o5.ZI3"), data);
+    std::filesystem::create_symlink("n2o5.ZI3", folder / "link.png");
+    std::filesystem::create_hard_link(project, folder / "second.TXT");
+    const auto before = folder.Names();
+    for (const auto& [picture, table] : {std::pair{"a.png", "n2o5.ZI3"},
+                                         {"a.png", "second.TXT"},
+                                         {"link.png", "t.TXT"},
+                                         {"a.png", "./a.png"},
+                                         {"a.png", "no/t.TXT"}}) {
+        EXPECT_EQ(
+            StartProgram({"--export", folder / picture, "--table", folder / table, project}).status,
+            2)
+            << picture << ' ' << table;
+        EXPECT_EQ(ReadFile(data), ReadFile(Example("n2o5.ZI3")));
+        EXPECT_EQ(ReadFile(project), ReadFile(Example("n2o5.ZC3")));
+        EXPECT_THAT(folder.Names(), testing::UnorderedElementsAreArray(before));
+    }
+}
+
+TEST(Export, KeepsItsWordWhateverSurroundsIt) {
+    const TempFolder folder;
+    const std::string project = Example("n2o5.ZC3");
+    // a table goes where standard output does
+    EXPECT_THAT(StartProgram({"--table", "/dev/stdout", project}).out, HasSubstr("cA/(mol/L)"));
+    const auto run = [&](const std::string& command) {
+        return StartProgram({"-c", command, ZORVANT_PROGRAM, project, folder.Path()}, {},
+                            "/bin/sh");
+    };
+    EXPECT_EQ(run("(echo head; \"$0\" --table /dev/stdout \"$1\") >> \"$2t\"").status, 0);
+    EXPECT_THAT(ReadFile(folder / "t"), testing::StartsWith("head\n"));
+    const Outcome closed =
+        run("(sleep 0.3; \"$0\" --table /dev/stdout \"$1\"; echo $? >&2) | true");
+    EXPECT_THAT(closed.err, HasSubstr("Broken pipe"));
+    EXPECT_THAT(closed.err, testing::EndsWith("2\n"));
+    // pictures do not depend on where and under what they are drawn
+    std::vector<std::string> pdfs;
+    for (const Variables& each : std::vector<Variables>{
+             {{"TZ", "UTC"}}, {{"TZ", "Asia/Kolkata"}}, {{"QT_QPA_PLATFORM", "minimal"}}}) {
+        EXPECT_EQ(StartProgram({"--export", folder / "a.pdf", project}, each).status, 0);
+        pdfs.push_back(ReadFile(folder / "a.pdf"));
+        EXPECT_EQ(pdfs.back(), pdfs.front());
+    }
+    const std::string& pdf = pdfs.front();
+    const std::size_t table = std::stoul(pdf.substr(pdf.rfind("startxref\n") + 10));
+    EXPECT_EQ(pdf.substr(table, 5), "xref\n");
+    EXPECT_EQ(pdf.substr(std::stoul(pdf.substr(pdf.find(" n \n", table) - 16, 10)), 7), "1 0 obj");
+    EXPECT_EQ(pdf.substr(std::stoul(pdf.substr(pdf.rfind(" n \n") - 16, 10))).find(" 0 obj"), 2U);
+    std::filesystem::remove(folder / "a.pdf");
+    const std::string noFonts = folder / "fonts.conf";
+    WriteFileAtomically(noFonts, "<fontconfig><dir>/no/such/folder</dir></fontconfig>");
+    const Outcome bare = StartProgram({"--export", folder / "a.pdf", project},
+                                      {{"FONTCONFIG_FILE", noFonts.c_str()}});
+    EXPECT_EQ(bare.status, 2);
+    EXPECT_THAT(bare.err, HasSubstr("no font"));
+    EXPECT_FALSE(FileExists(folder / "a.pdf"));
+    // what a file says is shown, not obeyed
+    std::string hostile = ReadFile(project);
+    hostile.replace(hostile.find("n2o5.ZI3"), 8, std::string("\x1B[2J\0.ZI3", 9));
+    WriteFileAtomically(folder / "\x1B[31m.ZC3", hostile);
+    const Outcome told = StartProgram({"--table", folder / "t", folder / "\x1B[31m.ZC3"});
+    EXPECT_EQ(told.status, 2);
+    EXPECT_THAT(told.err, testing::Not(HasSubstr("\x1B")));
+}
+
+#ifndef __SANITIZE_ADDRESS__ // which needs more address space than any picture
+TEST(Export, OfAPictureThatMemoryDoesNotAllowIsRefusedInEveryFormat) {
+    const TempFolder folder;
+    for (const char* ending : {"bmp", "png"})
+        for (const int megabytes : {300, 400, 500, 800}) {
+            const std::string file = folder / std::string("a.") + ending;
+            std::filesystem::remove(file);
+            const Outcome outcome = StartProgram(
+                {"-c", "ulimit -v " + std::to_string(megabytes * 1024) + "; exec \"$@\"", "sh",
+                 ZORVANT_PROGRAM, "--export", file, "--size", "6000x6000", Example("n2o5.ZC3")},
+                {}, "/bin/sh");
+            EXPECT_TRUE(outcome.status == 0 || outcome.status == 2) << megabytes << outcome.err;
+            EXPECT_EQ(FileExists(file), outcome.status == 0) << megabytes;
+            if (outcome.status == 0) {
+                EXPECT_GT(std::filesystem::file_size(file), 100'000U) << megabytes;
+            }
+        }
+}
+#endif
 
 } // namespace zorvant

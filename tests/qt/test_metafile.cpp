@@ -175,7 +175,7 @@ TEST(Metafile, AnotherReaderSeesTheSameLinesTextsAndColours) {
         GTEST_SKIP() << "emf2svg-conv (Debian package emf2svg) is not installed";
     PlotSurface surface = Sample();
     const TempFolder folder;
-    RenderPicture(surface, folder / "a.emf", kSize);
+    WriteFileAtomically(folder / "a.emf", PictureBytes(surface, ".emf", kSize));
     const QString svgFile = QString::fromStdString(folder / "a.svg");
     ASSERT_EQ(
         QProcess::execute(program, {QStringLiteral("-i"), QString::fromStdString(folder / "a.emf"),

@@ -1,9 +1,11 @@
 // Diagrams as files.
+#include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "shell/qt/plot_picture.h"
 #include "tests/qt/plot_samples.h"
 
 #include <QImage>
+#include <QXmlStreamReader>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -67,6 +69,37 @@ TEST(PlotPicture, HasTheSizeAskedForAndLeavesTheRecordAlone) {
     EXPECT_EQ(surface.layout.plotArea, (PixelRect{1, 2, 3, 4}));
     EXPECT_THROW(PictureBytes(surface, ".gif", {600, 400}), FileError);
     EXPECT_EQ(static_cast<const PlotContents&>(surface), before);
+}
+
+TEST(PlotPicture, IsXmlAsSvgWhateverItsTextsAre) {
+    PlotSurface surface = Sample();
+    SetLegendVisible(surface, true);
+    std::vector<std::string> texts{"</title><script>alert(1)</script>", "a & b \" '\x01\x1B",
+                                   "\xEF\xBF\xBF]]>&#0;\xC2\xB5", ""};
+    for (int model = 1; model <= kModels; ++model)
+        texts.emplace_back(Model(model).name); // half of them have arrows
+    for (const std::string& text : texts) {
+        SetHeader(surface, text);
+        surface.footer.text = surface.axes[0].title = surface.labels[1].text = text;
+        surface.series[kLines][1].label = text;
+        surface.legend.font.family = surface.header.font.family =
+            "x\" onload=\"alert(1)\"><script/>" + text;
+        QXmlStreamReader svg(QByteArray::fromStdString(PictureBytes(surface, ".svg", {600, 400})));
+        QString title;
+        while (!svg.atEnd()) {
+            if (svg.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            EXPECT_NE(svg.name(), QLatin1String("script")) << text;
+            for (const QXmlStreamAttribute& each : svg.attributes())
+                EXPECT_FALSE(each.name().startsWith(QLatin1String("on"))) << text;
+            if (svg.name() == QLatin1String("title"))
+                title = svg.readElementText();
+        }
+        EXPECT_FALSE(svg.hasError()) << text << ": " << svg.errorString().toStdString();
+        QString known = QString::fromStdString(text);
+        known.removeIf([](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0xFFFF; });
+        EXPECT_EQ(title, known);
+    }
 }
 
 TEST(PlotPicture, KeepsTextAsTextAndLinesInsideTheFrame) {

@@ -49,11 +49,11 @@ TEST(CommandLine, RefusesWhatItCannotDo) {
              {{"--export", "a.png"}, "project"},
              {{"--table", "a.TXT"}, "project"},
              {{"--export", "a.png", "--size", "1200", "a.ZC3"}, "WIDTHxHEIGHT"},
-             {{"--export", "a.png", "--size", "0x800", "a.ZC3"}, "WIDTHxHEIGHT"},
+             {{"--export", "a.png", "--size", "199x800", "a.ZC3"}, "200x150"},
              {{"--export", "a.png", "--size", "1e3x800", "a.ZC3"}, "WIDTHxHEIGHT"},
              {{"--export", "a.png", "--size", "99999x99999", "a.ZC3"}, "16384"},
              {{"--export", "a.png", "--scale", "nan", "a.ZC3"}, "--scale"},
-             {{"--export", "a.png", "--size", "9999x9", "--scale", "2", "a.ZC3"}, "larger"},
+             {{"--export", "a.png", "--size", "9999x150", "--scale", "2", "a.ZC3"}, "larger"},
              {{"--export", "a.bmp", "--size", "9000x9000", "--scale", "1.5", "a.ZC3"},
               "million"}}) {
         try {

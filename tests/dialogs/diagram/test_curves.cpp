@@ -158,12 +158,14 @@ TEST_F(Curves, OfResidenceTimesWaitForTheirCaller) {
 }
 
 TEST_F(Curves, OfStraightLinesStandWithTheirPointsAndGiveK) {
-    SetRows({{.t = 0, .cA = 1}, {.t = 10, .cA = 0.5}, {.t = 20, .cA = 0}, {.t = 30, .cA = 0.125}});
+    SetRows({{.t = 0, .cA = 1}, {.t = 10, .cA = 0.5}, {.t = 20, .cA = 0.25}});
     ps.ModelId = 2;
     Open(kKindFirstOrder);
-    EXPECT_EQ(GetPointCount(doc.surface, kPoints, 1), 4);
+    EXPECT_EQ(GetPointCount(doc.surface, kPoints, 1), 3);
     EXPECT_NEAR(ps.k[1], std::log(2) / 10, 1e-6);
     EXPECT_TRUE(doc.StatusBar2.text.starts_with("Result:   k =  0.0693"));
+    SetRows({{.T = 300, .k = 1}, {.T = 310, .k = 0}, {.T = 320, .k = 2}});
+    Open(kKindArrhenius);
     EXPECT_TRUE(doc.StatusBar2.toolTip.starts_with("1 row was left out"));
     // an error of the arithmetic leaves k and draws nothing
     SetRows({{.t = 1, .cA = 1, .cB = 0.5}, {.t = 2, .cA = 0.8, .cB = 0.3}});

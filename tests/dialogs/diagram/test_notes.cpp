@@ -101,6 +101,7 @@ TEST_F(Notes, ShapesTheTextOfTheTarget) {
 
 TEST_F(Notes, HandsACurveOutAsData) {
     TempFolder folder;
+    ps.tMax = 300;
     DrawModel(4);
     mnuKurvenDesign_Click(ps, doc);
     Choose(doc.tabKurven, 1);

@@ -10,6 +10,7 @@ struct Points : DiagramTest {};
 
 TEST_F(Points, OfASingleSpeciesStandInItsSet) {
     ps.SingleSpecies = 4;
+    ps.WithExpPoints = true;
     ps.Memory.RngC = {0, 1};
     SetRows({{.t = 0, .cP = 0.1}, {.t = 1, .cP = 0.2}, {.t = 2, .cP = 0.4}});
     Open(kKindSingleSpecies);
