@@ -8,6 +8,7 @@
 #include "dialogs/common/names.h"
 #include "dialogs/common/time_unit_change.h"
 #include "dialogs/data/frm_datedit.h"
+#include "platform/files.h"
 #include "platform/host.h"
 #include "platform/paths.h"
 #include "shell/command_steps.h"
