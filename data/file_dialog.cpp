@@ -49,4 +49,14 @@ void FuFileDialog(std::string& fullPath, std::string& fileName, std::string& dir
     directory = question.directory;
 }
 
+SavePlace PlaceToSave(const ProjectState& ps, const std::string& path, const std::string& directory,
+                      const std::string& ending) {
+    if (!path.empty())
+        return {directory, path};
+    const std::string project = FileName(ps.ProjectFile);
+    const std::string name = project.substr(0, project.rfind('.'));
+    return {ps.ProjectFile.empty() ? directory : DirectoryOf(ps.ProjectFile),
+            (name.empty() ? "data" : name) + ending};
+}
+
 } // namespace zorvant

@@ -72,7 +72,7 @@ std::optional<TableNumbers> ReadPastedTable(const std::string& text) {
             layout = OtherReading(guess);
     }
     TableNumbers table = ReadTable(text, layout);
-    if (table.values.size() == static_cast<std::size_t>(table.badCells)) {
+    if (!table.AnyNumber()) {
         ShowMessage("The clipboard holds no numbers.", "Execution not possible", Icon::Critical);
         return std::nullopt;
     }

@@ -137,6 +137,7 @@ void mnuNeudat_Click(MDIZOR& form) {
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.LambdaInf = ps.LambdaZero = 0;
+        ps.ExpComment.clear();
         CheckExpData(ps);
     });
     Unload(form, name::kDataEditor);

@@ -65,6 +65,10 @@ std::size_t TableNumbers::Columns() const {
     return columns;
 }
 
+bool TableNumbers::AnyNumber() const {
+    return std::ranges::find(filled, true) != filled.end();
+}
+
 TableNumbers ReadTable(std::string_view text, const TableLayout& layout) {
     TableNumbers table;
     TableScanner scanner(text, layout.separator);
@@ -78,6 +82,7 @@ TableNumbers ReadTable(std::string_view text, const TableLayout& layout) {
             const std::optional<double> number =
                 row[i].text.empty() ? 0 : ParseCell(row[i].text, sign);
             table.values.push_back(number.value_or(0));
+            table.filled.push_back(number && !row[i].text.empty());
             if (number)
                 continue;
             ++table.badCells;

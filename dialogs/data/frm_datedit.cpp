@@ -82,6 +82,17 @@ void Form_Load(frmDatedit& form) {
     form.setFocus = &FirstEnabledBox(form);
 }
 
+/// What stands typed may be meant.
+void Form_QueryUnload(frmDatedit& form, bool& cancel) {
+    if (!IsLinePending(form))
+        return;
+    const Answer answer = Ask("Transfer the input line to the list before closing?", "WARNING",
+                              Icon::Question, Buttons::YesNoCancel);
+    cancel = answer == Answer::Cancel;
+    if (answer == Answer::Yes)
+        OKinput_Click(form);
+}
+
 void Form_Unload(frmDatedit& form) {
     EnableDataCommands(form);
     EnableControl(form.ps.desktop, name::kMainWindow, name::kToolSaveProject,
@@ -92,6 +103,7 @@ void Form_Unload(frmDatedit& form) {
 
 void WireEvents(frmDatedit& form) {
     form.onLoad = [&form] { Form_Load(form); };
+    form.onQueryUnload = [&form](bool& cancel) { Form_QueryUnload(form, cancel); };
     form.onUnload = [&form] { Form_Unload(form); };
     form.onActivate = [&form] { form.TakeForeignChanges(); };
     form.onModelChanged = [&form] {

@@ -53,6 +53,9 @@ struct frmDatedit : ListEditor {
     bool MayTakeInputLine() const override;
     void InputLineTaken(int row) override;
     std::vector<int> ColumnsForPaste(int first, std::size_t count) const override;
+    bool PastedElsewhere(const std::string& text, int firstColumn) override;
+    std::string FileOfList() const override { return ps.DataFilePath; }
+    void LoadPrevious(const std::string& path) override;
     void Keep(ListState& state) const override;
     void BringBack(const ListState& state, const ListState& other) override;
     void RowsBroughtBack(const ListState& state) override;

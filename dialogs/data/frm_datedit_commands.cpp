@@ -68,16 +68,27 @@ void ShowFromTop(frmDatedit& form) {
     form.CurrentRow = 1;
     form.Grid.row = 0;
     form.Grid.selection = {};
-    ShowTable(form, kHeadingEditing);
+    ShowTable(form, form.ps.ExpPointCount > 0 ? kHeadingEditing : kHeadingInput);
 }
 
-/// The list as a failed load left it.
-void ShowNotLoaded(frmDatedit& form) {
-    FillGrid(form);
-    SetEditMode(form, form.ps.ExpPointCount > 0);
-    SetHeading(form, kHeadingInput);
-    form.cmdSave.enabled = false;
-    EnableControl(form.ps.desktop, name::kMainWindow, name::kToolEditData, false);
+/// Makes a data file the table as one step; a failure leaves the table as it is.
+/// Given:    path: to read; file: which the table then belongs to
+/// Returned: whether it went through
+bool TakeFile(frmDatedit& form, const std::string& path, const std::string& file,
+              const std::string& step) {
+    Workspace& ps = form.ps;
+    bool ok = false;
+    MakeChange(form, step, Extent::File, [&] {
+        LoadExpFile(ps, path, false, ok);
+        if (!ok)
+            return;
+        ps.DataFilePath = file;
+        ps.DataFileTitle = FileName(file);
+        ps.DataDir = DirectoryOf(file);
+        ps.DataIsSession = false;
+        CheckExpData(ps);
+    });
+    return ok;
 }
 
 /// Non-isothermal data whose times the fitting can hardly do with.
@@ -142,33 +153,24 @@ void cmdLoadFile_Click(frmDatedit& form) {
     bool ok = false, cancelled = false;
     MakeChange(form, "loading", Extent::File,
                [&] { LoadExpDialog(form.ps, false, ok, cancelled); });
-    if (cancelled)
-        return;
-    if (ok)
-        NoteSaved(form);
-    if (ok && form.ps.ExpPointCount > 0)
-        ShowFromTop(form);
-    else
-        ShowNotLoaded(form);
-}
-
-void LoadIntoEditor(frmDatedit& form, const std::string& path) {
-    Workspace& ps = form.ps;
-    bool ok = false;
-    MakeChange(form, "loading", Extent::File, [&] {
-        LoadExpFile(ps, path, false, ok); // a failure leaves the table as it is
-        if (!ok)
-            return;
-        ps.DataFilePath = path;
-        ps.DataFileTitle = FileName(path);
-        ps.DataDir = DirectoryOf(path);
-        ps.DataIsSession = false;
-        CheckExpData(ps);
-    });
     if (!ok)
         return;
     NoteSaved(form);
     ShowFromTop(form);
+}
+
+void LoadIntoEditor(frmDatedit& form, const std::string& path) {
+    if (!TakeFile(form, path, path, "loading"))
+        return;
+    NoteSaved(form);
+    ShowFromTop(form);
+}
+
+void frmDatedit::LoadPrevious(const std::string& path) {
+    if (!TakeFile(*this, path, std::string(ps.DataFilePath), "previous version"))
+        return;
+    ps.ExpDataChanged = true; // the file holds the later one
+    ShowFromTop(*this);
 }
 
 void ReplaceTable(frmDatedit& form, const std::string& name, Extent extent,
@@ -190,6 +192,8 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
     MakeChange(form, name, Extent::File, [&] {
         FuClearExpData(ps);
         ps.DataFileTitle.clear();
+        ps.ExpComment.clear();
+        ps.LambdaInf = ps.LambdaZero = 0;
         if (!timeUnit.empty())
             ps.TimeUnitText = timeUnit;
         WriteNumbers(form, numbers, columns, 1);
@@ -238,6 +242,15 @@ bool cmdApply_Click(frmDatedit& form) {
 }
 
 void OK_Click(frmDatedit& form) {
+    if (IsLinePending(form))
+        OKinput_Click(form); // what is typed is meant
+    if (IsLinePending(form)) {
+        if (Ask(JoinLines({"The input line holds no positive value and is not taken over.",
+                           "Close all the same?"}),
+                "WARNING", Icon::Question, Buttons::YesNo, Answer::No) != Answer::Yes)
+            return;
+        SetEditMode(form, form.EditMode);
+    }
     if (cmdApply_Click(form))
         UnloadForm(form.ps.desktop, form);
 }

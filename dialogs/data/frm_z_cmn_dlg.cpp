@@ -94,6 +94,18 @@ void PreviewProject(frmZCmnDlg& form, const std::string& path) {
     form.Label7.text = " " + dataFile + "   from  " + date;
 }
 
+/// The path of a file whose name may be written in capitals; the one that is given without such.
+std::string PathAnyCase(const std::string& path) {
+    std::error_code none;
+    if (std::filesystem::exists(path, none))
+        return path;
+    const std::string name = UpperCase(FileName(path));
+    for (const auto& entry : std::filesystem::directory_iterator(DirectoryOf(path), none))
+        if (UpperCase(entry.path().filename().string()) == name)
+            return entry.path().string();
+    return path;
+}
+
 void Accept(frmZCmnDlg& form) {
     form.accepted = true;
     UnloadForm(form.ps.desktop, form);
@@ -229,6 +241,7 @@ void filOpenList_KeyPress(frmZCmnDlg& form, int& key) {
     }
     GoTo(form, form.directory);
     form.txtOpenFile.text.clear();
+    form.setFocus = &form.txtOpenFile; // nothing is chosen until somebody chooses
 }
 
 void cmdOpenOK_Click(frmZCmnDlg& form) {
@@ -241,7 +254,8 @@ void cmdOpenOK_Click(frmZCmnDlg& form) {
         Accept(form);
         return;
     }
-    const std::string path = typed.starts_with('/') ? typed : JoinPath(form.directory, typed);
+    const std::string path =
+        PathAnyCase(typed.starts_with('/') ? typed : JoinPath(form.directory, typed));
     if (!typed.empty() && std::filesystem::is_regular_file(path)) {
         form.directory = std::filesystem::path(path).parent_path().string();
         form.txtOpenFile.text = FileName(path);

@@ -1,4 +1,5 @@
 // The commands of the X-Y editor: removing all, transforms, diagram, files, print.
+#include "data/file_dialog.h"
 #include "data/previous_version.h"
 #include "dialogs/data/frm_zxy_editor.h"
 #include "engine/arithmetic.h"
@@ -192,31 +193,58 @@ void cmdDrawManu_Click(frmZXYEditor& form) {
 
 // ---------------------------------------------------------------- files
 
-void LoadIntoEditor(frmZXYEditor& form, const std::string& path) {
-    XYFile file;
+namespace {
+
+/// Nothing when the file can't be read (a box told).
+std::optional<XYFile> ReadPairs(const std::string& path) {
     try {
-        file = ParseXY(ReadFile(path));
+        return ParseXY(ReadFile(path));
     } catch (const std::runtime_error& error) { // FileError, FormatError
         ShowMessage(error.what(), "ERROR", Icon::Critical);
-        return;
+        return std::nullopt;
     }
-    MakeChange(form, "loading", ListState::Extent::File, [&] {
+}
+
+/// Makes a file's pairs the list as one step.
+/// Given: path: which the list then belongs to
+void ShowPairs(frmZXYEditor& form, const XYFile& file, const std::string& path,
+               const std::string& step) {
+    MakeChange(form, step, ListState::Extent::File, [&] {
         form.ps.XYFile = path;
         SetPoints(form, file.points);
     });
-    TakeFolder(form, path);
     form.txtComment.text = file.comment;
-    form.caption = "Loaded: " + FileName(path);
     form.EditMode = true;
     Refill(form);
+}
+
+void TellBadLines(const XYFile& file) {
+    if (file.badLines == 0)
+        return;
+    ShowMessage(
+        std::to_string(file.badLines) +
+            (file.badLines > 1 ? " lines are no pairs of numbers" : " line is no pair of numbers") +
+            " (line " + std::to_string(file.firstBadLine) + " of the file first)." + kCrLf +
+            "What could not be read counts as 0.",
+        "Not all could be read", Icon::Warning);
+}
+
+} // namespace
+
+void LoadIntoEditor(frmZXYEditor& form, const std::string& path) {
+    const std::optional<XYFile> file = ReadPairs(path);
+    if (!file)
+        return;
+    ShowPairs(form, *file, path, "loading");
+    TakeFolder(form, path);
+    form.caption = "Loaded: " + FileName(path);
     NoteSaved(form);
-    if (file.badLines > 0)
-        ShowMessage(std::to_string(file.badLines) +
-                        (file.badLines > 1 ? " lines are no pairs of numbers"
-                                           : " line is no pair of numbers") +
-                        " (line " + std::to_string(file.firstBadLine) + " of the file first)." +
-                        kCrLf + "What could not be read counts as 0.",
-                    "Not all could be read", Icon::Warning);
+    TellBadLines(*file);
+}
+
+void frmZXYEditor::LoadPrevious(const std::string& path) {
+    if (const std::optional<XYFile> file = ReadPairs(path))
+        ShowPairs(*this, *file, std::string(ps.XYFile), "previous version");
 }
 
 void cmdLoad_Click(frmZXYEditor& form) {
@@ -236,11 +264,12 @@ void cmdLoad_Click(frmZXYEditor& form) {
 void cmdSave_Click(frmZXYEditor& form) {
     if (!HasLines(form))
         return;
+    const SavePlace place = PlaceToSave(form.ps, form.ps.XYFile, form.ps.XYDir, ".XY");
     const std::optional<FileChoice> choice = host().chooseFile({
         .save = true,
         .title = "(Curve)Points Save as ... ",
-        .directory = form.ps.XYDir,
-        .name = form.ps.XYFile,
+        .directory = place.directory,
+        .name = place.name,
         .extension = ".XY",
         .filters = {{"x-y data (*.XY)", "*.XY"}},
         .overwritePrompt = true,

@@ -61,6 +61,8 @@ struct frmZXYEditor : ListEditor {
     void SetChanged(bool changed) override { XYChanged = changed; }
     void RefreshCommands() override;
     std::vector<int> ColumnsForPaste(int first, std::size_t count) const override;
+    std::string FileOfList() const override { return ps.XYFile; }
+    void LoadPrevious(const std::string& path) override;
     void Keep(ListState& state) const override;
     void BringBack(const ListState& state, const ListState& other) override;
 };

@@ -4,6 +4,7 @@
 #include "platform/host.h"
 #include "platform/number_text.h"
 
+#include <filesystem>
 #include <numeric>
 
 namespace zorvant {
@@ -31,7 +32,7 @@ struct Marked {
 
 Marked MarkedIn(const ListEditor& form) {
     const GridRange& range = form.Grid.selection;
-    if (range.lastRow < 0 || form.Rows() == 0)
+    if (range.lastRow < 0 || range.firstRow >= form.Rows())
         return {};
     return {.first = range.firstRow + 1,
             .last = std::min(range.lastRow + 1, form.Rows()),
@@ -58,6 +59,12 @@ std::vector<int> AllRows(const ListEditor& form) {
     std::vector<int> rows(Index(form.Rows()));
     std::iota(rows.begin(), rows.end(), 1);
     return rows;
+}
+
+TableLayout LayoutOfCopies(bool decimalComma) {
+    TableLayout layout;
+    layout.decimals.assign(kMaxColumns, decimalComma ? DecimalSign::Comma : DecimalSign::Point);
+    return layout;
 }
 
 void TellNothingMarked() {
@@ -173,6 +180,27 @@ void cmdAus_Click(ListEditor& form) {
     FillGridRow(form, row);
 }
 
+void cmdInsert_Click(ListEditor& form) {
+    if (!HasRoom(form, Index(form.Rows()) + 1))
+        return;
+    const int row = std::clamp(form.Grid.row + 1, 1, form.Rows() + 1);
+    MakeChange(form, "inserting", ListState::Extent::Rows, [&] {
+        form.Resize(form.Rows() + 1);
+        std::vector<int> rows = AllRows(form);
+        std::rotate(rows.begin() + row - 1, rows.end() - 1, rows.end());
+        form.Arrange(rows);
+    });
+    form.SetChanged(true);
+    form.EditMode = true;
+    form.CurrentRow = row;
+    form.Grid.row = row - 1;
+    form.Grid.selection = {};
+    FillGrid(form);
+    form.RefreshCommands();
+    SetEditMode(form, true);
+    form.setFocus = &form.Grid;
+}
+
 void cmdErase_Click(ListEditor& form) {
     if (!HasLines(form))
         return;
@@ -279,20 +307,40 @@ void cmdClipboard_Click(ListEditor& form) {
             numbers.values.push_back(form.Value(row, column));
         numbers.rowStart.push_back(static_cast<std::uint32_t>(numbers.values.size()));
     }
-    host().setClipboardText(WriteTable(numbers));
+    form.copied = WriteTable(numbers);
+    if (form.ps.DecimalComma)
+        std::ranges::replace(form.copied, '.', ',');
+    host().setClipboardText(form.copied);
 }
 
 void cmdClipEinfuegen_Click(ListEditor& form) {
     const std::optional<std::string> text = host().clipboardText();
     if (!text || text->empty())
         return;
-    const std::optional<TableNumbers> numbers = ReadPastedTable(*text);
+    const PastePlace place = PlaceOfPaste(form);
+    const bool own = *text == form.copied;
+    if (!own && form.PastedElsewhere(*text, place.value))
+        return;
+    const std::optional<TableNumbers> numbers =
+        own ? ReadTable(*text, LayoutOfCopies(form.ps.DecimalComma)) : ReadPastedTable(*text);
     if (!numbers)
         return;
-    const PastePlace place = PlaceOfPaste(form);
     const std::vector<int> columns = form.ColumnsForPaste(place.value, numbers->Columns());
     if (PutNumbers(form, *numbers, columns, place.line, "pasting"))
         TellSurplusColumns(*numbers, columns.size());
+}
+
+// ---------------------------------------------------------------- the version before
+
+void cmdPrevious_Click(ListEditor& form) {
+    const std::string file = form.FileOfList(), path = file + "~";
+    std::error_code none;
+    if (file.empty() || !std::filesystem::is_regular_file(path, none))
+        ShowMessage("There is no previous version. One is kept beside the file when the file is "
+                    "saved again.",
+                    form.cmdPrevious.text, Icon::Information);
+    else
+        form.LoadPrevious(path);
 }
 
 } // namespace zorvant

@@ -24,6 +24,24 @@ void ShowRowText(const ListEditor& form, int row, std::vector<std::string>& cell
         cells[Index(kFirstValue + column)] = form.CellText(row, column);
 }
 
+/// Columns that hold nothing, so that the zeros in them do not look like values.
+void ShowPaleColumns(ListEditor& form) {
+    form.Grid.paleColumns.assign(form.rules.columns.size(), false);
+    for (int column = 0; column < form.Values(); ++column) {
+        int row = 1;
+        while (row <= form.Rows() && form.Value(row, column) == 0)
+            ++row;
+        form.Grid.paleColumns[Index(kFirstValue + column)] = row > form.Rows();
+    }
+}
+
+/// The empty row at the end, which takes what is typed or pasted there.
+void ShowOpenRow(ListEditor& form) {
+    form.Grid.cells.resize(Index(form.Rows()));
+    if (form.Rows() < form.rules.mostRows)
+        form.Grid.cells.emplace_back(form.rules.columns.size());
+}
+
 void ShowLineNumber(ListEditor& form, int row) {
     form.lblZeile.text = "line " + std::to_string(row);
 }
@@ -106,6 +124,23 @@ void Grid_Select(ListEditor& form) {
     ShowLineNumber(form, form.LineShown(row));
 }
 
+constexpr auto kIsEmpty = [](const std::string& text) { return text.empty(); };
+
+/// The boxes into a row, a new one at the end if need be. A box that still shows what it was given
+/// leaves the value of its row with all digits.
+void TakeInputLine(ListEditor& form, int row) {
+    const bool fresh = row > form.Rows();
+    if (fresh)
+        form.Resize(row);
+    for (int box = 0; box < form.Values(); ++box) {
+        const std::string& text = form.boxes[Index(box)]->text;
+        if (text != form.shown[Index(box)])
+            form.SetValue(row, box, Val(text));
+        else if (fresh && !text.empty())
+            form.SetValue(row, box, form.Value(form.CurrentRow, box));
+    }
+}
+
 // ---------------------------------------------------------------- wiring
 
 void WireBoxes(ListEditor& form) {
@@ -131,10 +166,12 @@ void WireCommands(ListEditor& form) {
     form.cmdUndo.onClick = [&form] { cmdUndo_Click(form); };
     form.cmdRedo.onClick = [&form] { cmdRedo_Click(form); };
     form.cmdAus.onClick = [&form] { cmdAus_Click(form); };
+    form.cmdInsert.onClick = [&form] { cmdInsert_Click(form); };
     form.cmdErase.onClick = [&form] { cmdErase_Click(form); };
     form.cmdEraseSelected.onClick = [&form] { FuCellsClear(form); };
     form.cmdClipboard.onClick = [&form] { cmdClipboard_Click(form); };
     form.cmdClipEinfuegen.onClick = [&form] { cmdClipEinfuegen_Click(form); };
+    form.cmdPrevious.onClick = [&form] { cmdPrevious_Click(form); };
 }
 
 void SetUpGrid(ListEditor& form) {
@@ -157,6 +194,8 @@ ListEditor::ListEditor(const char* formName, const char* formCaption, Workspace&
     SetUpGrid(*this);
     cmdUndo.shortcut = "Ctrl+Z";
     cmdRedo.shortcut = "Ctrl+Shift+Z";
+    cmdInsert.toolTip = " an empty line above the one at the cursor ";
+    cmdPrevious.toolTip = " what the file held before it was saved the last time ";
     cmdClipboard.toolTip = " corresponds to <Ctrl><C> in the list ";
 }
 
@@ -182,6 +221,7 @@ TextField& FirstEnabledBox(const ListEditor& form) {
 
 void FillGridRow(ListEditor& form, int row) {
     ShowRowText(form, row, form.Grid.cells.at(Index(row - 1)));
+    ShowPaleColumns(form);
     ++form.Grid.revision;
 }
 
@@ -197,11 +237,13 @@ void FillGrid(ListEditor& form) {
         grid.selection = {};
         return;
     }
-    grid.cells.resize(Index(count));
+    ShowOpenRow(form);
     for (int row = 1; row <= count; ++row)
         ShowRowText(form, row, grid.cells[Index(row - 1)]);
-    grid.row = std::min(grid.row, count - 1);
-    if (grid.selection.lastRow >= count)
+    ShowPaleColumns(form);
+    const int last = static_cast<int>(grid.cells.size()) - 1;
+    grid.row = std::min(grid.row, last);
+    if (grid.selection.lastRow > last)
         grid.selection = {};
     form.CurrentRow = std::clamp(form.CurrentRow, 1, count);
 }
@@ -240,6 +282,14 @@ void SetEditMode(ListEditor& form, bool edit) {
     ShowLineNumber(form, form.Rows() + 1);
     for (TextField* field : form.boxes)
         field->text.clear();
+    std::ranges::fill(form.shown, "");
+}
+
+bool IsLinePending(const ListEditor& form) {
+    for (int box = 0; box < form.Values(); ++box)
+        if (form.boxes[Index(box)]->text != form.shown[Index(box)])
+            return true;
+    return false;
 }
 
 // ---------------------------------------------------------------- the input line
@@ -250,28 +300,23 @@ void optInputMode_Click(ListEditor& form, int mode) {
 }
 
 void OKinput_Click(ListEditor& form) {
-    if (!form.MayTakeInputLine()) {
+    const bool add = !form.EditMode;
+    // A row that was clicked while lines are added is a pattern for the next one; as it stands it
+    // would only be there twice.
+    const bool again = add && !IsLinePending(form) && !std::ranges::all_of(form.shown, kIsEmpty);
+    if (again || !form.MayTakeInputLine()) {
         host().beep();
         return;
     }
-    const bool add = !form.EditMode;
     const int row = add ? form.Rows() + 1 : form.CurrentRow;
     if (!HasRoom(form, Index(row)))
         return;
     const std::string name = (add ? "input of line " : "editing of line ") + std::to_string(row);
-    MakeChange(form, name, ListState::Extent::Rows, [&] {
-        if (add)
-            form.Resize(row);
-        for (int box = 0; box < form.Values(); ++box) {
-            const std::string& text = form.boxes[Index(box)]->text;
-            if (add || text != form.shown[Index(box)])
-                form.SetValue(row, box, Val(text));
-        }
-    });
+    MakeChange(form, name, ListState::Extent::Rows, [&] { TakeInputLine(form, row); });
     form.CurrentRow = row;
     form.InputLineTaken(row);
     if (add) {
-        form.Grid.cells.resize(Index(row));
+        ShowOpenRow(form);
         form.Grid.row = row - 1;
         form.Grid.selection = {};
     }
@@ -285,18 +330,31 @@ void OKinput_Click(ListEditor& form) {
 // ---------------------------------------------------------------- entry in the list
 
 void Grid_Edit(ListEditor& form, int gridRow, int column) {
-    if (gridRow >= form.Rows()) { // the row that says that there is none
+    const int row = gridRow + 1;
+    const bool fresh = row > form.Rows();
+    const std::string text = CommasToPoints(form.Grid.cells.at(Index(gridRow)).at(Index(column)));
+    const bool mark = column == kMarkColumn;
+    if (fresh && (mark || Trim(text).empty() || !HasRoom(form, Index(row)))) {
         FillGrid(form);
         return;
     }
-    const int row = gridRow + 1;
-    const std::string text = CommasToPoints(form.Grid.cells.at(Index(gridRow)).at(Index(column)));
-    const bool mark = column == kMarkColumn;
     const int value = mark ? form.Mark() : column - kFirstValue;
     const double number = mark ? (text == kOff ? -1 : 0) : Val(text);
-    MakeChange(form, (mark ? "switching of line " : "entry in line ") + std::to_string(row),
-               ListState::Extent::Rows, [&] { form.SetValue(row, value, number); });
+    const char* const what = fresh  ? "input of line "
+                             : mark ? "switching of line "
+                                    : "entry in line ";
+    MakeChange(form, what + std::to_string(row), ListState::Extent::Rows, [&] {
+        if (fresh)
+            form.Resize(row);
+        form.SetValue(row, value, number);
+    });
     form.SetChanged(true);
+    if (fresh) {
+        form.CurrentRow = row;
+        ShowOpenRow(form);
+        form.RefreshCommands();
+        ShowLineNumber(form, form.LineShown(row));
+    }
     FillGridRow(form, row);
     if (mark || form.CurrentRow != row || !form.boxes[Index(value)]->enabled)
         return;

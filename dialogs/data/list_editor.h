@@ -72,10 +72,12 @@ struct ListEditor : Form {
     Button cmdUndo{*this, "cmdUndo", "Undo"};
     Button cmdRedo{*this, "cmdRedo", "Redo"};
     Button cmdAus{*this, "cmdAus", "Line active/inactive"};
+    Button cmdInsert{*this, "cmdInsert", "Insert line"};
     Button cmdErase{*this, "cmdErase"};
     Button cmdEraseSelected{*this, "cmdEraseSelected", "Marked cell(s) => 0"};
     Button cmdClipboard{*this, "cmdClipboard", "Copy"};
     Button cmdClipEinfuegen{*this, "cmdClipEinfuegen"};
+    Button cmdPrevious{*this, "cmdPrevious", "Previous version ..."};
 
     bool EditMode = false; ///< the input line edits a row; false: it adds one
     int CurrentRow = 1;    ///< line in the input line, from 1
@@ -88,6 +90,7 @@ struct ListEditor : Form {
     bool changing = false;     ///< a change of this editor runs
     /// What the boxes were given; a box that still shows it leaves the value with all its digits.
     std::vector<std::string> shown;
+    std::string copied; ///< what went to the clipboard from here: its decimal sign is known
 
     // --- the table: rows from 1, columns from 0
     virtual int Rows() const = 0;
@@ -113,6 +116,11 @@ struct ListEditor : Form {
     /// The columns that take so many pasted ones from the one at the cursor on; what has no room is
     /// left out.
     virtual std::vector<int> ColumnsForPaste(int first, std::size_t count) const;
+    /// A pasted text that had better be imported. Returned: true when it is no longer to be pasted.
+    virtual bool PastedElsewhere(const std::string&, int /*firstColumn*/) { return false; }
+    /// The file of the list, "" without one / the version of it that was saved before takes its place.
+    virtual std::string FileOfList() const = 0;
+    virtual void LoadPrevious(const std::string& path) = 0;
     /// What belongs to the list beside its rows.
     virtual void Keep(ListState& state) const = 0;
     /// Brings that back, before the rows / deals with the rows that came back.
@@ -138,6 +146,8 @@ void FillGrid(ListEditor& form);
 void FillGridRow(ListEditor& form, int row);
 /// After a change of many rows: the list, the commands, the input line.
 void Refill(ListEditor& form);
+/// Whether something stands in the input line that the list does not have.
+bool IsLinePending(const ListEditor& form);
 /// The current row into the boxes, or empty boxes without one.
 void ShowInputLine(ListEditor& form);
 /// Adding or editing; the first choice falls back to adding where there is no row.
@@ -176,10 +186,12 @@ void optInputMode_Click(ListEditor& form, int mode);
 void OKinput_Click(ListEditor& form);
 void Grid_Edit(ListEditor& form, int row, int column);
 void cmdAus_Click(ListEditor& form);
+void cmdInsert_Click(ListEditor& form);
 void cmdErase_Click(ListEditor& form);
 void FuCellsClear(ListEditor& form);
 void cmdClipboard_Click(ListEditor& form);
 void cmdClipEinfuegen_Click(ListEditor& form);
+void cmdPrevious_Click(ListEditor& form);
 void cmdUndo_Click(ListEditor& form);
 void cmdRedo_Click(ListEditor& form);
 

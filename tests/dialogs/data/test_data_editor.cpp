@@ -137,17 +137,55 @@ TEST_F(DataEditor, CouplesArePastedIntoRateAndSubstrate) {
     EXPECT_FALSE(editor.y(6).enabled);
 }
 
-TEST_F(DataEditor, AFailedLoadCanBeTakenBackAndForeignChangesEndTheHistory) {
+TEST_F(DataEditor, KeepsTheTableWhenAFileCannotBeReadAndTakesAnEmptyOne) {
     Open({{.t = 1, .cA = 2}});
+    ps.DataFilePath = "before";
     WriteFileAtomically(folder / "bad.ZI3", "nothing");
-    bench.host.files = {FileChoice{folder / "bad.ZI3"}};
+    WriteFileAtomically(folder / "none.ZI3", "no rows yet\r\nmin\r\nhead\r\n0\r\n");
+    bench.host.files = {FileChoice{folder / "bad.ZI3"}, FileChoice{folder / "none.ZI3"}};
+    Press(editor.cmdLoadFile);
+    EXPECT_EQ(ps.ExpPointCount, 1);
+    EXPECT_EQ(ps.DataFilePath, "before");
+    EXPECT_TRUE(editor.cmdSave.enabled);
     Press(editor.cmdLoadFile);
     EXPECT_EQ(ps.ExpPointCount, 0);
+    EXPECT_EQ(editor.txtComment.text, "no rows yet");
     EXPECT_FALSE(editor.cmdSave.enabled);
-    Press(editor.cmdUndo);
-    EXPECT_EQ(ps.ExpPointCount, 1);
-    EXPECT_EQ(ps.ExpData[1].cA, 2);
+}
 
+TEST_F(DataEditor, GoesBackToThePreviousVersionAndSuggestsANameBesideTheProject) {
+    ps.ProjectFile = folder / "ester.ZC3";
+    Open({{.t = 1}});
+    for (const char* time : {"2", "3"}) {
+        Edit(0, 2, time);
+        bench.host.files = {FileChoice{folder / "ester.ZI3"}};
+        Press(editor.cmdSave);
+    }
+    EXPECT_EQ(bench.host.fileRequests.front().name, "ester.ZI3");
+    Press(editor.cmdPrevious);
+    EXPECT_THAT(Times(), ElementsAre(2));
+    EXPECT_TRUE(ps.ExpDataChanged);
+    EXPECT_EQ(ps.DataFileTitle, "ester.ZI3");
+    Press(editor.cmdUndo);
+    EXPECT_THAT(Times(), ElementsAre(3));
+    EXPECT_FALSE(ps.ExpDataChanged);
+}
+
+TEST_F(DataEditor, TakesTheInputLineOverWhenItIsLeft) {
+    Open({{.t = 1}});
+    bench.Retype(editor.y(0), "2");
+    Press(editor.OK);
+    EXPECT_THAT(Times(), ElementsAre(2));
+    Open({{.t = 1}});
+    bench.Retype(editor.y(0), "4");
+    bench.host.answers = {Answer::Cancel, Answer::No};
+    EXPECT_FALSE(UnloadForm(ps.desktop, editor));
+    EXPECT_TRUE(UnloadForm(ps.desktop, editor));
+    EXPECT_THAT(Times(), ElementsAre(1));
+}
+
+TEST_F(DataEditor, ForeignChangesEndTheHistory) {
+    Open({{.t = 1, .cA = 2}});
     ps.ExpData = {{}, {.t = 8}, {.t = 9}}; // another project was loaded
     ps.ExpPointCount = 2;
     ps.ExpDataChanged = false;

@@ -121,6 +121,50 @@ TEST_P(BothEditors, CopyWhatPastesBackUnchanged) {
     EXPECT_EQ(bench.host.clipboard, copied);
 }
 
+TEST_P(BothEditors, CopyWithTheSystemsDecimalSign) {
+    ps.DecimalComma = true;
+    bench.host.answers = {Answer::No}; // 1234 is meant
+    Paste("1,234\t0,5\n");
+    Edit(0, 2, "1,234");
+    Select(0, 0);
+    Key(kKeyCopy);
+    EXPECT_THAT(bench.host.clipboard.value(), testing::StartsWith("1,234\t"));
+    const auto boxes = bench.host.boxes.size();
+    Select(1, 1, 2, 2);
+    Key(kKeyPaste);
+    EXPECT_EQ(Rows().at(1), Rows().at(0));
+    EXPECT_EQ(bench.host.boxes.size(), boxes); // its own text leaves nothing open
+}
+
+TEST_P(BothEditors, TakeRowsInTheEmptyOneAtTheEndAndInsertLines) {
+    Paste("1\t2\n");
+    Edit(1, 3, "5");
+    EXPECT_EQ(Rows(), (Numbers{{1, 2, 0}, {0, 5, 0}}));
+    EXPECT_EQ(list.Grid.cells.size(), 3U);
+    EXPECT_EQ(Cell(2, 1) + Cell(2, 2), "");
+    Select(2, 2, 2, 2);
+    Paste("7\t8\n");
+    Select(1, 1);
+    Press(list.cmdInsert);
+    EXPECT_EQ(Rows(), (Numbers{{1, 2, 0}, {0, 0, 0}, {0, 5, 0}, {7, 8, 0}}));
+    EXPECT_EQ(list.CurrentRow, 2);
+    Edit(1, 2, "");
+    Select(4, 4); // the empty row alone is nothing to remove
+    Press(list.cmdErase);
+    EXPECT_EQ(Box().text, "No marked item!");
+}
+
+TEST_P(BothEditors, AddAClickedRowOnlyWithAChangeAndWithAllItsDigits) {
+    Paste("0.123456789\t3\n");
+    Press(list.optInputMode, 0);
+    Select(0, 0);
+    Press(list.OKinput);
+    EXPECT_EQ(list.Rows(), 1);
+    bench.Retype(*list.boxes[1], "4");
+    Press(list.OKinput);
+    EXPECT_EQ(Rows().at(1), (std::vector<double>{Rows()[0][0], 4, 0}));
+}
+
 TEST_P(BothEditors, AskWhereAPastedTextIsOpenAndTellWhatIsLeftOut) {
     for (const Answer answer : {Answer::Cancel, Answer::Yes, Answer::No}) {
         bench.host.answers = {answer};
