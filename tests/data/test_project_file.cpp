@@ -1,5 +1,6 @@
 #include "data/exp_data.h"
 #include "data/project_file.h"
+#include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/paths.h"
@@ -105,6 +106,9 @@ TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
 TEST_F(ProjectFiles, OfTheLastSessionStandUntilAnotherOneHasContent) {
     const std::string path = folder / "ZorLastSession.ZC3";
     InitProjectState(ps);
+    SelectionDefaultTimes(ps);
+    SelectionDefaultConcentrations(ps);
+    SelectionDefaultConstants(ps);
     const ProjectState untouched = ps;
     const auto save = [&](const ProjectState& state) {
         ps = state;
