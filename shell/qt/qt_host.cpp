@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/plot_text.h"
 #include "shell/qt/qt_text.h"
 
 #include <QtPrintSupport/QPrintDialog>
@@ -167,15 +168,13 @@ std::optional<std::uint32_t> ChooseColour(std::uint32_t present) {
 
 std::optional<FontChoice> ChooseFont(const FontChoice& present) {
     const PlainPointer pointer;
-    QFont font(ToQt(present.family));
+    QFont font = ToFont(present, 1); // the family that is drawn
     font.setPointSizeF(present.size);
-    font.setBold(present.bold);
-    font.setItalic(present.italic);
     bool chosen = false;
     font = QFontDialog::getFont(&chosen, font, QApplication::activeWindow());
     if (!chosen)
         return std::nullopt;
-    return FontChoice{.family = FromQt(font.family()),
+    return FontChoice{.family = FromQt(ClassicFontName(font)),
                       .size = font.pointSizeF(),
                       .bold = font.bold(),
                       .italic = font.italic()};

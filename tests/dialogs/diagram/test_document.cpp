@@ -263,6 +263,7 @@ TEST_F(Document, OffersToDeleteAPointByLeftClick) {
     MouseDown(ps, doc, MouseButton::Left, at.x, at.y);
     EXPECT_TRUE(scripted.boxes.empty()) << "not while zooming";
     CancelRubberZoom(doc.surface);
+    scripted.answers = {Answer::Yes};
     MouseDown(ps, doc, MouseButton::Left, at.x, at.y);
     EXPECT_EQ(scripted.boxes.size(), 1U);
     EXPECT_EQ(GetPointCount(doc.surface, kLines, 1), 200);
