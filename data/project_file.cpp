@@ -5,6 +5,7 @@
 #include "data/file_dialog.h"
 #include "data/formats/zc3.h"
 #include "engine/reaction_catalogue.h"
+#include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -66,6 +67,8 @@ template <class Field, class Value> void Take(Field& field, const std::optional<
 }
 
 void TakeProject(ProjectState& ps, const Zc3File& file) {
+    if (file.timeUnit)
+        TakeUnitOfConstants(ps, *file.timeUnit);
     Take(ps.ProjectComment, file.comment);
     if (file.model) {
         ps.RcSMode = *file.model == kEnzymeWithRcS;
@@ -79,7 +82,6 @@ void TakeProject(ProjectState& ps, const Zc3File& file) {
     Take(ps.ScaleOneSpecies, file.scaleOneSpecies);
     Take(ps.tMax, file.tMax);
     Take(ps.tVerweil, file.tVerweil);
-    Take(ps.TimeUnitText, file.timeUnit);
 }
 
 /// The file of this name in the folder, in any case when there is none of just this one.

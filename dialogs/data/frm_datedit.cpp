@@ -114,7 +114,7 @@ void PutBack(frmDatedit& form, const ExpTableState& state, const ExpTableState& 
     if (state.extent == Extent::Unit)
         ChangeTimeUnit(ps, unit, from);
     if (state.extent == Extent::File && from == TimeUnitIndex(other.timeUnit)) {
-        ps.TimeUnitText = state.timeUnit;
+        TakeUnitOfRows(ps, state.timeUnit);
         TellUnitOfData(ps);
     }
     if (state.extent == Extent::File || state.extent == Extent::Data) {

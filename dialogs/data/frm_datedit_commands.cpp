@@ -276,7 +276,7 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
         ps.ExpData.assign(2, {});
         ps.DataFileTitle.clear();
         if (!timeUnit.empty())
-            ps.TimeUnitText = timeUnit;
+            TakeUnitOfRows(ps, timeUnit);
         WriteNumbers(ps, numbers, columns, 1);
     });
     form.saved = {};
