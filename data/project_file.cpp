@@ -46,7 +46,8 @@ Zc3File ProjectOf(const ProjectState& ps, CalcTask open) {
     file.date = host().dateAndTime();
     file.comment = ps.ProjectComment;
     file.dataFile = FileName(ps.DataFilePath);
-    file.model = IsEnzymeModel(ps.ModelId) && ps.RcSMode ? kEnzymeWithRcS : ps.ModelId;
+    if (ps.ModelId != kKindBloodAlcohol) // that is none of the models
+        file.model = IsEnzymeModel(ps.ModelId) && ps.RcSMode ? kEnzymeWithRcS : ps.ModelId;
     for (std::size_t i = 0; i < file.k.size(); ++i)
         file.k[i] = ps.k[i + 1];
     file.window = CodeOf(open);

@@ -274,6 +274,7 @@ struct MenuRow {
     const char* control;
     const char* caption;
     int helpTopic = 0;
+    const char* shortcut = ""; ///< "Ctrl+O"
 };
 
 struct PictureContents {
@@ -284,7 +285,8 @@ struct Picture : ControlOf<Kind::Picture, PictureContents> {
     Handler onClick;
 };
 
-/// N controls of one name, addressed by index from First on: Array<TextField, 17> Inp{*this, "Inp"}.
+/// N controls of one name, addressed by index from First on:
+/// Array<TextField, 17> Inp{*this, "Inp"}.
 template <class T, int N, int First = 0> struct Array {
     Array(Form& owner, const std::string& base)
         : Array(owner, base, std::make_integer_sequence<int, N>{}) {}
@@ -338,7 +340,7 @@ struct Form {
     void Declare();
     void Reset();
     Control* Find(const std::string& controlName);
-    /// Takes a control of a common part out of a form that does not have it; it is then never shown.
+    /// Takes a control of a common part out of a form that lacks it; it is then never shown.
     void Omit(Control& control);
 
 private:

@@ -44,7 +44,7 @@ std::int64_t RoundHalfEven(double value);
 std::string CommasToPoints(std::string text);
 
 /// The key filter of all numeric fields: a comma becomes a point.
-/// Returned: false for a key that a number can't hold (digits, point, signs, E, e and backspace can).
+/// Returned: false for a key that no number can hold (digits, point, signs, E, e, backspace can).
 bool FilterNumericKey(int& key);
 
 /// Letters A..Z from a..z, others as they are; Latin-1 letters of UTF-8 text too.

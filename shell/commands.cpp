@@ -1,23 +1,16 @@
 #include "shell/commands.h"
 
-#include "data/exp_data.h"
-#include "data/exp_file.h"
-#include "data/project_file.h"
-#include "dialogs/common/calc_dialog.h"
 #include "dialogs/common/names.h"
-#include "dialogs/common/time_unit_change.h"
-#include "dialogs/data/frm_datedit.h"
-#include "dialogs/data/frm_zxy_editor.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "platform/host.h"
-#include "platform/number_text.h"
+#include "shell/command_steps.h"
+#include "shell/project_commands.h"
 #include "shell/project_status.h"
-#include "shell/protocol_name.h"
+#include "shell/start_up.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <stdexcept>
 
 namespace zorvant {
@@ -28,44 +21,6 @@ constexpr const char* kTitle =
     "Evaluation of Experiments";
 constexpr const char* kNotYet = "not yet available";
 constexpr int kHelpMainWindow = 10250, kHelpFirstSteps = 11223;
-
-// ---------------------------------------------------------------- small steps of the commands
-
-std::string Lines(std::initializer_list<const char*> lines) {
-    std::string text;
-    for (const char* line : lines)
-        text.append(text.empty() ? "" : kCrLf).append(line);
-    return text;
-}
-
-void Unload(MDIZOR& form, const char* name) {
-    if (Form* const open = FindForm(form.ps.desktop, name))
-        UnloadForm(form.ps.desktop, *open);
-}
-
-void Show(MDIZOR& form, const char* name) {
-    if (Form* const known = FindForm(form.ps.desktop, name))
-        ShowForm(form.ps.desktop, *known);
-}
-
-void PressIn(MDIZOR& form, const char* dialog, const char* button) {
-    const Form* const open = FindForm(form.ps.desktop, dialog);
-    if (open == nullptr || !open->loaded)
-        return;
-    for (Control* control : open->controls)
-        if (control->name == button && control->kind == Kind::Button)
-            Press(static_cast<Button&>(*control));
-}
-
-void Enable(MDIZOR& form, std::initializer_list<const char*> names) {
-    for (const char* name : names)
-        form.Entry(name).enabled = true;
-}
-
-void EnableTools(MDIZOR& form, std::initializer_list<int> indices) {
-    for (const int index : indices)
-        form.Tool(index).enabled = true;
-}
 
 // ---------------------------------------------------------------- the commands
 
@@ -228,15 +183,9 @@ void NameSteps(MDIZOR& form, const std::string& index) {
     }
 }
 
-/// Replaces the table so that the editor can take it back.
-/// Given: timeUnit: of the times that stand in the table
-void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
-                 const std::string& timeUnit, const Handler& replace) {
-    if (auto* const editor =
-            dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, name::kDataEditor)))
-        ReplaceTable(*editor, name, extent, timeUnit, replace);
-    else
-        replace();
+void OpenEditMenu(MDIZOR& form, const std::string& index) {
+    form.Entry("mnuPaste" + index).enabled = host().clipboardText().has_value();
+    NameSteps(form, index);
 }
 
 /// For the status line: that unsaved work would not survive a crash, and why; empty when it would.
@@ -247,20 +196,53 @@ std::string UnsafeNote(const MDIZOR& form) {
     return {};
 }
 
-/// Steps 3 to 5 of the load commands.
-/// Given: unitBefore: the time unit before the project was read
-void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
-                       const std::string& heading, const std::string& unitBefore) {
-    Enable(form, {"mnuNeudat", "mnuSaveProject"});
-    EnableTools(form, {14, 8});
-    if (!dataFile.empty()) {
-        Enable(form, {"mnuEditDat"});
-        EnableTools(form, {16});
+void MakeEntries(MDIZOR& form) {
+    for (const MenuRow& row : MainMenu()) {
+        form.entries.push_back(std::make_unique<MenuEntry>(form, row.control, row.caption));
+        form.entries.back()->helpTopic = row.helpTopic;
     }
-    ReplaceData(form, "loading project data", ExpTableState::Extent::Data, unitBefore,
-                [&] { LoadDataOfProject(form.ps, path, dataFile); });
-    ReopenModelDialog(form);
-    ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
+}
+
+std::string ToolName(int index) {
+    return "Toolbar1_" + std::to_string(index);
+}
+
+void MakeTools(MDIZOR& form) {
+    for (const ToolRow& row : MainToolbar()) {
+        form.tools.push_back(std::make_unique<Button>(form, ToolName(row.index), row.text));
+        form.tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
+    }
+}
+
+void HideWhatIsNotOffered(MDIZOR& form) {
+    for (const char* hiddenMenu : {"mnuOptionenTools", name::kMenuOfData, name::kMenuOfList})
+        form.Entry(hiddenMenu).visible = false;
+    // It does the same as 14; without it the data editor is the fifth icon, as the status box says.
+    form.Tool(2).visible = false;
+    form.Entry("mnuctAusw_4").enabled = false;
+}
+
+/// What is looked at as a menu opens.
+void WireMenus(MDIZOR& form) {
+    form.Entry("mnuReaktor").onOpen = [&form] { OpenReactorMenu(form); };
+    form.Entry("mnuExpctAuswertung").onOpen = [&form] { form.ps.LambdaMode = false; };
+    form.Entry("mnuCalcTangente").onOpen = [&form] { OpenTangentMenu(form); };
+    form.Entry(name::kMenuOfData).onOpen = [&form] { OpenEditMenu(form, "1"); };
+    form.Entry(name::kMenuOfList).onOpen = [&form] { OpenEditMenu(form, "2"); };
+}
+
+void WireFirstSteps(MDIZOR& form) {
+    form.cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
+    form.cmdErstnutzer.onClick = [] { host().showHelp(kHelpFirstSteps); };
+}
+
+void WireRecovery(MDIZOR& form) {
+    form.recoveries.emplace_back(form.ps, DataRecovery(form.ps));
+    form.tmrRecovery.interval = kRecoveryInterval;
+    form.tmrRecovery.onTick = [&form] {
+        for (RecoveryKeeper& keeper : form.recoveries)
+            keeper.Keep();
+    };
 }
 
 } // namespace
@@ -270,43 +252,17 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
 MDIZOR::MDIZOR(Workspace& state) : Form(name::kMainWindow, kTitle), ps(state) {
     helpTopic = kHelpMainWindow;
     menu = MainMenu();
-    for (const MenuRow& row : MainMenu()) {
-        entries.push_back(std::make_unique<MenuEntry>(*this, row.control, row.caption));
-        entries.back()->helpTopic = row.helpTopic;
-    }
-    for (const ToolRow& row : MainToolbar()) {
-        const std::string control = "Toolbar1_" + std::to_string(row.index);
-        tools.push_back(std::make_unique<Button>(*this, control, row.text));
-        tools.back()->toolTip = row.tip[0] == '\0' ? row.text : row.tip;
-    }
-    recoveries.emplace_back(ps, DataRecovery(ps));
+    MakeEntries(*this);
+    MakeTools(*this);
     WireCommands(*this);
     SetDisabledTips(*this);
-    cmdErstnutzer.toolTip = " Introduction to ZORVANT by means of examples (german)";
-    cmdErstnutzer.onClick = [] { host().showHelp(kHelpFirstSteps); };
-
-    for (const char* hiddenMenu : {"mnuOptionenTools", "mnuEdit1", "mnuEdit2"})
-        Entry(hiddenMenu).visible = false;
-    // It does the same as 14; without it the data editor is the fifth icon, as the status box says.
-    Tool(2).visible = false;
-    Entry("mnuctAusw_4").enabled = false;
-    Entry("mnuReaktor").onOpen = [this] { OpenReactorMenu(*this); };
-    Entry("mnuExpctAuswertung").onOpen = [this] { ps.LambdaMode = false; };
-    Entry("mnuCalcTangente").onOpen = [this] { OpenTangentMenu(*this); };
-    for (const char* index : {"1", "2"})
-        Entry(std::string("mnuEdit") + index).onOpen = [this, index] {
-            Entry(std::string("mnuPaste") + index).enabled = host().clipboardText().has_value();
-            NameSteps(*this, index);
-        };
-
+    HideWhatIsNotOffered(*this);
+    WireMenus(*this);
+    WireFirstSteps(*this);
+    WireRecovery(*this);
     onLoad = [this] { MDIZOR_Load(*this); };
     onModelChanged = [this] { ModelChanged(*this); };
-    tmrRecovery.interval = kRecoveryInterval;
-    tmrRecovery.onTick = [this] {
-        for (RecoveryKeeper& keeper : recoveries)
-            keeper.Keep();
-    };
-    onRefresh = [this] { lblStatus.text = StatusLine(ps) + UnsafeNote(*this); };
+    onRefresh = [this] { lblStatus.text = StatusLine(ps) + savedNote + UnsafeNote(*this); };
     Declare();
 }
 
@@ -319,7 +275,7 @@ MenuEntry& MDIZOR::Entry(const std::string& control) {
 }
 
 Button& MDIZOR::Tool(int index) {
-    const std::string wanted = "Toolbar1_" + std::to_string(index);
+    const std::string wanted = ToolName(index);
     const auto found =
         std::ranges::find_if(tools, [&](const auto& tool) { return tool->name == wanted; });
     if (found == tools.end())
@@ -346,208 +302,7 @@ void UpdateAvailability(MDIZOR& form) {
             control->disabledTip = kNotYet;
 }
 
-// ---------------------------------------------------------------- start-up
-
-void MDIZOR_Load(MDIZOR& form) {
-    Workspace& ps = form.ps;
-    InitProjectState(ps);
-    for (const int index : {8, 16})
-        form.Tool(index).enabled = false;
-    form.Entry("mnuEditDat").enabled = false;
-    ps.ProtocolFile = NextProtocolName(
-        ps.ProgramDir, form.protocolDate.empty() ? DateDigits() : form.protocolDate);
-    for (const StartPosition& place : StartPositions())
-        if (Form* const dialog = FindForm(ps.desktop, place.form)) {
-            dialog->left = place.left;
-            dialog->top = place.top;
-        }
-    form.recoveries.clear();
-    form.recoveries.emplace_back(ps, DataRecovery(ps));
-    if (auto* const list = dynamic_cast<frmZXYEditor*>(FindForm(ps.desktop, name::kXYEditor)))
-        form.recoveries.emplace_back(ps, ListRecovery(*list));
-    UpdateAvailability(form);
-    ModelChanged(form);
-    Show(form, name::kModel);
-}
-
-void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
-    Workspace& ps = form.ps;
-    ps.ProjectFile = commandLine;
-    std::erase(ps.ProjectFile, '"');
-    if (ps.ProjectFile.empty())
-        return;
-    const std::string path = ps.ProjectFile, unitBefore = ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(ps, path, dataFile, ok);
-    if (!ok) {
-        ps.ProjectFile.clear();
-        ReopenModelDialog(form);
-        return;
-    }
-    ps.ProjectTitle = FileName(path);
-    ps.ProjectDir = DirectoryOf(path);
-    if (dataFile.empty()) {
-        Enable(form, {"mnuSaveProject"});
-        EnableTools(form, {8});
-        ReopenModelDialog(form);
-        return;
-    }
-    TakeLoadedProject(form, path, dataFile, "", unitBefore);
-}
-
-void OfferLostData(MDIZOR& form) {
-    for (RecoveryKeeper& keeper : form.recoveries)
-        OfferRecovery(form.ps, keeper);
-    TellUnitOfData(form.ps);
-    if (!form.ps.ExpDataChanged)
-        return;
-    Enable(form, {"mnuEditDat"});
-    EnableTools(form, {16});
-    Unload(form, name::kDataEditor);
-    Show(form, name::kDataEditor);
-}
-
-void OpenProject(MDIZOR& form, const std::string& path) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(form.ps, path, dataFile, ok);
-    if (!ok)
-        return;
-    form.ps.ProjectFile = path;
-    form.ps.ProjectTitle = FileName(path);
-    form.ps.ProjectDir = DirectoryOf(path);
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
-}
-
-// ---------------------------------------------------------------- dialogs
-
-void ReopenModelDialog(MDIZOR& form) {
-    Unload(form, name::kModel);
-    Show(form, name::kModel);
-}
-
-void OpenDialogSet(MDIZOR& form, const DialogSet& set) {
-    Workspace& ps = form.ps;
-    Form* const opened = FindForm(ps.desktop, set.opens);
-    if (opened == nullptr)
-        return;
-    if (set.refusesEnzyme && IsEnzymeModel(ps.ModelId)) {
-        ShowMessage("Sorry, under construction", "Execution not possible", Icon::Critical);
-        return;
-    }
-    if (Form* const model = FindForm(ps.desktop, name::kModel); model && set.hidesModelDialog)
-        HideForm(*model);
-    for (const char* name : set.closes)
-        if (name != nullptr)
-            Unload(form, name);
-    ps.IsTubular = set.isTubular.value_or(ps.IsTubular);
-    ps.IsCSTR = set.isCSTR.value_or(ps.IsCSTR);
-    ps.IsCascade = set.isCascade.value_or(ps.IsCascade);
-    ps.RateDiagram = set.rateDiagram.value_or(ps.RateDiagram);
-    if (set.clearsFitMode)
-        ps.FitMode = kNoFit;
-    ShowForm(ps.desktop, *opened);
-    if (set.presses != nullptr)
-        PressIn(form, set.opens, set.presses);
-    auto* const calculation = dynamic_cast<CalcDialog*>(opened);
-    if (calculation == nullptr || !opened->loaded)
-        return;
-    // Both show the same model: the model dialog adapts the calculation dialog as it opens.
-    ReopenModelDialog(form);
-    ShowForm(ps.desktop, *opened);
-    if (calculation->onInit)
-        calculation->onInit();
-}
-
-// ---------------------------------------------------------------- projects, data, exit
-
-void mnuLoadLastSession_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string dataFile;
-    bool ok = false;
-    FuLoadProjectFile(form.ps, form.ps.LastSessionFile, dataFile, ok);
-    if (!ok)
-        return;
-    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "", unitBefore);
-}
-
-void mnuLoadProject_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
-    std::string path, dataFile;
-    bool ok = false, cancelled = false;
-    FuLoadProjectDialog(form.ps, path, dataFile, ok, cancelled);
-    if (cancelled || !ok)
-        return;
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
-}
-
-void mnuSaveProject_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    FuSaveProjectDialog(form.ps, OpenCalculation(form.ps));
-}
-
-void mnuNeudat_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    Workspace& ps = form.ps;
-    const std::string question =
-        Lines({"New data input is expected;", "an existing set of data will be deleted.", "",
-               "Would you like that?"});
-    if (ps.ExpPointCount > 0 &&
-        Ask(question, "WARNING", Icon::Warning, Buttons::YesNo) == Answer::No)
-        return;
-    ReplaceData(form, "new data", ExpTableState::Extent::File, ps.TimeUnitText, [&] {
-        FuClearExpData(ps);
-        ps.ExpData.assign(2, {});
-        ps.LambdaInf = ps.LambdaZero = 0;
-        CheckExpData(ps);
-    });
-    Unload(form, name::kDataEditor);
-    Show(form, name::kDataEditor);
-}
-
-void mnuEditDat_Click(MDIZOR& form) {
-    Unload(form, name::kBloodAlcohol);
-    if (form.ps.ExpPointCount > 0)
-        Show(form, name::kDataEditor);
-}
-
-void mnuExit_Click(MDIZOR& form) {
-    if (form.exiting)
-        return;
-    form.exiting = true;
-    Workspace& ps = form.ps;
-    bool cancelled = false;
-    if (ps.ExpDataChanged && ps.ExpPointCount > 0) {
-        std::string file;
-        AskSaveExpData(ps, file, cancelled); // whatever the answer, the exit goes on
-    }
-    form.tmrRecovery.interval = 0;
-    RecoveryKeeper& data = form.recoveries.front();
-    cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
-    FuSaveProjectFile(ps, ps.LastSessionFile, OpenCalculation(ps));
-    const std::string protocol = ps.ProtocolFile.find_first_of("/\\") == std::string::npos
-                                     ? JoinPath(ps.ProgramDir, ps.ProtocolFile)
-                                     : ps.ProtocolFile;
-    std::error_code error;
-    if (!ps.ProtocolFile.empty() && std::filesystem::is_regular_file(protocol, error) &&
-        std::filesystem::file_size(protocol, error) == 0)
-        std::filesystem::remove(protocol, error);
-    // Closing is a stop to whatever still runs in a dialog.
-    const std::vector<Form*> open = ps.desktop.order;
-    for (auto each = open.rbegin(); each != open.rend(); ++each)
-        if (*each != &form)
-            UnloadForm(ps.desktop, **each);
-    // Likewise a list whose closing was cancelled, though the exit can't be.
-    for (std::size_t i = 1; i < form.recoveries.size(); ++i)
-        form.recoveries[i].Keep();
-    host().closeHelp();
-    host().quit();
-}
+// ---------------------------------------------------------------- small commands
 
 void mnuConvertTool1W_Click(MDIZOR& form) {
     const std::string program = JoinPath(form.ps.ProgramDir, "ConvertTool1W_E.EXE");

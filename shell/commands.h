@@ -1,5 +1,5 @@
-// The main window as a record, and its commands: what each closes, which context it sets, what it
-// opens. Start-up and exit stand here because they are the first and the last command.
+// The main window as a record, and what each entry of its menus does: which dialogs a command
+// closes, which context it sets, what it opens.
 #pragma once
 
 #include "data/recovery.h"
@@ -35,18 +35,8 @@ struct MDIZOR : Form {
 
     std::string protocolDate; ///< YYMMDD for the name of the protocol file; empty: today
     bool exiting = false;
+    std::string savedNote; ///< for the status line: what the last command saved, and when
 };
-
-/// Start-up: start values, the model dialog, the first places of the dialogs.
-void MDIZOR_Load(MDIZOR& form);
-/// The second half of start-up, when the window stands: the project named on the command line.
-/// Given: commandLine   a path, double quotes in it are dropped; empty: none. The name of a file
-///                      that can't be read is forgotten: saving must not offer it
-void OpenCommandLine(MDIZOR& form, const std::string& commandLine);
-/// The last step of start-up: data that a crash has left are offered and shown in their editor.
-void OfferLostData(MDIZOR& form);
-/// Loads a project as the command does, without the question for its name.
-void OpenProject(MDIZOR& form, const std::string& path);
 
 /// Commands whose dialog is not in the table of forms, or that nothing carries out, can't be used
 /// and say so. Runs at start-up; to be run again when a form or a command has been added.
@@ -57,14 +47,6 @@ void OpenDialogSet(MDIZOR& form, const DialogSet& set);
 /// Closes the model dialog and opens it anew, so that it shows the state.
 void ReopenModelDialog(MDIZOR& form);
 
-void mnuLoadLastSession_Click(MDIZOR& form);
-void mnuLoadProject_Click(MDIZOR& form);
-void mnuSaveProject_Click(MDIZOR& form);
-void mnuNeudat_Click(MDIZOR& form);
-void mnuEditDat_Click(MDIZOR& form);
-/// Saves what has to be saved, writes the last session and ends the program; also run when the
-/// window is closed. Can't be refused; a second call while it runs does nothing.
-void mnuExit_Click(MDIZOR& form);
 void mnuConvertTool1W_Click(MDIZOR& form);
 void mnuHilfeHinweis_Click(MDIZOR& form);
 void mnuInfo_Click(MDIZOR& form);

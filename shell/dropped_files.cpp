@@ -5,6 +5,7 @@
 #include "dialogs/data/frm_import_text.h"
 #include "dialogs/data/frm_zxy_editor.h"
 #include "platform/number_text.h"
+#include "shell/project_commands.h"
 
 #include <algorithm>
 

@@ -2,6 +2,7 @@
 
 #include "data/exp_file.h"
 #include "data/folder_list.h"
+#include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -78,7 +79,9 @@ void ShowProjectStatus(const Workspace& ps, const std::string& dataFile,
 }
 
 std::string StatusLine(const Workspace& ps) {
-    std::string line = ModelCaption(ps) + "     time unit: " + ps.TimeUnitText + "     data: ";
+    const bool isModel = ps.ModelId != kKindBloodAlcohol;
+    std::string line = isModel ? ModelCaption(ps) : "metabolism of blood alcohol";
+    line += "     time unit: " + ps.TimeUnitText + "     data: ";
     if (ps.ExpPointCount == 0)
         return line + "none";
     line += ps.DataFilePath.empty() ? "not yet saved" : FileName(ps.DataFilePath);

@@ -10,9 +10,9 @@ packages=(
   clang-format
   fonts-liberation fonts-dejavu-core
 )
-# CI and the developer's checks: sanitizers and fuzzing, a screen without a screen, another reader of
-# metafiles.
-check_packages=(clang libclang-rt-14-dev xvfb xauth openbox xdotool imagemagick emf2svg)
+# CI and the developer's checks (--all): clang-tidy, fuzzing, a screen without a screen, another
+# reader of metafiles.
+check_packages=(clang clang-tidy libclang-rt-14-dev xvfb xauth openbox xdotool imagemagick emf2svg)
 
 wanted=("${packages[@]}")
 [ "${1:-}" = "--all" ] && wanted+=("${check_packages[@]}")

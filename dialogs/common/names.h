@@ -19,6 +19,12 @@ inline constexpr const char* kXYEditor = "frmZXYEditor";
 inline constexpr const char* kImportText = "frmImportText";
 inline constexpr const char* kArrhenius = "frmArrheniusRechner";
 inline constexpr const char* kBloodAlcohol = "frmBlutalkohol";
+inline constexpr const char* kFitting = "frmZFitting";
+inline constexpr const char* kTangent = "frmCalcTangente";
+inline constexpr const char* kTracer = "frmVerweilzeit";
+inline constexpr const char* kResidence = "frmVerweilCalc";
+inline constexpr const char* kFileDialog = "frmZCmnDlg";
+inline constexpr const char* kComment = "frmCommentInput";
 inline constexpr const char* kDiagram = "frmZGraph2D";
 inline constexpr const char* kGraphCalculator = "frmZGraphCalc";
 

@@ -16,6 +16,7 @@
 #include "shell/qt/plot_output.h"
 #include "shell/qt/qt_host.h"
 #include "shell/qt/qt_text.h"
+#include "shell/start_up.h"
 
 #include "ui_frmCommentInput.h"
 #include "ui_frmDatedit.h"
@@ -49,7 +50,7 @@ Dialog& Application::Register(WindowPlacement placement, Further&... further) {
 /// The table of forms: a dialog that stands here exists, and the commands that open it can be used.
 void Application::RegisterForms() {
     Register<frmZorModel, Ui::frmZorModel>(WindowPlacement::BesideOthers);
-    Register<frmmatrix, Ui::frmmatrix>(WindowPlacement::RightEdge);
+    Register<frmmatrix, Ui::frmmatrix>(WindowPlacement::BesideOpener);
     auto madeGraph = std::make_unique<frmZGraph2D>(ps_);
     frmZGraph2D& graph = *madeGraph;
     forms_.push_back(std::move(madeGraph));
@@ -57,6 +58,11 @@ void Application::RegisterForms() {
         graph, [&graph] { return new GraphWindow(graph); }, WindowPlacement::RightEdge,
         WindowLife::Kept);
     DiagramDocument& document = graph;
+    tellScreen_ = [this, &document] {
+        const QSize screen = window_->screen()->availableSize();
+        document.screenWidth = screen.width();
+        document.screenHeight = screen.height();
+    };
     Register<frmPrepareTimeDiagram, Ui::frmPrepareTimeDiagram>(WindowPlacement::Stored, document);
     Register<frmZGraphCalc, Ui::frmZGraphCalc>(WindowPlacement::Stored, document);
     Register<frmSimTabelle, Ui::frmSimTabelle>();
@@ -84,6 +90,8 @@ Application::~Application() = default;
 
 void Application::Start(const std::string& commandLine) {
     window_->Open();
+    tellScreen_();
+    QObject::connect(window_->windowHandle(), &QWindow::screenChanged, window_.get(), tellScreen_);
     ShowForm(ps_.desktop, record_);
     Binder::PushAll();
     // Boxes that loading may show need the window behind them.

@@ -5,6 +5,7 @@
 #include "shell/commands.h"
 #include "shell/qt/main_window.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -38,6 +39,7 @@ private:
     MDIZOR record_{ps_};
     std::vector<std::unique_ptr<Form>> forms_;
     std::unique_ptr<MainWindow> window_;
+    std::function<void()> tellScreen_; ///< the size of the screen to the diagram, which asks it
 };
 
 /// Runs the program with its window.

@@ -16,7 +16,7 @@
 //   ComboBox      QComboBox                      Picture      any; QLabel where it has a file
 //   ListBox       QListWidget
 //
-// A hidden control keeps its room, unless its widget has the dynamic property "collapses".
+// A hidden control keeps its room, unless its layout says otherwise (layout_properties.h).
 #pragma once
 
 #include "platform/controls.h"
@@ -25,13 +25,21 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 class QAbstractButton;
+class QComboBox;
+class QFocusEvent;
 class QKeyEvent;
+class QLineEdit;
+class QMouseEvent;
+class QPlainTextEdit;
+class QTableView;
+class QTabWidget;
 
 namespace zorvant {
 
@@ -80,6 +88,7 @@ private:
         return nullptr;
     }
     void LinkWidget(Control& control, QWidget& widget, const Option* option = nullptr);
+    void CheckInputs();
     void Bind(Control& control);
     void BindLabel(Label& label);
     void BindFrame(Frame& frame);
@@ -97,21 +106,34 @@ private:
     void BindMenuEntry(MenuEntry& entry);
     void BindPicture(Picture& picture);
     void BindEscape();
-    void CheckInputs();
 
+    void BindLine(TextField& field, QLineEdit& line);
+    void BindLines(TextField& field, QPlainTextEdit& edit);
+    void BindLineOf(ComboBox& box, QComboBox& widget);
     KeyFilter* FilterKeys(QWidget& editor, Control& control, const KeyHandler& handler);
+    void Edited(Control& control, bool announced, const KeyHandler& announce,
+                const Handler& onChange);
+    void TakeFromGrid(Grid& grid, QTableView& view, const std::shared_ptr<bool>& pushing);
+    void TakeFromPanel(TabPanel& panel, QTabWidget& widget);
+
+    void PushWindow();
+    static void PushLooks(Link& link);
     void PushFocus();
+
+    static bool IsRunning(const Control* control);
     const Link* LinkOf(const QObject* watched) const;
     QAbstractButton* UsableButton(bool ButtonContents::*role) const;
-    void FocusCame(Control& control);
-    void FocusWent(Control& control);
+    bool RootEvent(QEvent& event);
+    void FocusMoved(const QObject* watched, const QFocusEvent& event);
+    bool KeyPressed(const QObject* watched, QKeyEvent& event);
+    void Clicked(const QObject* watched, const QMouseEvent& event);
     bool KeyOnList(Control& control, QWidget& widget, QKeyEvent& event);
 
     Form& form_;
     QWidget& root_;
     std::vector<Link> links_;
-    std::vector<std::function<void()>>
-        pushes_;                     ///< the contents that a kind of control has of its own
+    /// The contents that a kind of control has of its own.
+    std::vector<std::function<void()>> pushes_;
     std::set<const QObject*> known_; ///< widgets that have a record
     std::string faults_;             ///< collected while binding
     bool detached_ = false;

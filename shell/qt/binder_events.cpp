@@ -1,7 +1,6 @@
-// The part of the binder that deals with grids and with what the toolkit tells by events alone:
-// focus, keys of lists and grids, Enter and Esc, clicks on labels and pictures.
+// What the toolkit tells by events alone: focus, keys of lists and grids, Enter and Esc, clicks on
+// labels and pictures, the wheel.
 #include "shell/qt/binder.h"
-#include "shell/qt/grid_model.h"
 #include "shell/qt/key_filter.h"
 
 #include <QtWidgets>
@@ -9,121 +8,53 @@
 namespace zorvant {
 namespace {
 
-/// Room at both sides of a cell's text, in characters.
-constexpr int kCellMargin = 2;
-/// Rows that are looked at when a column takes the width of its contents: enough for numbers of one
-/// kind, and a table of any length opens at once.
-constexpr int kRowsMeasured = 100;
-
 bool IsEnter(const QKeyEvent& key) {
     return (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) &&
            !(key.modifiers() & ~Qt::KeypadModifier);
 }
 
-GridRange RangeOf(const QItemSelection& selection) {
-    GridRange range;
-    for (const QItemSelectionRange& part : selection) {
-        if (range.lastRow < 0) {
-            range = {part.top(), part.left(), part.bottom(), part.right()};
-            continue;
-        }
-        range.firstRow = std::min(range.firstRow, part.top());
-        range.firstColumn = std::min(range.firstColumn, part.left());
-        range.lastRow = std::max(range.lastRow, part.bottom());
-        range.lastColumn = std::max(range.lastColumn, part.right());
-    }
-    return range;
+/// A field with nothing to take back leaves the keys of undo to its dialog.
+bool LeavesUndo(QObject& watched, const QKeyEvent& key) {
+    const QLineEdit* const line = LineOf(watched);
+    return line != nullptr && ((key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
+                               (key.matches(QKeySequence::Redo) && !line->isRedoAvailable()));
 }
 
-void SetColumnWidths(QTableView& view, const Grid& grid) {
-    const int character = view.fontMetrics().horizontalAdvance(u'0');
-    for (int column = 0; column < static_cast<int>(grid.heads.size()); ++column) {
-        const auto at = static_cast<std::size_t>(column);
-        if (at < grid.columnWidths.size() && grid.columnWidths[at] > 0)
-            view.setColumnWidth(column, (grid.columnWidths[at] + kCellMargin) * character);
-        else
-            view.resizeColumnToContents(column);
+/// Esc in an open drop-down list closes the list; the dialog's own Esc is not meant.
+bool IsEscapeOfList(const QObject& watched, const QKeyEvent& key) {
+    return key.key() == Qt::Key_Escape && qobject_cast<const QAbstractItemView*>(&watched) &&
+           static_cast<const QWidget&>(watched).window()->windowType() == Qt::Popup;
+}
+
+/// A key that may be a shortcut comes first as a question. Returned: whether it is answered here.
+bool AnswersShortcut(QObject& watched, QKeyEvent& key) {
+    if (IsEscapeOfList(watched, key)) {
+        key.accept();
+        return true;
     }
+    if (!LeavesUndo(watched, key))
+        return false;
+    key.ignore();
+    return true;
+}
+
+/// A wheel turned to scroll the window must not change a number on its way.
+bool PassesOn(const QWidget& widget, QEvent& wheel) {
+    const bool takes = qobject_cast<const QComboBox*>(&widget) ||
+                       qobject_cast<const QAbstractSpinBox*>(&widget) ||
+                       qobject_cast<const QSlider*>(&widget);
+    if (!takes || widget.hasFocus())
+        return false;
+    wheel.ignore();
+    return true;
+}
+
+/// A control of one kind with a handler of its own, run.
+template <class Kind> void RunClick(Control& control) {
+    Binder::Run(&control, static_cast<Kind&>(control).onClick);
 }
 
 } // namespace
-
-void Binder::BindGrid(Grid& grid) {
-    auto* const view = qobject_cast<QTableView*>(Require<QTableView>(grid.name, "grid"));
-    if (view == nullptr)
-        return;
-    LinkWidget(grid, *view);
-    view->installEventFilter(this);
-    const auto run = [this, &grid](const Handler& handler) {
-        if (!detached_)
-            Run(&grid, handler);
-    };
-    auto* const model = new GridModel(grid, run, view);
-    view->setModel(model);
-    view->setItemDelegate(new GridDelegate(grid, run, view));
-    view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
-                          QAbstractItemView::AnyKeyPressed);
-    view->setSelectionMode(QAbstractItemView::ContiguousSelection);
-    view->verticalHeader()->hide();
-    view->setWordWrap(false); // a number would be broken at its point
-    view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    view->verticalHeader()->setDefaultSectionSize(view->fontMetrics().height() * 3 / 2);
-    view->horizontalHeader()->setResizeContentsPrecision(kRowsMeasured);
-    view->setContextMenuPolicy(Qt::CustomContextMenu);
-
-    const auto pushing = std::make_shared<bool>(false);
-    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [view, &grid, pushing] {
-                if (!*pushing)
-                    grid.selection = RangeOf(view->selectionModel()->selection());
-            });
-    connect(view->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            [&grid, pushing](const QModelIndex& current) {
-                if (*pushing)
-                    return;
-                grid.row = current.row();
-                grid.column = current.column();
-                Run(&grid, grid.onSelect);
-            });
-    connect(view->horizontalHeader(), &QHeaderView::sectionClicked, this, [&grid](int column) {
-        Run(&grid, [&] {
-            if (grid.onHeadClick)
-                grid.onHeadClick(column);
-        });
-    });
-    connect(view, &QAbstractItemView::doubleClicked, this,
-            [&grid] { Run(&grid, grid.onDoubleClick); });
-    connect(view, &QWidget::customContextMenuRequested, this,
-            [&grid] { Run(&grid, grid.onContextMenu); });
-
-    pushes_.emplace_back([&grid, view, model, pushing, widths = std::vector<int>(),
-                          heads = std::size_t{0}]() mutable {
-        *pushing = true;
-        model->Refresh();
-        if (heads != grid.heads.size() || widths != grid.columnWidths) {
-            heads = grid.heads.size();
-            widths = grid.columnWidths;
-            SetColumnWidths(*view, grid);
-        }
-        QItemSelectionModel& selected = *view->selectionModel();
-        const QModelIndex wanted = model->index(grid.row, std::max(grid.column, 0));
-        const QModelIndex current = selected.currentIndex();
-        if (wanted.isValid() && (wanted != current)) {
-            selected.setCurrentIndex(wanted, QItemSelectionModel::NoUpdate);
-            view->scrollTo(wanted);
-        }
-        if (grid.selection != RangeOf(selected.selection())) {
-            const GridRange& range = grid.selection;
-            const QModelIndex first = model->index(range.firstRow, range.firstColumn);
-            const QModelIndex last = model->index(range.lastRow, range.lastColumn);
-            if (first.isValid() && last.isValid())
-                selected.select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
-            else
-                selected.clearSelection();
-        }
-        *pushing = false;
-    });
-}
 
 void Binder::BindEscape() {
     auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &root_);
@@ -143,90 +74,78 @@ QAbstractButton* Binder::UsableButton(bool ButtonContents::*role) const {
 }
 
 const Binder::Link* Binder::LinkOf(const QObject* watched) const {
-    // The line of a combo box stands for the box.
-    const QObject* const wanted =
-        qobject_cast<const QComboBox*>(watched->parent()) != nullptr ? watched->parent() : watched;
-    const auto found = std::ranges::find(links_, wanted, &Link::widget);
+    const auto found = std::ranges::find(links_, watched, &Link::widget);
     return found == links_.end() ? nullptr : &*found;
 }
 
 bool Binder::eventFilter(QObject* watched, QEvent* event) {
     if (detached_)
         return false;
-    if (watched == &root_) {
-        if (event->type() == QEvent::Resize && form_.onResize && form_.loaded)
-            Run(nullptr, form_.onResize);
-        if (event->type() != QEvent::KeyPress || !IsEnter(static_cast<QKeyEvent&>(*event)))
-            return false;
-        QAbstractButton* const button = UsableButton(&ButtonContents::isDefault);
-        if (button != nullptr)
-            button->click();
-        return button != nullptr;
-    }
+    if (watched == &root_)
+        return RootEvent(*event);
     switch (event->type()) {
     case QEvent::ShortcutOverride:
-        // A field with nothing to take back leaves the keys of undo to its dialog.
-        if (const auto* const line = qobject_cast<const QLineEdit*>(watched)) {
-            const auto& key = static_cast<const QKeyEvent&>(*event);
-            if ((key.matches(QKeySequence::Undo) && !line->isUndoAvailable()) ||
-                (key.matches(QKeySequence::Redo) && !line->isRedoAvailable())) {
-                event->ignore();
-                return true;
-            }
-        }
-        return false;
+        return AnswersShortcut(*watched, static_cast<QKeyEvent&>(*event));
     case QEvent::FocusIn:
-    case QEvent::FocusOut: {
-        // A box or a menu that comes between is no leaving and coming back.
-        const Qt::FocusReason reason = static_cast<QFocusEvent&>(*event).reason();
-        const bool moves = reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason;
-        if (const Link* link = moves ? LinkOf(watched) : nullptr)
-            event->type() == QEvent::FocusIn ? FocusCame(*link->control)
-                                             : FocusWent(*link->control);
+    case QEvent::FocusOut:
+        FocusMoved(watched, static_cast<QFocusEvent&>(*event));
         return false;
-    }
-    case QEvent::Wheel: {
-        // A wheel turned to scroll the window must not change a number on its way.
-        const auto& widget = static_cast<const QWidget&>(*watched);
-        const bool takes = qobject_cast<const QComboBox*>(&widget) ||
-                           qobject_cast<const QAbstractSpinBox*>(&widget) ||
-                           qobject_cast<const QSlider*>(&widget);
-        if (!takes || widget.hasFocus())
-            return false;
-        event->ignore();
-        return true;
-    }
+    case QEvent::Wheel:
+        return PassesOn(static_cast<QWidget&>(*watched), *event);
     case QEvent::KeyPress:
-        if (const Link* link = LinkOf(watched);
-            link != nullptr &&
-            (link->control->kind == Kind::Grid || link->control->kind == Kind::ListBox))
-            return KeyOnList(*link->control, *link->widget, static_cast<QKeyEvent&>(*event));
-        return false;
+        return KeyPressed(watched, static_cast<QKeyEvent&>(*event));
     case QEvent::MouseButtonRelease:
-        if (static_cast<QMouseEvent&>(*event).button() != Qt::LeftButton)
-            return false;
-        if (const Link* link = LinkOf(watched)) {
-            if (link->control->kind == Kind::Label)
-                Run(link->control, static_cast<Label*>(link->control)->onClick);
-            if (link->control->kind == Kind::Picture)
-                Run(link->control, static_cast<Picture*>(link->control)->onClick);
-        }
+        Clicked(watched, static_cast<QMouseEvent&>(*event));
         return false;
     default:
         return false;
     }
 }
 
-void Binder::FocusCame(Control& control) {
-    if (control.kind == Kind::TextField)
-        Run(&control, static_cast<TextField&>(control).onGotFocus);
-    else if (control.kind == Kind::ComboBox)
-        Run(&control, static_cast<ComboBox&>(control).onGotFocus);
+bool Binder::RootEvent(QEvent& event) {
+    if (event.type() == QEvent::Resize && form_.onResize && form_.loaded)
+        Run(nullptr, form_.onResize);
+    if (event.type() != QEvent::KeyPress || !IsEnter(static_cast<QKeyEvent&>(event)))
+        return false;
+    QAbstractButton* const button = UsableButton(&ButtonContents::isDefault);
+    if (button != nullptr)
+        button->click();
+    return button != nullptr;
 }
 
-void Binder::FocusWent(Control& control) {
-    if (control.kind == Kind::TextField)
-        Run(&control, static_cast<TextField&>(control).onLostFocus);
+void Binder::FocusMoved(const QObject* watched, const QFocusEvent& event) {
+    // A box or a menu that comes between is no leaving and coming back.
+    if (event.reason() == Qt::PopupFocusReason || event.reason() == Qt::ActiveWindowFocusReason)
+        return;
+    const Link* const link = LinkOf(watched);
+    if (link == nullptr)
+        return;
+    Control& control = *link->control;
+    if (control.kind == Kind::TextField) {
+        const auto& field = static_cast<TextField&>(control);
+        Run(&control, event.gotFocus() ? field.onGotFocus : field.onLostFocus);
+    } else if (control.kind == Kind::ComboBox && event.gotFocus()) {
+        Run(&control, static_cast<ComboBox&>(control).onGotFocus);
+    }
+}
+
+bool Binder::KeyPressed(const QObject* watched, QKeyEvent& event) {
+    const Link* const link = LinkOf(watched);
+    if (link == nullptr)
+        return false;
+    const Kind kind = link->control->kind;
+    return (kind == Kind::Grid || kind == Kind::ListBox) &&
+           KeyOnList(*link->control, *link->widget, event);
+}
+
+void Binder::Clicked(const QObject* watched, const QMouseEvent& event) {
+    const Link* const link = event.button() == Qt::LeftButton ? LinkOf(watched) : nullptr;
+    if (link == nullptr)
+        return;
+    if (link->control->kind == Kind::Label)
+        RunClick<Label>(*link->control);
+    else if (link->control->kind == Kind::Picture)
+        RunClick<Picture>(*link->control);
 }
 
 bool Binder::KeyOnList(Control& control, QWidget& widget, QKeyEvent& event) {

@@ -1,6 +1,7 @@
 #include "shell/qt/form_windows.h"
 
 #include "platform/host.h"
+#include "shell/qt/form_frames.h"
 #include "shell/qt/menus.h"
 
 #include <QtWidgets>
@@ -11,72 +12,6 @@ namespace {
 constexpr int kTwipsPerPixel = 15;
 /// Smallest part of a window that scrolls because the work area has no room for it, in pixels.
 constexpr int kLeastWidth = 240, kLeastHeight = 160;
-/// What a window manager adds around a dialog, in pixels.
-constexpr QSize kFrameOfDialog(16, 48);
-
-/// A view of a form's widget that scrolls only when there is no room for the whole of it.
-class FormScroll : public QScrollArea {
-public:
-    explicit FormScroll(QWidget* root) {
-        setFrameShape(QFrame::NoFrame);
-        setWidgetResizable(true);
-        setWidget(root);
-        setFocusPolicy(Qt::NoFocus);
-    }
-    QSize sizeHint() const override { return widget()->sizeHint().expandedTo(NeededSize()); }
-    QSize NeededSize() const {
-        return widget()->minimumSizeHint().expandedTo(widget()->minimumSize());
-    }
-    std::function<void()> onNeededSize; ///< the contents may want another size
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        const bool changed = watched == widget() && event->type() == QEvent::LayoutRequest;
-        const bool done = QScrollArea::eventFilter(watched, event);
-        if (changed && onNeededSize)
-            onNeededSize();
-        return done;
-    }
-};
-
-/// A sub-window that asks before it closes.
-class SubWindow : public QMdiSubWindow {
-public:
-    std::function<void()> onCloseRequest;
-    std::function<void()> onMoved;
-
-protected:
-    void moveEvent(QMoveEvent* event) override {
-        QMdiSubWindow::moveEvent(event);
-        if (onMoved)
-            onMoved();
-    }
-    void closeEvent(QCloseEvent* event) override {
-        event->ignore();
-        if (onCloseRequest)
-            onCloseRequest();
-    }
-};
-
-class ModalWindow : public QDialog {
-public:
-    using QDialog::QDialog;
-    std::function<void()> onCloseRequest;
-    int helpTopic = 0;
-    void reject() override {
-        if (onCloseRequest)
-            onCloseRequest();
-    }
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->matches(QKeySequence::HelpContents))
-            host().showHelp(helpTopic);
-        else
-            QDialog::keyPressEvent(event);
-    }
-};
-
 /// Whether a flag holds for a scope.
 class Flag {
 public:
@@ -89,28 +24,6 @@ private:
     bool& flag_;
     bool before_;
 };
-
-/// The size that a dialog gets on its screen for contents of this size: where they are too high,
-/// there is room for the bar that scrolls them.
-QSize WithinScreen(const QScrollArea& scroll, QSize size) {
-    const QSize room = scroll.screen()->availableSize() - kFrameOfDialog;
-    if (size.height() > room.height())
-        size.rwidth() += scroll.verticalScrollBar()->sizeHint().width();
-    return size.boundedTo(room);
-}
-
-/// Lets the layouts of a window that was never shown take notice of the texts that have been written
-/// into it, from the innermost one outwards; the toolkit does so only for what is seen.
-void MeasureAnew(QWidget& widget) {
-    widget.ensurePolished();
-    for (QObject* child : widget.children())
-        if (child->isWidgetType())
-            MeasureAnew(static_cast<QWidget&>(*child));
-    if (widget.layout() != nullptr) {
-        widget.layout()->invalidate();
-        widget.layout()->activate();
-    }
-}
 
 QWidget* Build(const Form& form, const WidgetFactory& factory) {
     QWidget* const root = factory();
@@ -197,22 +110,32 @@ void FormWindows::Show(Form& form) {
     const Control* const focus = form.setFocus;
     {
         const Flag arranging(arranging_);
+        if (active_ != &form && active_ != nullptr)
+            entry->opener = active_;
         if (!entry->frame)
             OpenWindow(*entry);
         else if (std::exchange(entry->waiting, false))
             PlaceWindow(*entry);
-        if (!form.modal) {
-            auto* const window = static_cast<QMdiSubWindow*>(entry->frame.data());
-            window->show();
-            entry->root->show();
-            area_.setActiveSubWindow(window);
-            active_ = &form;
-        }
+        if (!form.modal)
+            BringForward(*entry);
     }
     form.setFocus = focus; // coming to the front has given it to the first field
     Binder::PushAll();
     if (form.modal)
         RunModal(*entry);
+}
+
+void FormWindows::BringForward(Entry& entry) {
+    auto* const window = static_cast<QMdiSubWindow*>(entry.frame.data());
+    if (std::exchange(entry.wasMaximized, false))
+        window->showMaximized();
+    else if (window->isMinimized())
+        window->showNormal();
+    else
+        window->show();
+    entry.root->show();
+    area_.setActiveSubWindow(window);
+    active_ = entry.form;
 }
 
 void FormWindows::Hide(Form& form) {
@@ -232,18 +155,10 @@ void FormWindows::Close(Form& form) {
         return;
     const Flag arranging(arranging_);
     QWidget* const frame = entry->frame;
-    if (!form.modal && !frame->isHidden() && frame->pos() != entry->opened) {
-        form.left = frame->x() * kTwipsPerPixel;
-        form.top = frame->y() * kTwipsPerPixel;
-        entry->placement = WindowPlacement::Stored; // the user has chosen
-    }
+    KeepPlace(*entry);
     if (active_ == &form)
         active_ = nullptr;
-    // When the command is over and has opened nothing, the window that came to light is in front.
-    QTimer::singleShot(0, &context_, [this] {
-        if (ActiveForm() == nullptr)
-            ActivatedByUser(area_.activeSubWindow());
-    });
+    QTimer::singleShot(0, &context_, [this, opener = entry->opener] { ActivateNext(opener); });
     if (entry->life == WindowLife::Kept) {
         frame->hide();
         entry->waiting = true;
@@ -263,71 +178,144 @@ void FormWindows::Close(Form& form) {
     frame->deleteLater(); // its own event may be under way
 }
 
+/// What a closing window's next opening needs. One that fills the area or is an icon becomes an
+/// ordinary one first: hidden so it would come back without its title.
+void FormWindows::KeepPlace(Entry& entry) {
+    QWidget& frame = *entry.frame;
+    Form& form = *entry.form;
+    if (form.modal) {
+        if (frame.pos() != entry.opened)
+            entry.chosen = frame.pos();
+        return;
+    }
+    entry.wasMaximized = entry.life == WindowLife::Kept && frame.isMaximized();
+    if (frame.isMaximized() || frame.isMinimized())
+        frame.showNormal();
+    if (frame.isHidden() || frame.pos() == entry.opened)
+        return;
+    form.left = frame.x() * kTwipsPerPixel;
+    form.top = frame.y() * kTwipsPerPixel;
+    entry.placement = WindowPlacement::Stored; // the user has chosen
+}
+
+/// When a command that closed a window is over and has opened none, the window from which that one
+/// was opened is in front, else the one that was used last.
+void FormWindows::ActivateNext(Form* wanted) {
+    if (ActiveForm() != nullptr)
+        return;
+    const auto canBe = [this](const Form* form) {
+        const Entry* const entry = form == nullptr ? nullptr : Find(*form);
+        return entry != nullptr && form->loaded && !form->hidden && !form->modal && entry->frame &&
+               entry->frame->isVisible();
+    };
+    if (!canBe(wanted)) {
+        const auto last = std::find_if(desktop_.order.rbegin(), desktop_.order.rend(), canBe);
+        wanted = last == desktop_.order.rend() ? nullptr : *last;
+    }
+    if (wanted == nullptr)
+        return;
+    auto* const window = static_cast<QMdiSubWindow*>(Find(*wanted)->frame.data());
+    area_.setActiveSubWindow(window);
+    ActivatedByUser(window);
+}
+
 void FormWindows::OpenWindow(Entry& entry) {
     Form& form = *entry.form;
     QWidget* const root = Build(form, entry.factory);
     entry.root = root;
     entry.binder = new Binder(form, *root);
-    const auto closeRequest = [this, &form] {
-        UnloadForm(desktop_, form);
-        Binder::PushAll();
-    };
     if (form.modal) {
-        auto* const dialog = new ModalWindow(area_.window());
-        dialog->onCloseRequest = closeRequest;
-        dialog->helpTopic = form.helpTopic;
-        dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
-        auto* const layout = new QVBoxLayout(dialog);
-        layout->setContentsMargins(0, 0, 0, 0);
-        auto* const scroll = new FormScroll(root);
-        layout->addWidget(scroll);
-        dialog->setWindowTitle(root->windowTitle());
-        entry.frame = dialog;
-
-        MeasureAnew(*root);
-        const auto keepWhole = [dialog, scroll] {
-            dialog->setMinimumSize(WithinScreen(*scroll, scroll->NeededSize()));
-        };
-        keepWhole();
-        scroll->onNeededSize = keepWhole;
-        dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
+        FrameDialog(entry);
     } else {
-        auto* const scroll = new FormScroll(root);
-        auto* const window = new SubWindow;
-        window->onCloseRequest = closeRequest;
-        window->setAttribute(Qt::WA_DeleteOnClose, false);
-        if (!root->property("maximizes").toBool())
-            window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
-        window->setWidget(scroll);
-        window->setWindowTitle(root->windowTitle());
-        window->setWindowIcon(QApplication::windowIcon());
-        area_.addSubWindow(window);
-        entry.frame = window;
-        entry.asked = {0, 0};
-
-        MeasureAnew(*root);
-        const QSize border = window->sizeHint() - scroll->sizeHint();
-        // A closed window may live on for a moment, longer than this object at the very end.
-        const auto keepWhole = [area = QPointer(&area_), window, scroll, border] {
-            if (!area)
-                return;
-            const QSize most = area->viewport()->size().expandedTo({kLeastWidth, kLeastHeight});
-            window->setMinimumSize((scroll->NeededSize() + border).boundedTo(most));
-        };
-        keepWhole();
-        scroll->onNeededSize = keepWhole;
-        window->onMoved = [this, &entry] {
-            // Where the user puts it the form knows at once: its unload event may ask.
-            if (arranging_ || !entry.frame || !entry.frame->isVisible() ||
-                entry.frame->isMaximized() || entry.frame->isMinimized())
-                return;
-            entry.form->left = entry.frame->x() * kTwipsPerPixel;
-            entry.form->top = entry.frame->y() * kTwipsPerPixel;
-            entry.placement = WindowPlacement::Stored;
-        };
+        FrameSubWindow(entry);
         PlaceWindow(entry);
     }
     entry.binder->onPushed = [this, &entry] { FollowSize(entry); };
+}
+
+std::function<void()> FormWindows::CloseRequest(Form& form) {
+    return [this, &form] {
+        UnloadForm(desktop_, form);
+        Binder::PushAll();
+    };
+}
+
+void FormWindows::FrameDialog(Entry& entry) {
+    auto* const dialog = new ModalWindow(area_.window());
+    dialog->onCloseRequest = CloseRequest(*entry.form);
+    dialog->helpTopic = entry.form->helpTopic;
+    dialog->setWindowModality(Qt::WindowModal); // the help can be read beside it
+    auto* const layout = new QVBoxLayout(dialog);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto* const scroll = new FormScroll(entry.root);
+    layout->addWidget(scroll);
+    dialog->setWindowTitle(entry.root->windowTitle());
+    entry.frame = dialog;
+
+    MeasureAnew(*entry.root);
+    scroll->onNeededSize = [dialog, scroll] {
+        dialog->setMinimumSize(WithinScreen(*scroll, scroll->NeededSize()));
+    };
+    scroll->onNeededSize();
+    dialog->resize(WithinScreen(*scroll, scroll->sizeHint()));
+    if (entry.chosen)
+        dialog->move(*entry.chosen);
+}
+
+void FormWindows::FrameSubWindow(Entry& entry) {
+    auto* const scroll = new FormScroll(entry.root);
+    auto* const window = new SubWindow;
+    window->onCloseRequest = CloseRequest(*entry.form);
+    window->setAttribute(Qt::WA_DeleteOnClose, false);
+    if (!entry.root->property("maximizes").toBool())
+        window->setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    window->setWidget(scroll);
+    window->setWindowTitle(entry.root->windowTitle());
+    window->setWindowIcon(QApplication::windowIcon());
+    area_.addSubWindow(window);
+    for (QAction* action : window->systemMenu()->actions())
+        action->setShortcuts(QList<QKeySequence>()); // the menu of windows has the same keys
+    entry.frame = window;
+    entry.asked = {0, 0};
+
+    MeasureAnew(*entry.root);
+    // A closed window may live on for a moment, longer than this object at the very end.
+    scroll->onNeededSize = [this, area = QPointer(&area_), &entry, window] {
+        if (area && entry.frame == window)
+            KeepWhole(entry);
+    };
+    KeepWhole(entry);
+    window->onMoved = [this, &entry] { NotePlace(entry); };
+}
+
+/// The contents want another size: the window is never smaller than they need, as far as the work
+/// area has room. One that still has the size that the program gave it takes the new one, larger or
+/// smaller, and stays inside the work area.
+void FormWindows::KeepWhole(Entry& entry) {
+    auto* const window = static_cast<QMdiSubWindow*>(entry.frame.data());
+    const auto* const scroll = static_cast<FormScroll*>(window->widget());
+    const QSize border = window->sizeHint() - scroll->sizeHint();
+    const QSize room = area_.viewport()->size();
+    const QSize needed = scroll->NeededSize() + border;
+    window->setMinimumSize(needed.boundedTo(room.expandedTo({kLeastWidth, kLeastHeight})));
+    const bool ordinary = window->isVisible() && !window->isMaximized() && !window->isMinimized();
+    if (!ordinary || window->size() != entry.fitted || entry.form->width > 0)
+        return;
+    const Flag arranging(arranging_);
+    entry.fitted = WithinRoom(*scroll, scroll->sizeHint() + border, room);
+    window->resize(entry.fitted);
+    window->move(std::min(window->x(), std::max(0, room.width() - window->width())),
+                 std::min(window->y(), std::max(0, room.height() - window->height())));
+}
+
+/// Where the user puts a window the form knows at once: its unload event may ask.
+void FormWindows::NotePlace(Entry& entry) {
+    if (arranging_ || !entry.frame || !entry.frame->isVisible() || entry.frame->isMaximized() ||
+        entry.frame->isMinimized())
+        return;
+    entry.form->left = entry.frame->x() * kTwipsPerPixel;
+    entry.form->top = entry.frame->y() * kTwipsPerPixel;
+    entry.placement = WindowPlacement::Stored;
 }
 
 void FormWindows::PlaceWindow(Entry& entry) {
@@ -341,8 +329,9 @@ void FormWindows::PlaceWindow(Entry& entry) {
     if (form.height > 0)
         size.setHeight(std::max(form.height / kTwipsPerPixel, window->minimumHeight()));
     entry.asked = {form.width, form.height};
-    size = size.boundedTo(area_.viewport()->size());
+    size = WithinRoom(*scroll, size, area_.viewport()->size());
     window->resize(size);
+    entry.fitted = size;
     window->move(PlaceFor(entry, size));
     entry.opened = window->pos();
 }
@@ -352,6 +341,9 @@ QPoint FormWindows::PlaceFor(const Entry& entry, const QSize& size) const {
     QPoint place(entry.form->left / kTwipsPerPixel, entry.form->top / kTwipsPerPixel);
     if (entry.placement == WindowPlacement::RightEdge)
         place.setX(room.width() - size.width());
+    if (const Entry* const opener = entry.opener == nullptr ? nullptr : Find(*entry.opener);
+        entry.placement == WindowPlacement::BesideOpener && opener != nullptr && opener->frame)
+        place = opener->frame->geometry().topRight() + QPoint(1, 0);
     if (entry.placement == WindowPlacement::BesideOthers)
         for (const auto& other : entries_)
             if (other.get() != &entry && other->frame && other->frame->isVisible() &&
@@ -383,6 +375,7 @@ void FormWindows::FollowSize(Entry& entry) {
 void FormWindows::RunModal(Entry& entry) {
     auto* const dialog = static_cast<QDialog*>(entry.frame.data());
     const QPointer<QDialog> alive(dialog);
+    QTimer::singleShot(0, dialog, [&entry, dialog] { entry.opened = dialog->pos(); });
     dialog->exec();
     if (alive)
         dialog->hide();

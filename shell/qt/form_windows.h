@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -30,6 +31,7 @@ template <class Ui> WidgetFactory FromUi() {
 enum class WindowPlacement {
     Stored,       ///< at the form's left and top
     BesideOthers, ///< right of the windows that are open, as far as there is room
+    BesideOpener, ///< at the right edge of the window from which it was opened
     RightEdge
 };
 
@@ -43,9 +45,9 @@ enum class WindowLife {
 /// closes them. Sets the host's showForm, hideForm and closeForm as long as it lives.
 ///
 /// Positions are kept in twips, 15 to a pixel, stored in the record when a window closes and moved
-/// inside the work area when it opens. A window can't be made smaller than its contents want, unless
-/// the work area is too small for them: then it scrolls. A window whose root widget has the dynamic
-/// property "maximizes" (tables, diagrams) can fill the whole area.
+/// inside the work area when it opens. A window can't be made smaller than its contents want,
+/// unless the work area is too small for them: then it scrolls. A window whose root widget has the
+/// dynamic property "maximizes" (tables, diagrams) can fill the whole area.
 class FormWindows {
 public:
     FormWindows(Desktop& desktop, QMdiArea& area);
@@ -57,8 +59,8 @@ public:
     void Add(Form& form, WidgetFactory factory, WindowPlacement placement = WindowPlacement::Stored,
              WindowLife life = WindowLife::Closed);
 
-    /// Holds each form's record against its widgets, both ways. Returned: one text for each form that
-    /// does not fit.
+    /// Holds each form's record against its widgets, both ways. Returned: one text for each form
+    /// that does not fit.
     std::vector<std::string> Mismatches() const;
 
     /// The widget of an open form, nullptr when it has none.
@@ -72,11 +74,15 @@ private:
         WidgetFactory factory;
         WindowPlacement placement = WindowPlacement::Stored;
         WindowLife life = WindowLife::Closed;
-        bool waiting = false;    ///< closed, its widgets kept
-        QPointer<QWidget> frame; ///< the sub-window or the dialog
-        QPointer<QWidget> root;  ///< the widget that the factory made
+        bool waiting = false;      ///< closed, its widgets kept
+        bool wasMaximized = false; ///< when it was closed
+        Form* opener = nullptr;    ///< was in front when it opened, gets the focus when it closes
+        QPointer<QWidget> frame;   ///< the sub-window or the dialog
+        QPointer<QWidget> root;    ///< the widget that the factory made
         Binder* binder = nullptr;
-        QPoint opened;     ///< where the program put it
+        QPoint opened;                ///< where the program put it
+        QSize fitted;                 ///< the size that the program gave it last
+        std::optional<QPoint> chosen; ///< where the user put a modal dialog
         QSize asked{0, 0}; ///< the size in twips that the form wanted when it was last looked at
     };
 
@@ -86,8 +92,16 @@ private:
     void Hide(Form& form);
     void Close(Form& form);
     void OpenWindow(Entry& entry);
+    void FrameDialog(Entry& entry);
+    void FrameSubWindow(Entry& entry);
+    std::function<void()> CloseRequest(Form& form);
+    void NotePlace(Entry& entry);
     void PlaceWindow(Entry& entry);
     void RunModal(Entry& entry);
+    void KeepWhole(Entry& entry);
+    void KeepPlace(Entry& entry);
+    void BringForward(Entry& entry);
+    void ActivateNext(Form* wanted);
     QPoint PlaceFor(const Entry& entry, const QSize& size) const;
     void FollowSize(Entry& entry);
     void ActivatedByUser(QWidget* frame);

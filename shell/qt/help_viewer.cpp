@@ -67,7 +67,7 @@ void HelpViewer::BuildWidgets() {
     connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
         const int topic = QFileInfo(link.path()).completeBaseName().toInt();
         if (topic > 0)
-            ShowTopic(topic);
+            Display(topic);
         else if (link.hasFragment())
             page_->scrollToAnchor(link.fragment());
     });
@@ -87,7 +87,7 @@ void HelpViewer::BuildWidgets() {
             [this](const QString& words) { FillTree(words); });
     connect(search_, &QLineEdit::returnPressed, this, [this] {
         if (QTreeWidgetItem* const first = tree_->topLevelItem(0))
-            ShowTopic(first->data(0, Qt::UserRole).toInt());
+            Display(first->data(0, Qt::UserRole).toInt());
     });
     connect(tree_, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (item != nullptr && item->data(0, Qt::UserRole).toInt() != topic_)
@@ -189,6 +189,7 @@ QString HelpViewer::PathOf(int topic) const {
 }
 
 void HelpViewer::ShowTopic(int topic) {
+    search_->clear(); // of another question
     Display(topic);
     if (isMinimized())
         showNormal();

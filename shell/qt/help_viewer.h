@@ -21,12 +21,12 @@ class HelpViewer : public QWidget {
 public:
     explicit HelpViewer(const QString& directory, QWidget* parent = nullptr);
 
-    /// The folder of the help: beside the program, in the tree of an installation or of the sources.
+    /// The folder of the help: beside the program, in the tree of an installation or sources.
     /// Returned: empty when there is none.
     static QString FindDirectory();
 
-    /// Shows a topic and brings the window to the front; a number without a topic shows the contents
-    /// with a note.
+    /// Shows a topic and brings the window to the front; a number without a topic shows the
+    /// contents with a note.
     void ShowTopic(int topic);
     int topic() const { return topic_; }
 

@@ -1,5 +1,6 @@
 #include "shell/qt/key_filter.h"
 
+#include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -37,18 +38,15 @@ int KeyCode(const QKeyEvent& event) {
     return static_cast<int>(characters.front());
 }
 
+QLineEdit* LineOf(QObject& editor) {
+    if (auto* const box = qobject_cast<QComboBox*>(&editor))
+        return box->lineEdit();
+    return qobject_cast<QLineEdit*>(&editor);
+}
+
 KeyFilter::KeyFilter(QWidget& editor, Handler handler)
     : QObject(&editor), editor_(&editor), handler_(std::move(handler)) {
     editor.installEventFilter(this);
-}
-
-void KeyFilter::NoteEdited() {
-    if (std::exchange(announced_, false))
-        return;
-    // What removes text needs no more than a backspace's standing; the text itself is already there,
-    // so a refusal comes too late and is not asked for.
-    int code = kKeyBackspace;
-    handler_(code);
 }
 
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
@@ -72,7 +70,7 @@ void KeyFilter::Deliver(QEvent& event) {
 }
 
 bool KeyFilter::FilterKey(QKeyEvent& event) {
-    const auto* const line = qobject_cast<QLineEdit*>(editor_.data());
+    const QLineEdit* const line = LineOf(*editor_);
     if (line != nullptr && line->isReadOnly())
         return false;
     const int before = KeyCode(event);

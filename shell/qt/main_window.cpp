@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "shell/dropped_files.h"
+#include "shell/project_commands.h"
 #include "shell/qt/help_viewer.h"
 #include "shell/qt/menus.h"
 #include "shell/qt/qt_text.h"
@@ -19,6 +20,7 @@ constexpr int kSmallScreen = 1440;   ///< up to this width the window opens in f
 constexpr int kMenuSpacing = 3;      ///< pixels between titles of the menu bar, see below
 constexpr int kGroundDarker = 112;   ///< work area against the windows' ground, per cent
 constexpr int kToolIcon = 24;
+constexpr double kPale = 0.3; ///< opacity of an icon that can't be used
 
 /// The menu bar has many long titles; a little less room between them lets all stand side by side
 /// on a screen of 1280 pixels.
@@ -30,6 +32,25 @@ public:
                                                : QProxyStyle::pixelMetric(metric, option, widget);
     }
 };
+
+/// A drawing and its pale form for a command that can't be used, on a light ground and on a dark one.
+QIcon ToolIcon(const QString& file) {
+    const QIcon drawing(file);
+    QIcon icon;
+    for (const int size : {kToolIcon, kToolIcon * 3 / 2, kToolIcon * 2}) {
+        const QPixmap plain = drawing.pixmap(size);
+        QPixmap pale(plain.size());
+        pale.setDevicePixelRatio(plain.devicePixelRatio());
+        pale.fill(Qt::transparent);
+        QPainter painter(&pale);
+        painter.setOpacity(kPale);
+        painter.drawPixmap(0, 0, plain);
+        painter.end();
+        icon.addPixmap(plain);
+        icon.addPixmap(pale, QIcon::Disabled);
+    }
+    return icon;
+}
 
 QMenu* MenuOf(QMainWindow& window, const std::string& control) {
     auto* const action = window.findChild<QAction*>(ToQt(control));
@@ -59,6 +80,7 @@ MainWindow::MainWindow(MDIZOR& record) : record_(record), area_(new QMdiArea) {
     compact->setParent(menuBar());
     menuBar()->setStyle(compact);
     BuildMenuBar(*menuBar(), record.menu);
+    menuBar()->installEventFilter(this);
     BuildWindowList();
     BuildToolbar();
     BuildFoot();
@@ -105,6 +127,14 @@ void MainWindow::ConnectHost() {
         if (QMenu* const menu = MenuOf(*this, entry.name))
             menu->exec(QCursor::pos()); // its open event runs as it is about to show
     };
+    auto* const save = new QShortcut(QKeySequence::Save, this);
+    connect(save, &QShortcut::activated, this,
+            [this] { Binder::Run(nullptr, [this] { SaveUnderKnownName(record_); }); });
+    auto* const f10 = new QShortcut(Qt::Key_F10, this);
+    connect(f10, &QShortcut::activated, menuBar(), [bar = menuBar()] {
+        bar->setFocus(Qt::MenuBarFocusReason);
+        bar->setActiveAction(bar->actions().constFirst());
+    });
     auto* const f1 = new QShortcut(QKeySequence::HelpContents, this);
     connect(f1, &QShortcut::activated, this, [this] {
         const Form* const active = windows_->ActiveForm();
@@ -126,7 +156,8 @@ void MainWindow::BuildToolbar() {
         last = row.index;
         auto* const tool = new QToolButton;
         tool->setObjectName(QStringLiteral("Toolbar1_%1").arg(row.index));
-        tool->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(row.icon))));
+        tool->setIcon(
+            ToolIcon(QStringLiteral(":/icons/%1.svg").arg(QString::fromLatin1(row.icon))));
         tool->setAccessibleName(QString::fromLatin1(row.text));
         tool->setAutoRaise(true);
         tool->setFocusPolicy(Qt::TabFocus);
@@ -186,6 +217,17 @@ void MainWindow::FillWindowList(QMenu& menu, QActionGroup& list) {
         entry->setCheckable(true);
         entry->setChecked(window == area_->activeSubWindow());
     }
+}
+
+/// The titles in the bar say why they can't be opened, as the entries of the menus do.
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != menuBar() || event->type() != QEvent::ToolTip)
+        return QMainWindow::eventFilter(watched, event);
+    const auto& help = static_cast<QHelpEvent&>(*event);
+    const QAction* const title = menuBar()->actionAt(help.pos());
+    const bool says = title != nullptr && !title->isEnabled();
+    QToolTip::showText(help.globalPos(), says ? title->toolTip() : QString(), menuBar());
+    return true;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

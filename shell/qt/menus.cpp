@@ -31,6 +31,8 @@ void BuildMenuBar(QMenuBar& bar, std::span<const MenuRow> rows) {
             action->setSeparator(true);
         else
             action->setText(WithMnemonic(row.caption));
+        if (*row.shortcut != '\0')
+            action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
     }
 }
 

@@ -76,12 +76,26 @@ private:
     const bool set_;
 };
 
+/// A box is as wide as its text; a title may be longer.
+void ShowWholeTitle(QMessageBox& box) {
+    constexpr int kTitleButtons = 120; // what a window manager puts beside a title, pixels
+    auto* const grid = qobject_cast<QGridLayout*>(box.layout());
+    if (grid == nullptr)
+        return;
+    const QString longest = box.windowTitle().section(u'\n', 0, 0);
+    QFont bold = box.font();
+    bold.setBold(true);
+    const int width = QFontMetrics(bold).horizontalAdvance(longest) + kTitleButtons;
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 Answer ShowBox(const MessageBox& box) {
     Binder::PushAll(); // what the handler has written so far is seen behind the box
     const PlainPointer pointer;
     const QString text = ToQt(box.text).remove(u'\r');
     QMessageBox shown(IconOf(box.icon), ToQt(box.title).remove(u'\r'), text, ButtonsOf(box.buttons),
                       QApplication::activeWindow());
+    ShowWholeTitle(shown);
     shown.setTextFormat(Qt::PlainText); // the texts hold "<" and "<=>"
     shown.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     if (QAbstractButton* const preset = shown.button(ButtonOf(box.preset)))

@@ -3,8 +3,8 @@
 
 namespace zorvant {
 
-/// Fills the host's members that need nothing but the toolkit. Those that belong to a window (forms,
-/// help, menus at the pointer) are filled by the classes that have it.
+/// Fills the host's members that need nothing but the toolkit. Those that belong to a window
+/// (forms, help, menus at the pointer) are filled by the classes that have it.
 void InstallQtHost();
 
 } // namespace zorvant

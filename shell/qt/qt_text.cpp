@@ -4,6 +4,14 @@
 
 namespace zorvant {
 
+QString ToQtLines(std::string_view utf8) {
+    return ToQt(utf8).remove(u'\r');
+}
+
+std::string FromQtLines(QString text) {
+    return FromQt(text.replace(u'\n', QStringLiteral("\r\n")));
+}
+
 QString WithMnemonic(std::string_view utf8) {
     QString text = ToQt(utf8);
     for (qsizetype i = text.indexOf(u'&'); i >= 0; i = text.indexOf(u'&', i)) {

@@ -15,6 +15,10 @@ inline std::string FromQt(const QString& text) {
     return text.toStdString();
 }
 
+/// Lines in records end in CR LF, in widgets in LF.
+QString ToQtLines(std::string_view utf8);
+std::string FromQtLines(QString text);
+
 /// Text for a control that takes an "&" as the mark of its shortcut letter: an "&" before a letter
 /// or digit is one, every other is shown as it stands.
 QString WithMnemonic(std::string_view utf8);

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QStackedWidget>
+#include <QToolBar>
 
 namespace zorvant {
 namespace {
@@ -51,6 +52,28 @@ void ShowColours(QWidget& widget, Colour back, Colour fore) {
         widget.setAutoFillBackground(back != kStyleColour);
 }
 
+/// A tool bar shows its widgets by actions of its own.
+void SetVisible(QWidget& widget, bool visible) {
+    if (const auto* const bar = qobject_cast<QToolBar*>(widget.parentWidget()))
+        for (QAction* action : bar->actions())
+            if (bar->widgetForAction(action) == &widget) {
+                action->setVisible(visible);
+                return;
+            }
+    widget.setVisible(visible);
+}
+
+/// Bold letters a little smaller, so that a caption needs no more room than a plain one.
+void SetBold(QWidget& widget, bool bold) {
+    constexpr double kBoldSize = 0.89;
+    QFont font;
+    if (bold) {
+        font.setBold(true);
+        font.setPointSizeF(widget.font().pointSizeF() * kBoldSize);
+    }
+    widget.setFont(font); // what is not set in it stays its parent's
+}
+
 } // namespace
 
 bool IsUsable(const CommonContents& contents) {
@@ -69,17 +92,14 @@ void ShowCommon(QWidget& widget, const CommonContents& wanted,
     // The pages of a stack are shown by the stack alone.
     const bool isPage = qobject_cast<QStackedWidget*>(widget.parentWidget()) != nullptr;
     if ((first || wanted.visible != was.visible) && !isPage)
-        widget.setVisible(wanted.visible);
+        SetVisible(widget, wanted.visible);
     if (first || IsUsable(wanted) != IsUsable(was))
         widget.setEnabled(IsUsable(wanted));
     const QString tip = PlainTip(TipOf(wanted));
     if (widget.toolTip() != tip)
         widget.setToolTip(tip);
-    if (wanted.bold != was.bold) {
-        QFont font = widget.font();
-        font.setBold(wanted.bold);
-        widget.setFont(font);
-    }
+    if (wanted.bold != was.bold)
+        SetBold(widget, wanted.bold);
     if (wanted.backColour != was.backColour || wanted.foreColour != was.foreColour)
         ShowColours(widget, wanted.backColour, wanted.foreColour);
 }

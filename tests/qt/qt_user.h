@@ -1,6 +1,7 @@
 // What a user does to widgets, for tests of windows.
 #pragma once
 
+#include <QTest>
 #include <QtWidgets>
 
 namespace zorvant {
@@ -9,6 +10,30 @@ inline void Settle() {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QCoreApplication::processEvents();
+}
+
+/// The widget that gets what is typed on the keyboard.
+inline QWidget& KeyReceiver() {
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const holder = popup == nullptr ? QApplication::focusWidget() : popup->focusWidget();
+    QWidget* const receiver = holder != nullptr ? holder : popup;
+    if (receiver == nullptr)
+        qFatal("nothing has the focus");
+    return *receiver;
+}
+
+/// A key on the keyboard, shortcuts included: pressed and let go wherever the focus is then.
+inline void Key(int key, Qt::KeyboardModifiers modifiers = {}, QString text = {}) {
+    if (text.isEmpty() && key < Qt::Key_Escape)
+        text = modifiers.testFlag(Qt::ControlModifier) ? QChar(key & 0x1F) : QChar(key).toLower();
+    QTest::sendKeyEvent(QTest::Press, &KeyReceiver(), Qt::Key(key), text, modifiers);
+    if (QApplication::focusWidget() != nullptr || QApplication::activePopupWidget() != nullptr)
+        QTest::sendKeyEvent(QTest::Release, &KeyReceiver(), Qt::Key(key), text, modifiers);
+}
+
+inline void Keys(const QString& text) {
+    for (const QChar character : text)
+        Key(character.toUpper().unicode(), {}, character);
 }
 
 inline void PressKey(QWidget& widget, int key, const QString& text = {},

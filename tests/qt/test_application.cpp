@@ -2,12 +2,13 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
-#include "shell/qt/help_viewer.h"
 #include "shell/qt/qt_text.h"
 #include "tests/qt/qt_user.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <set>
 
 namespace zorvant {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 class ApplicationTest : public testing::Test {
 protected:
     /// After the program has filled the host: boxes are recorded instead of shown.
-    void RecordBoxes() {
+    void Start(Application& program) {
         host().messageBox = [this](const MessageBox& box) {
             boxes.push_back(box);
             return box.buttons == Buttons::Ok || box.buttons == Buttons::OkCancel ? Answer::Ok
@@ -23,6 +24,8 @@ protected:
         };
         host().quit = [this] { quitted = true; };
         host().programDirectory = folder_.path().toStdString();
+        program.Start("");
+        Settle();
     }
 
     ScriptedHost restore_;
@@ -36,36 +39,52 @@ TEST_F(ApplicationTest, EveryDialogFitsItsLayoutBothWays) {
     EXPECT_THAT(program.windows().Mismatches(), testing::IsEmpty());
 }
 
+/// Dialogs that commands name and that are still to come. Each that comes leaves this list.
+const std::set<std::string> kNotBuiltYet = {
+    "frmBatch",       "frmRohrreaktor",      "frmRKconti",  "frmKaskade",      "frmVerweilzeit",
+    "frmVerweilCalc", "frmArrheniusRechner", "frmZFitting", "frmCalcTangente", "frmBlutalkohol",
+};
+
+TEST_F(ApplicationTest, EveryNameByWhichDialogsReachEachOtherExists) {
+    Application program;
+    const Desktop& desktop = program.state().desktop;
+    for (const std::string& name : kNotBuiltYet)
+        EXPECT_EQ(FindForm(desktop, name), nullptr) << name << " is there now";
+    const auto hasControl = [&](const std::string& name) {
+        return std::ranges::any_of(desktop.forms,
+                                   [&](Form* form) { return form->Find(name) != nullptr; });
+    };
+    QFile header(QStringLiteral(SOURCE_DIR "/dialogs/common/names.h"));
+    ASSERT_TRUE(header.open(QIODevice::ReadOnly));
+    const QRegularExpression constant(
+        QStringLiteral("constexpr const char\\* \\w+ =\\s*\"(\\w+)\""));
+    int count = 0;
+    for (const auto& match : constant.globalMatch(QString::fromUtf8(header.readAll()))) {
+        const std::string name = match.captured(1).toStdString();
+        ++count;
+        EXPECT_TRUE(FindForm(desktop, name) || hasControl(name) || kNotBuiltYet.contains(name))
+            << name;
+    }
+    EXPECT_GT(count, 20) << "the list was read";
+    for (const PopupRow& row : PopupRows()) {
+        Form* const form = FindForm(desktop, row.form);
+        ASSERT_NE(form, nullptr) << row.form;
+        EXPECT_NE(form->Find(row.button), nullptr) << row.form << " " << row.button;
+    }
+}
+
 TEST_F(ApplicationTest, StartsWithTheModelDialogAndALineOfStatus) {
     Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
+    Start(program);
     EXPECT_TRUE(IsFormLoaded(program.state().desktop, "frmZorModel"));
     EXPECT_EQ(Child<QLabel>(program.window(), "lblStatus").text(),
               QStringLiteral("kinetic model: A => P   (n = 1)     time unit: s     data: none"));
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(ApplicationTest, CommandsWithoutADialogAreDisabledAndSayWhy) {
-    Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
-    const auto& missing = Child<QAction>(program.window(), "mnuKaskade");
-    const bool exists = FindForm(program.state().desktop, "frmKaskade") != nullptr;
-    EXPECT_EQ(missing.isEnabled(), exists);
-    EXPECT_EQ(missing.toolTip(), exists ? QString() : QStringLiteral("not yet available"));
-    EXPECT_TRUE(Child<QAction>(program.window(), "mnuModel").isEnabled());
-    EXPECT_TRUE(Child<QAction>(program.window(), "mnuDaten").isEnabled());
-    EXPECT_FALSE(Child<QAction>(program.window(), "mnuOptionenTools").isVisible());
-}
-
 TEST_F(ApplicationTest, ChoosingAModelInTheWindowReachesStateMenusAndStatus) {
     Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
+    Start(program);
     const Form& model = *FindForm(program.state().desktop, "frmZorModel");
     QWidget& dialog = *program.windows().WidgetOf(model);
     Child<QRadioButton>(dialog, "optTyp_10").click();
@@ -74,35 +93,11 @@ TEST_F(ApplicationTest, ChoosingAModelInTheWindowReachesStateMenusAndStatus) {
     EXPECT_TRUE(Child<QLabel>(program.window(), "lblStatus").text().contains(QStringLiteral("ES")));
 }
 
-TEST_F(ApplicationTest, AKeyInADialogIsShownWithinFiveMilliseconds) {
-    Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
-    QWidget& dialog =
-        *program.windows().WidgetOf(*FindForm(program.state().desktop, "frmZorModel"));
-    Child<QRadioButton>(dialog, "optTyp_0").click();
-    auto& order = Child<QLineEdit>(dialog, "txtOrdnung");
-    order.clear();
-    constexpr int kKeys = 100;
-    QElapsedTimer taken;
-    taken.start();
-    for (int i = 0; i < kKeys; ++i) {
-        PressKey(order, Qt::Key_1, QStringLiteral("1"));
-        order.repaint();
-    }
-    const double each = static_cast<double>(taken.nsecsElapsed()) / 1e6 / kKeys;
-    RecordProperty("milliseconds", std::to_string(each));
-    EXPECT_LT(each, 5.0);
-}
-
 TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
     const std::string session = folder_.path().toStdString() + "/ZorLastSession.ZC3";
     {
         Application program;
-        RecordBoxes();
-        program.Start("");
-        Settle();
+        Start(program);
         program.window().close();
         Settle();
         EXPECT_TRUE(quitted);
@@ -111,11 +106,32 @@ TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
     }
 }
 
+TEST_F(ApplicationTest, TheKeysOfTheMainWindowReachIt) {
+    Application program;
+    Start(program);
+    const auto shown = [&](int index) {
+        return Child<QToolButton>(program.window(),
+                                  QStringLiteral("Toolbar1_%1").arg(index).toUtf8().constData())
+            .isVisible();
+    };
+    EXPECT_TRUE(!shown(2) && shown(14)) << "the icon of the data editor is the fifth";
+    Key(Qt::Key_F10);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    EXPECT_EQ(qobject_cast<QMenu*>(QApplication::activePopupWidget())->title(),
+              QStringLiteral("&Data"));
+    Key(Qt::Key_Escape);
+    Key(Qt::Key_Escape);
+    Settle();
+    Key(Qt::Key_W, Qt::ControlModifier);
+    Settle();
+    EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
+    Key(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(quitted);
+}
+
 TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {
     Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
+    Start(program);
     QStringList entries;
     QTimer::singleShot(20, qApp, [&] {
         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
@@ -133,9 +149,7 @@ TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {
 
 TEST_F(ApplicationTest, TheWindowListNamesTheOpenWindows) {
     Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
+    Start(program);
     QMenu& list = *Child<QAction>(program.window(), "mnuFenster").menu();
     emit list.aboutToShow();
     QStringList texts;
@@ -146,9 +160,7 @@ TEST_F(ApplicationTest, TheWindowListNamesTheOpenWindows) {
 
 TEST_F(ApplicationTest, AProjectDroppedOnTheWindowIsLoaded) {
     Application program;
-    RecordBoxes();
-    program.Start("");
-    Settle();
+    Start(program);
     QMimeData dropped;
     dropped.setUrls({QUrl::fromLocalFile(QStringLiteral(SOURCE_DIR "/examples/n2o5.ZC3"))});
     QDragEnterEvent enter({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, {});

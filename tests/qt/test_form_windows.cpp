@@ -36,6 +36,14 @@ protected:
             },
             WindowPlacement::BesideOthers);
         windows.Add(large, [] { return SmallWindow({2000, 1500}); });
+        windows.Add(
+            kept,
+            [] {
+                QWidget* const root = SmallWindow({300, 200});
+                root->setProperty("maximizes", true);
+                return root;
+            },
+            WindowPlacement::Stored, WindowLife::Kept);
         windows.Add(modal, [] { return SmallWindow({300, 200}); });
         modal.modal = true;
     }
@@ -51,15 +59,9 @@ protected:
     ScriptedHost restore_;
     Desktop desktop;
     QMdiArea area;
-    SmallForm first{"first"}, second{"second"}, large{"large"}, modal{"modal"};
+    SmallForm first{"first"}, second{"second"}, large{"large"}, kept{"kept"}, modal{"modal"};
     FormWindows windows;
 };
-
-TEST_F(FormWindowsTest, EveryFormOfTheTableExistsForTheDesktop) {
-    EXPECT_EQ(FindForm(desktop, "large"), &large);
-    EXPECT_FALSE(IsFormLoaded(desktop, "large"));
-    EXPECT_TRUE(windows.Mismatches().empty());
-}
 
 TEST_F(FormWindowsTest, PositionsAreKeptInTwipsAndMovedInsideTheWorkArea) {
     first.left = 60 * 15;
@@ -121,54 +123,79 @@ TEST_F(FormWindowsTest, TheActivateEventRunsOnceForEachComingToTheFront) {
     ShowForm(desktop, first);
     EXPECT_EQ(activations, 1);
     ShowForm(desktop, second);
-    area.setActiveSubWindow(&Frame(first));
-    Settle();
-    EXPECT_EQ(activations, 2);
-    EXPECT_EQ(desktop.order.back(), &first);
-    EXPECT_EQ(windows.ActiveForm(), &first);
-    area.setActiveSubWindow(&Frame(first));
-    Settle();
-    EXPECT_EQ(activations, 2);
+    for (int time = 0; time < 2; ++time) { // the second time it is in front already
+        area.setActiveSubWindow(&Frame(first));
+        Settle();
+        EXPECT_EQ(activations, 2);
+        EXPECT_EQ(desktop.order.back(), &first);
+    }
 }
 
-TEST_F(FormWindowsTest, TheWindowThatComesToLightWhenOneClosesIsActivated) {
-    int activations = 0;
+TEST_F(FormWindowsTest, AnIconBecomesAWindowAgainAndAFullWindowKeepsItsSize) {
+    for (Form* form : {static_cast<Form*>(&first), static_cast<Form*>(&kept)}) {
+        ShowForm(desktop, *form);
+        Frame(*form).showMinimized();
+        ShowForm(desktop, *form);
+        EXPECT_FALSE(Frame(*form).isMinimized()) << form->name;
+    }
+    for (const bool full : {false, true}) { // drawn anew, as a diagram is
+        full ? Frame(kept).showMaximized() : Frame(kept).showMinimized();
+        UnloadForm(desktop, kept);
+        Settle();
+        ShowForm(desktop, kept);
+        Settle();
+        EXPECT_EQ(Frame(kept).isMaximized(), full);
+        EXPECT_FALSE(Frame(kept).isMinimized());
+        EXPECT_GE(Frame(kept).height(), 200);
+    }
+}
+
+TEST_F(FormWindowsTest, WhoOpenedAWindowIsInFrontWhenItCloses) {
     ShowForm(desktop, first);
-    first.onActivate = [&] { ++activations; };
     ShowForm(desktop, second);
+    ShowForm(desktop, kept); // from the second one
+    area.setActiveSubWindow(&Frame(first));
+    area.setActiveSubWindow(&Frame(kept));
+    UnloadForm(desktop, kept);
+    Settle();
+    EXPECT_EQ(windows.ActiveForm(), &second);
+    EXPECT_EQ(area.activeSubWindow(), &Frame(second));
     UnloadForm(desktop, second);
     Settle();
     EXPECT_EQ(windows.ActiveForm(), &first);
-    EXPECT_EQ(activations, 1);
 }
 
-TEST_F(FormWindowsTest, AFormWithAMenuTableGetsItsMenuBar) {
-    static constexpr MenuRow kRows[] = {
-        {1, "mnuTop", "Top"},
-        {2, "mnuOne", "One"},
+TEST_F(FormWindowsTest, AWindowFollowsItsContentsUntilTheUserSizesIt) {
+    ShowForm(desktop, first);
+    Settle();
+    auto& button = Child<QPushButton>(*windows.WidgetOf(first), "cmdClose");
+    const int before = Frame(first).height();
+    const auto heightWith = [&](int ofButton) {
+        button.setMinimumHeight(ofButton);
+        Settle();
+        return Frame(first).height();
     };
-    struct MenuForm : Form {
-        MenuForm() : Form("menus") {
-            menu = kRows;
-            Declare();
-        }
-        MenuEntry mnuTop{*this, "mnuTop", "Top"}, mnuOne{*this, "mnuOne", "One"};
-    } form;
-    bool opened = false, chosen = false;
-    form.mnuTop.onOpen = [&] { opened = true; };
-    form.mnuOne.onClick = [&] { chosen = true; };
-    windows.Add(form, [] {
-        auto* const root = new QWidget;
-        new QVBoxLayout(root);
-        return root;
-    });
-    ShowForm(desktop, form);
-    QWidget& root = *windows.WidgetOf(form);
-    emit Child<QAction>(root, "mnuTop").menu()->aboutToShow();
-    Child<QAction>(root, "mnuOne").trigger();
-    EXPECT_TRUE(opened && chosen);
-    UnloadForm(desktop, form);
-    std::erase(desktop.forms, &form);
+    EXPECT_GT(heightWith(400), before + 150);
+    EXPECT_EQ(heightWith(20), before);
+    Frame(first).resize(500, 450);
+    heightWith(300);
+    EXPECT_EQ(heightWith(20), 450);
+}
+
+TEST_F(FormWindowsTest, AModalWindowOpensWhereTheUserPutItLast) {
+    const QPoint place(37, 91);
+    QPoint seen;
+    for (int time = 0; time < 2; ++time) {
+        QTimer::singleShot(20, &area, [&] {
+            QWidget& dialog = *windows.WidgetOf(modal)->window();
+            seen = dialog.pos();
+            dialog.move(place);
+            HideForm(modal);
+        });
+        ShowForm(desktop, modal);
+        UnloadForm(desktop, modal);
+    }
+    EXPECT_EQ(seen, place);
 }
 
 TEST_F(FormWindowsTest, AModalFormHoldsItsCallerUntilItIsHiddenOrClosed) {
@@ -184,19 +211,6 @@ TEST_F(FormWindowsTest, AModalFormHoldsItsCallerUntilItIsHiddenOrClosed) {
     UnloadForm(desktop, modal);
     Settle();
     EXPECT_EQ(windows.WidgetOf(modal), nullptr);
-}
-
-TEST_F(FormWindowsTest, AHiddenWindowComesBackWithItsContents) {
-    ShowForm(desktop, first);
-    first.cmdClose.text = "changed";
-    HideForm(first);
-    Settle();
-    EXPECT_TRUE(Frame(first).isHidden());
-    ShowForm(desktop, first);
-    Settle();
-    EXPECT_FALSE(Frame(first).isHidden());
-    EXPECT_EQ(Child<QPushButton>(*windows.WidgetOf(first), "cmdClose").text(),
-              QStringLiteral("changed"));
 }
 
 } // namespace

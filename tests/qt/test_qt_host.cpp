@@ -73,17 +73,5 @@ TEST_F(QtHostTest, CtrlCCopiesABox) {
     EXPECT_EQ(host().clipboardText(), "Execution not possible\n\nOverflow");
 }
 
-TEST_F(QtHostTest, TheWaitPointerNestsAndIsTakenAway) {
-    host().waitPointer(true);
-    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
-    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
-    host().waitPointer(false);
-    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
-}
-
-TEST_F(QtHostTest, AProgramThatDoesNotExistIsReportedAsNotStarted) {
-    EXPECT_FALSE(host().startProgram("/nonexistent/program.exe"));
-}
-
 } // namespace
 } // namespace zorvant

@@ -1,28 +1,29 @@
-// The main window's commands on records: which dialogs go and come, what is enabled, start and exit.
+// The main window's commands on records: which dialogs go and come, what is enabled, start and
+// exit.
+#include "data/project_file.h"
 #include "dialogs/common/calc_dialog.h"
 #include "dialogs/course/frm_zor_model.h"
+#include "engine/modes.h"
 #include "platform/files.h"
 #include "platform/host.h"
-#include "shell/commands.h"
 #include "shell/dropped_files.h"
+#include "shell/project_commands.h"
 #include "shell/project_status.h"
 #include "shell/protocol_name.h"
+#include "shell/start_up.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <set>
 
 #include <unistd.h>
 
 namespace zorvant {
 namespace {
 
-using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::Not;
 
 /// A dialog that writes down when it opens and closes.
 struct Recorder : Form {
@@ -62,10 +63,7 @@ protected:
         return *dialogs_.back();
     }
     void AddAllDialogs() {
-        const struct {
-            const char* name;
-            CalcTask id;
-        } calculations[] = {
+        const std::pair<const char*, CalcTask> calculations[] = {
             {"frmPrepareTimeDiagram", CalcTask::TimeDiagram},
             {"frmRKconti", CalcTask::Cstr},
             {"frmBatch", CalcTask::Batch},
@@ -73,8 +71,8 @@ protected:
             {"frmKaskade", CalcTask::Cascade},
             {"frmZFitting", CalcTask::Fitting},
         };
-        for (const auto& each : calculations)
-            Add(std::make_unique<CalcRecorder>(ps, each.name, each.id, log));
+        for (const auto& [name, task] : calculations)
+            Add(std::make_unique<CalcRecorder>(ps, name, task, log));
         for (const char* other : {"frmBlutalkohol", "frmVerweilzeit", "frmVerweilCalc",
                                   "frmDatedit", "frmZXYEditor", "frmArrheniusRechner"})
             Add(std::make_unique<Recorder>(other, log));
@@ -108,78 +106,67 @@ protected:
     std::vector<std::string> log;
 };
 
-TEST_F(CommandsTest, TheTablesOfTheMenuFitTogether) {
-    std::set<std::string> names;
-    int level = 0;
-    for (const MenuRow& row : MainMenu()) {
-        EXPECT_TRUE(names.insert(row.control).second) << row.control << " stands twice";
-        EXPECT_LE(row.level, level + 1) << row.control;
-        level = row.level;
-    }
-    for (const ToolRow& row : MainToolbar())
-        EXPECT_TRUE(names.contains(row.command)) << row.command;
-    for (const DialogSet& set : DialogSets())
-        EXPECT_TRUE(names.contains(set.command)) << set.command;
-    std::string bar;
-    for (const MenuRow& row : MainMenu())
-        if (row.level == 1)
-            bar += std::string(row.caption) + "/";
-    EXPECT_EQ(bar, "&Data/Kinetic model/Evaluation of Exper./Fitting/Diagrams c-t|r-t/Reactors/"
-                   "Residence Time/\"Monte-Carlo\" Simulation/Options/"
-                   "Special: metabolism of &blood alcohol/Unit converter/&Windows/&Info/Help.../"
-                   "Popup-menue exp-daten-grid/PopUpMenue XY-editor/");
-}
-
 TEST_F(CommandsTest, ACommandIsAvailableExactlyWhenItsDialogExists) {
     Start();
-    EXPECT_FALSE(form.Entry("mnuBatchR").available);
     EXPECT_EQ(form.Entry("mnuBatchR").disabledTip, "not yet available");
-    EXPECT_FALSE(form.Tool(29).available);
-    EXPECT_TRUE(form.Entry("mnuModel").available);
     EXPECT_TRUE(form.Entry("mnuReaktor").available) << "a menu can always be opened";
     Press(form.Entry("mnuBatchR"));
     EXPECT_TRUE(log.empty());
-
-    AddAllDialogs();
-    UpdateAvailability(form);
-    EXPECT_TRUE(form.Entry("mnuBatchR").available);
-    EXPECT_TRUE(form.Tool(29).available);
+    for (const bool exist : {false, true}) {
+        EXPECT_EQ(form.Entry("mnuBatchR").available, exist);
+        EXPECT_EQ(form.Tool(29).available, exist);
+        AddAllDialogs();
+        UpdateAvailability(form);
+    }
     EXPECT_FALSE(form.Tool(16).enabled) << "available, but there are no data";
 }
 
-TEST_F(CommandsTest, EachDialogSetClosesItsListInOrderSetsItsContextAndOpensItsDialog) {
+TEST_F(CommandsTest, ADialogSetClosesTheOthersAndOpensItsDialogInFront) {
     AddAllDialogs();
     Start();
     for (const DialogSet& set : DialogSets()) {
         for (const auto& dialog : dialogs_) // everything is open
             if (!dialog->loaded)
                 ShowForm(ps.desktop, *dialog);
-        ps.IsTubular = ps.IsCSTR = ps.IsCascade = ps.RateDiagram = true;
-        ps.FitMode = 6;
         ps.ModelId = 2;
         log.clear();
         Press(form.Entry(set.command));
-
-        std::vector<std::string> closed, expected;
-        for (const std::string& line : log)
-            if (line[0] == '-')
-                closed.push_back(line.substr(1));
-        for (const char* name : set.closes)
-            if (name != nullptr)
-                expected.emplace_back(name);
-        EXPECT_EQ(FindForm(ps.desktop, "frmZorModel")->hidden, set.hidesModelDialog);
-        EXPECT_EQ(closed, expected) << set.command;
+        for (const char* closed : set.closes)
+            EXPECT_TRUE(closed == nullptr || std::string_view(closed) == set.opens || !Has(closed))
+                << closed << " after " << set.command;
         EXPECT_TRUE(Has(set.opens)) << set.command;
         EXPECT_EQ(ps.desktop.order.back()->name, set.opens) << "in front: " << set.command;
-        EXPECT_EQ(ps.IsTubular, set.isTubular.value_or(true)) << set.command;
-        EXPECT_EQ(ps.IsCSTR, set.isCSTR.value_or(true)) << set.command;
-        EXPECT_EQ(ps.IsCascade, set.isCascade.value_or(true)) << set.command;
-        EXPECT_EQ(ps.RateDiagram, set.rateDiagram.value_or(true)) << set.command;
-        EXPECT_EQ(ps.FitMode, set.clearsFitMode ? 0 : 6) << set.command;
+        EXPECT_EQ(FindForm(ps.desktop, "frmZorModel")->hidden, set.hidesModelDialog);
         if (dynamic_cast<CalcDialog*>(FindForm(ps.desktop, set.opens)) != nullptr) {
             EXPECT_EQ(log.back(), "init " + std::string(set.opens));
         }
     }
+}
+
+TEST_F(CommandsTest, ADialogSetSaysWhatTheNextDiagramIsAbout) {
+    AddAllDialogs();
+    Start();
+    ps.ModelId = 2;
+    const struct {
+        const char* command;
+        bool tubular, cstr, cascade, rates;
+    } cases[] = {
+        {"mnuRohrR", true, false, false, false},
+        {"mnuKontRK", false, true, false, false},
+        {"mnuKaskade", false, false, true, false},
+        {"mnuvtGraph", false, false, false, true},
+        {"mnuVerweilzeitVisual", false, false, false, true}, // left as it was
+        {"mnuctGraph", false, false, false, false},
+    };
+    for (const auto& each : cases) {
+        ps.FitMode = kFitOrder;
+        Press(form.Entry(each.command));
+        EXPECT_EQ(ps.IsTubular, each.tubular) << each.command;
+        EXPECT_EQ(ps.IsCSTR, each.cstr) << each.command;
+        EXPECT_EQ(ps.IsCascade, each.cascade) << each.command;
+        EXPECT_EQ(ps.RateDiagram, each.rates) << each.command;
+    }
+    EXPECT_EQ(ps.FitMode, kNoFit);
 }
 
 TEST_F(CommandsTest, TanksAreRefusedForTheEnzymeModel) {
@@ -199,28 +186,26 @@ TEST_F(CommandsTest, TheModelEnablesItsEvaluations) {
     auto& model = static_cast<frmZorModel&>(*FindForm(ps.desktop, "frmZorModel"));
     const struct {
         int option;
-        std::vector<std::string> enabled;
+        std::string enabled;
     } cases[] = {
-        {2, {"mnuctAusw_1", "mnuNonIsothermFitting_1", "mnuLambdaAusw_1"}},
-        {3, {"mnuctAusw_2", "mnuNonIsothermFitting_2", "mnuLambdaAusw_2"}},
-        {4, {"mnuctAusw_3", "mnuLambdaAusw_3"}},
-        {10, {"mnuMichMent"}},
-        {0, {}},
+        {2, "mnuctAusw_1 mnuNonIsothermFitting_1 mnuLambdaAusw_1 "},
+        {3, "mnuctAusw_2 mnuNonIsothermFitting_2 mnuLambdaAusw_2 "},
+        {4, "mnuctAusw_3 mnuLambdaAusw_3 "},
+        {10, "mnuMichMent "},
+        {0, ""},
     };
     for (const auto& each : cases) {
         Press(model.optTyp, each.option);
-        std::vector<std::string> enabled;
-        for (const char* name :
-             {"mnuctAusw_1", "mnuctAusw_2", "mnuctAusw_3", "mnuctAusw_4", "mnuNonIsothermFitting_1",
-              "mnuNonIsothermFitting_2", "mnuLambdaAusw_1", "mnuLambdaAusw_2", "mnuLambdaAusw_3",
-              "mnuMichMent"})
-            if (form.Entry(name).enabled)
-                enabled.emplace_back(name);
-        EXPECT_THAT(enabled, testing::UnorderedElementsAreArray(each.enabled)) << each.option;
+        std::string enabled;
+        for (const MenuRow& row : MainMenu())
+            if (const std::string_view control = row.control;
+                form.Entry(row.control).enabled &&
+                (control.starts_with("mnuctAusw") || control.starts_with("mnuNonIso") ||
+                 control.starts_with("mnuLambda") || control == "mnuMichMent"))
+                enabled += std::string(control) + " ";
+        EXPECT_EQ(enabled, each.enabled) << each.option;
     }
 }
-
-// ---------------------------------------------------------------- start-up
 
 TEST_F(CommandsTest, StartsWithoutAProject) {
     AddAllDialogs();
@@ -232,62 +217,47 @@ TEST_F(CommandsTest, StartsWithoutAProject) {
     EXPECT_TRUE(form.Tool(14).enabled);
     EXPECT_EQ(ps.ProtocolFile, "00010101.CSV");
     EXPECT_EQ(FindForm(ps.desktop, "frmPrepareTimeDiagram")->left, 60);
-    EXPECT_EQ(FindForm(ps.desktop, "frmVerweilCalc")->top, 3000);
     EXPECT_TRUE(desk.boxes.empty());
 }
 
 TEST_F(CommandsTest, StartsWithAProjectWhoseNameIsQuoted) {
-    AddAllDialogs();
     Data("points.ZI3");
     const std::string path = Project("my project.ZC3", "points.ZI3");
     Start("\"" + path + "\"");
     EXPECT_EQ(ps.ProjectFile, path);
     EXPECT_EQ(ps.ProjectTitle, "my project.ZC3");
-    EXPECT_EQ(ps.ModelId, 6);
+    EXPECT_EQ(static_cast<frmZorModel&>(*FindForm(ps.desktop, "frmZorModel")).optTyp.selected, 6);
     EXPECT_EQ(ps.TimeUnitIdx, 1) << "follows from the unit's text as the model dialog opens";
     EXPECT_EQ(ps.ExpPointCount, 2);
-    EXPECT_FALSE(ps.DataIsSession);
-    EXPECT_TRUE(form.Entry("mnuEditDat").enabled && form.Entry("mnuNeudat").enabled &&
-                form.Entry("mnuSaveProject").enabled);
-    EXPECT_TRUE(form.Tool(8).enabled && form.Tool(14).enabled && form.Tool(16).enabled);
-    const auto& model = static_cast<const frmZorModel&>(*FindForm(ps.desktop, "frmZorModel"));
-    EXPECT_EQ(model.optTyp.selected, 6);
+    EXPECT_TRUE(form.Entry("mnuEditDat").enabled && form.Tool(8).enabled && form.Tool(16).enabled);
     ASSERT_EQ(desk.boxes.size(), 1U);
     EXPECT_EQ(desk.boxes[0].title, "Status of the project");
     EXPECT_THAT(desk.boxes[0].text, HasSubstr("with 2 measuring point\r\n"));
 }
 
-TEST_F(CommandsTest, StartsWithTheStartValuesWhenTheProjectCanNotBeRead) {
+TEST_F(CommandsTest, AProjectThatCanNotBeReadLeavesTheStartValues) {
     Start((folder_ / "missing.ZC3").string());
     ASSERT_EQ(desk.boxes.size(), 1U);
     EXPECT_EQ(desk.boxes[0].icon, Icon::Critical);
     EXPECT_EQ(ps.ModelId, 2);
     EXPECT_EQ(ps.ProjectFile, "");
-    EXPECT_TRUE(Has("frmZorModel"));
     EXPECT_FALSE(form.Tool(8).enabled);
 }
 
-TEST_F(CommandsTest, AProjectWithAWrongDataFileLoadsWithoutData) {
+TEST_F(CommandsTest, AProjectWhoseDataCanNotBeReadCountsAsLoaded) {
     Start(Project("wrong.ZC3", "points.TXT"));
     EXPECT_EQ(ps.ModelId, 6);
     EXPECT_EQ(ps.DataFilePath, "");
     ASSERT_FALSE(desk.boxes.empty());
     EXPECT_EQ(desk.boxes[0].text, "data file is not of the type *.ZI3 and cannot be loaded");
     EXPECT_TRUE(form.Tool(8).enabled) << "a project is loaded and can be saved";
-}
 
-TEST_F(CommandsTest, AProjectWhoseDataAreMissingCountsAsLoaded) {
-    Start();
     const std::string path = Project("lonely.ZC3", "gone.ZI3");
     OpenDropped(form, path);
-    EXPECT_EQ(ps.ModelId, 6);
     EXPECT_EQ(ps.ProjectFile, path);
-    EXPECT_TRUE(form.Entry("mnuSaveProject").enabled);
     EXPECT_THAT(desk.boxes.back().text, HasSubstr("no data file *.ZI3 loaded"));
     EXPECT_THAT(desk.boxes.back().text, HasSubstr("Project file  " + path));
 }
-
-// ---------------------------------------------------------------- last session, exit
 
 TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
     AddAllDialogs();
@@ -314,11 +284,35 @@ TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
     EXPECT_TRUE(again.Tool(8).enabled);
 }
 
+TEST_F(CommandsTest, AProjectIsSavedUnderItsNameWithoutAQuestion) {
+    Start(Project("p.ZC3", ""));
+    ps.k[1] = 0.625;
+    desk.boxes.clear();
+    SaveUnderKnownName(form);
+    EXPECT_TRUE(desk.boxes.empty());
+    EXPECT_THAT(ReadFile((folder_ / "p.ZC3").string()), HasSubstr("\r\n.625,"));
+    form.onRefresh();
+    EXPECT_THAT(form.lblStatus.text, HasSubstr("saved: p.ZC3"));
+}
+
+TEST_F(CommandsTest, BloodAlcoholIsNoModelOfASession) {
+    Start();
+    ps.ModelId = kKindBloodAlcohol;
+    form.onRefresh();
+    EXPECT_THAT(form.lblStatus.text, HasSubstr("blood alcohol"));
+    mnuExit_Click(form);
+    Workspace later;
+    std::string dataFile;
+    bool ok = false;
+    FuLoadProjectFile(later, ps.LastSessionFile, dataFile, ok);
+    EXPECT_TRUE(ok);
+}
+
 TEST_F(CommandsTest, WithoutALastSessionTheCommandTellsAndChangesNothing) {
     Start();
     Press(form.Entry("mnuLoadLastSession"));
     ASSERT_EQ(desk.boxes.size(), 1U);
-    EXPECT_EQ(desk.boxes[0].title, "Execution not possible");
+    EXPECT_EQ(desk.boxes[0].icon, Icon::Information);
     EXPECT_FALSE(form.Tool(8).enabled);
 }
 
@@ -326,8 +320,7 @@ TEST_F(CommandsTest, ExitAsksSavesTidiesClosesAndEndsInThisOrder) {
     AddAllDialogs();
     Start();
     ShowForm(ps.desktop, *FindForm(ps.desktop, "frmBatch"));
-    log.clear();
-    Write(ps.ProtocolFile, "");
+    Write(ps.ProtocolFile, ""); // an empty one goes
     ps.ExpData.resize(2);
     ps.ExpPointCount = 1;
     ps.ExpDataChanged = true;
@@ -346,31 +339,19 @@ TEST_F(CommandsTest, ExitAsksSavesTidiesClosesAndEndsInThisOrder) {
     EXPECT_TRUE(helpBefore);
     EXPECT_TRUE(desk.quitted);
     EXPECT_FALSE(Has("frmZorModel"));
-    EXPECT_THAT(ReadFile(ps.LastSessionFile), HasSubstr("\r\n2\r\n"));
 
     desk.quitted = false;
     mnuExit_Click(form);
     EXPECT_FALSE(desk.quitted) << "once is enough";
 }
 
-TEST_F(CommandsTest, AProtocolWithContentsStaysAtExit) {
-    Start();
-    const std::string protocol = Write(ps.ProtocolFile, "rows\r\n");
-    mnuExit_Click(form);
-    EXPECT_TRUE(FileExists(protocol));
-    EXPECT_TRUE(desk.boxes.empty()) << "nothing changed, nothing asked";
-}
-
-TEST_F(CommandsTest, ExitGoesOnWhereTheProgramFolderCanNotBeWritten) {
+TEST_F(CommandsTest, ExitGoesOnWhereTheSessionCanNotBeWritten) {
     Start();
     ps.LastSessionFile = (folder_ / "no such folder" / "ZorLastSession.ZC3").string();
     mnuExit_Click(form);
-    ASSERT_EQ(desk.boxes.size(), 1U);
-    EXPECT_THAT(desk.boxes[0].title, HasSubstr("Error while saving the session file"));
+    EXPECT_THAT(desk.boxes.at(0).title, HasSubstr("Error while saving the session file"));
     EXPECT_TRUE(desk.quitted);
 }
-
-// ---------------------------------------------------------------- data, popups, status
 
 TEST_F(CommandsTest, NewDataAsksBeforeASetIsDeleted) {
     AddAllDialogs();
@@ -385,22 +366,12 @@ TEST_F(CommandsTest, NewDataAsksBeforeASetIsDeleted) {
     EXPECT_EQ(desk.boxes.back().text,
               "New data input is expected;\r\nan existing set of data will be deleted.\r\n\r\n"
               "Would you like that?");
+    EXPECT_EQ(desk.boxes.back().preset, Answer::No);
     desk.answers = {Answer::Yes};
     Press(form.Tool(14));
     EXPECT_EQ(ps.ExpPointCount, 0);
     EXPECT_EQ(ps.LambdaInf, 0);
     EXPECT_EQ(ps.DataFilePath, "");
-    EXPECT_TRUE(Has("frmDatedit"));
-}
-
-TEST_F(CommandsTest, EditingNeedsPoints) {
-    AddAllDialogs();
-    Start();
-    form.Entry("mnuEditDat").enabled = true;
-    Press(form.Entry("mnuEditDat"));
-    EXPECT_FALSE(Has("frmDatedit"));
-    ps.ExpPointCount = 1;
-    Press(form.Entry("mnuEditDat"));
     EXPECT_TRUE(Has("frmDatedit"));
 }
 
@@ -410,15 +381,6 @@ TEST_F(CommandsTest, InsertInAPopupNeedsTextOnTheClipboard) {
     desk.clipboard = "1\t2";
     form.Entry("mnuEdit2").onOpen();
     EXPECT_TRUE(form.Entry("mnuPaste2").enabled);
-    EXPECT_FALSE(form.Entry("mnuEdit1").visible);
-}
-
-TEST_F(CommandsTest, HelpEntriesShowTheirTopics) {
-    Start();
-    for (const char* entry : {"mnuAboutZor", "mnuIndex", "mnuTip"})
-        Press(form.Entry(entry));
-    Press(form.cmdErstnutzer);
-    EXPECT_THAT(desk.helpTopics, ElementsAre(10260, 10270, 11124, 11223));
 }
 
 TEST_F(CommandsTest, AConverterThatDoesNotStartIsReported) {
@@ -431,27 +393,19 @@ TEST_F(CommandsTest, AConverterThatDoesNotStartIsReported) {
 
 TEST_F(CommandsTest, TheStatusTellsProjectDataAndComment) {
     Start();
-    ps.ProgramDir = "/opt/zorvant";
-    EXPECT_EQ(ProjectStatusText(ps, ""),
-              "act. working directory of ZORVANT\r\n    /opt/zorvant\r\n\r\nProject\r\n"
-              "    (project still unnamed)\r\n\r\n"
-              "selected kinetic model => cf. window \"Kinetic model\"\r\n\r\nexper. data\r\n"
-              "    no data file *.ZI3 loaded\r\n    no set of exper. data available\r\n"
-              "project comment:\r\n   (none)\r\n"
-              "   (comment can be changed when saving the project)\r\n");
-
+    EXPECT_THAT(ProjectStatusText(ps, ""), AllOf(HasSubstr("    (project still unnamed)\r\n"),
+                                                 HasSubstr("    no data file *.ZI3 loaded\r\n"
+                                                           "    no set of exper. data available\r\n"
+                                                           "project comment:\r\n   (none)\r\n")));
     ps.ExpPointCount = 3;
     ps.ProjectComment = "good";
     ps.ProjectFile = "/home/somebody/a folder with a rather long name/kinetics/first run.ZC3";
-    const std::string text = ProjectStatusText(ps, "/no/such.ZI3");
-    EXPECT_THAT(text, HasSubstr("    a set of data with 3 measuring points available\r\n"));
-    EXPECT_THAT(text, HasSubstr("project comment:\r\n    good\r\n"));
-    EXPECT_THAT(text, HasSubstr("    /HO.../KINETICS/FIRST RUN.ZC3\r\n"));
-
-    const std::string data = Data("points.ZI3");
-    EXPECT_THAT(ProjectStatusText(ps, data),
-                HasSubstr("    data file POINTS.ZI3    (file date  2000-01-01 12:00:00)\r\n"
-                          "    with 2 measuring point\r\n    time unit: min\r\n"
+    EXPECT_THAT(ProjectStatusText(ps, "/no/such.ZI3"),
+                AllOf(HasSubstr("    a set of data with 3 measuring points available\r\n"),
+                      HasSubstr("project comment:\r\n    good\r\n"),
+                      HasSubstr("    /HO.../KINETICS/FIRST RUN.ZC3\r\n")));
+    EXPECT_THAT(ProjectStatusText(ps, Data("points.ZI3")),
+                HasSubstr("    with 2 measuring point\r\n    time unit: min\r\n"
                           "    comment: run 1\r\n\r\nThe table"));
 }
 

@@ -1,7 +1,8 @@
 // A walk through everything that the program shows, for people to look at: opens the windows, draws
 // each model in both modes, and saves a picture of each station.
 //
-//     zorvant_tour FOLDER [editors|design|notes|pictures] [dark]    with a second word those stations alone
+//     zorvant_tour FOLDER [editors|design|notes|pictures] [dark]
+// With a second word those stations alone.
 #include "data/file_dialog.h"
 #include "data/project_file.h"
 #include "dialogs/common/calc_dialog.h"
