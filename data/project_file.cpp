@@ -70,6 +70,8 @@ template <class Field, class Value> void Take(Field& field, const std::optional<
 }
 
 void TakeProject(ProjectState& ps, const Zc3File& file) {
+    if (file.timeUnit)
+        TakeUnitOfConstants(ps, *file.timeUnit);
     Take(ps.ProjectComment, file.comment);
     if (file.model) {
         ps.RcSMode = *file.model == kEnzymeWithRcS;
@@ -83,7 +85,6 @@ void TakeProject(ProjectState& ps, const Zc3File& file) {
     Take(ps.ScaleOneSpecies, file.scaleOneSpecies);
     Take(ps.tMax, file.tMax);
     Take(ps.tVerweil, file.tVerweil);
-    Take(ps.TimeUnitText, file.timeUnit);
 }
 
 /// The file of this name in the folder, in any case when there is none of just this one.
