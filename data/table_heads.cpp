@@ -17,8 +17,8 @@ namespace {
 
 constexpr double kZeroCelsius = 273.15; ///< K
 
-/// Heads by which a field is told, without unit and blanks; those of one letter with regard to case,
-/// since t is the time and T the temperature.
+/// Heads by which a field is told, without unit and blanks; those of one letter with regard to
+/// case, since t is the time and T the temperature.
 struct FieldHeads {
     int field;
     const char* heads; ///< blanks between them

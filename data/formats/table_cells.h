@@ -23,8 +23,8 @@ class TableScanner {
 public:
     TableScanner(std::string_view text, char separator) : rest_(text), separator_(separator) {}
 
-    /// Returned: false at the end. A row has one cell at least, and at most kMaxColumns: further ones
-    /// are passed over.
+    /// Returned: false at the end. A row has one cell at least, and at most kMaxColumns: further
+    /// ones are passed over.
     bool NextRow(std::vector<Cell>& cells);
 
     /// Whether cells were passed over so far.
@@ -53,7 +53,7 @@ std::string Simplify(std::string_view cell);
 /// How a cell's decimal sign can be told from its text.
 struct SignForms {
     std::size_t points = 0, commas = 0;
-    /// The sign that is the decimal one for certain; nothing when there is none or two ways are open.
+    /// The sign that is the decimal one for certain; nothing without one or with two ways open.
     std::optional<DecimalSign> certain;
     /// The sign that stands once and may part thousands or be the decimal one.
     std::optional<DecimalSign> open;

@@ -82,8 +82,8 @@ void EnableDataCommands(const frmDatedit& form);
 /// Puts numbers into a table that is emptied before, as one step of undo.
 /// Given:    columns: the field (ExpColumn) of each column of the numbers, -1: left out
 ///           name: of the step
-///           timeUnit: word of the unit that the times are in; empty: the present one. As when a file
-///           is loaded nothing is converted
+///           timeUnit: word of the unit that the times are in; empty: the present one. As when a
+///           file is loaded nothing is converted
 /// Returned: false when the table can't hold them (a box told)
 bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
                       const std::vector<int>& columns, const std::string& name,

@@ -1,5 +1,5 @@
-// The table of measured values as the editor of lists sees it: its rows, what undo keeps beside them,
-// and changes that were made elsewhere.
+// The table of measured values as the editor of lists sees it: its rows, what undo keeps beside
+// them, and changes that were made elsewhere.
 #include "data/exp_data.h"
 #include "dialogs/common/time_unit_change.h"
 #include "dialogs/data/frm_datedit.h"

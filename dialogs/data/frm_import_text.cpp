@@ -349,7 +349,7 @@ void TakeText(frmImportText& form, const std::string& text, const std::string& t
     ShowReading(form);
 }
 
-/// Headings that contradict the columns from the cursor on, or units that are not those of the list.
+/// Headings that contradict the columns from the cursor on, or units that are not the list's.
 bool frmDatedit::PastedElsewhere(const std::string& text, int firstColumn) {
     Form* const form = FindForm(ps.desktop, name::kImportText);
     auto* const dialog = dynamic_cast<frmImportText*>(form);

@@ -20,8 +20,8 @@ inline constexpr int kMarkColumn = 1, kFirstValue = 2;
 
 /// What a step of undo brings back.
 struct ListState {
-    /// How far a change reaches: the rows alone, the time unit of the whole project, all that a data
-    /// file holds with its name, or that without the time unit, which is the project's.
+    /// How far a change reaches: the rows alone, the time unit of the whole project, all that a
+    /// data file holds with its name, or that without the time unit, which is the project's.
     enum class Extent { Rows, Unit, File, Data };
 
     Extent extent = Extent::Rows;
@@ -118,8 +118,9 @@ struct ListEditor : Form {
     virtual std::vector<int> ColumnsForPaste(int first, std::size_t count) const;
     /// A pasted text that had better be imported. Returned: true when it is no longer to be pasted.
     virtual bool PastedElsewhere(const std::string&, int /*firstColumn*/) { return false; }
-    /// The file of the list, "" without one / the version of it that was saved before takes its place.
+    /// The file of the list, "" without one.
     virtual std::string FileOfList() const = 0;
+    /// The version that was saved before takes the place of the list.
     virtual void LoadPrevious(const std::string& path) = 0;
     /// What belongs to the list beside its rows.
     virtual void Keep(ListState& state) const = 0;

@@ -158,12 +158,12 @@ bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
     const int key = press ? static_cast<QKeyEvent*>(event)->key() : 0;
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
     const bool ofView = watched == view_;
-    if (enter && (!ofView || At(grid_.editableColumns, view_->currentIndex().column()))) {
-        // Behind the editor's own: it hands over its text by a queued call as well.
-        QMetaObject::invokeMethod(this, &GridDelegate::GoDown, Qt::QueuedConnection);
-        return ofView || QStyledItemDelegate::eventFilter(watched, event);
-    }
-    return !ofView && QStyledItemDelegate::eventFilter(watched, event);
+    const bool handled = !ofView && QStyledItemDelegate::eventFilter(watched, event);
+    if (!enter || (ofView && !At(grid_.editableColumns, view_->currentIndex().column())))
+        return handled;
+    // Behind the editor's text, which is handed over by a queued call as well.
+    QMetaObject::invokeMethod(this, &GridDelegate::GoDown, Qt::QueuedConnection);
+    return ofView || handled;
 }
 
 void GridDelegate::GoDown() {

@@ -12,8 +12,8 @@ class QTableView;
 
 namespace zorvant {
 
-/// Reads the record as it stands: nothing is copied, so a table of any length is shown at once. What
-/// the user writes goes into the record, then to the grid's edit event through `run`.
+/// Reads the record as it stands: nothing is copied, so a table of any length is shown at once.
+/// What the user writes goes into the record, then to the grid's edit event through `run`.
 class GridModel : public QAbstractTableModel {
 public:
     using Runner = std::function<void(const Handler&)>;
@@ -40,7 +40,8 @@ private:
     int rows_ = 0, columns_ = 0; ///< as the views know them
 };
 
-/// Gives the keys typed into a cell's editor to the grid's key event; Enter leads to the cell below.
+/// Gives the keys typed into a cell's editor to the grid's key event; Enter leads to the cell
+/// below.
 class GridDelegate : public QStyledItemDelegate {
 public:
     GridDelegate(Grid& grid, GridModel::Runner run, QTableView* view);

@@ -108,7 +108,7 @@ TEST_F(ExpFile, IsChosenLoadedAndCountedByTheCommand) {
                  {"a.ZI3", false, true, 3, folder / "a.ZI3"},
                  {"a.ZI3", true, true, 6, folder / "a.ZI3"},
                  {"bad.ZI3", true, false, 6, folder / "a.ZI3"},
-                 {"bad.ZI3", false, false, 0, ""}}; // cleared for the new data
+                 {"bad.ZI3", false, false, 6, folder / "a.ZI3"}}; // the table stays
     for (const auto& step : steps) {
         if (*step.file != 0)
             script.files = {FileChoice{folder / step.file}};
