@@ -32,8 +32,9 @@ Colour PaletteColour(int number) {
 
 LineStyle DefaultLine(int place, int draw, int curves, Colour chosen) {
     const int dash = curves > 1 ? place : draw;
-    return {.pattern = InCycle(kDashes, dash),
-            .width = 1,
+    const LinePattern pattern = InCycle(kDashes, dash);
+    return {.pattern = pattern,
+            .width = pattern == LinePattern::Dotted ? 2 : 1, // grid lines are dotted too
             .colour = chosen == kBlack ? PaletteColour(place + draw) : chosen};
 }
 

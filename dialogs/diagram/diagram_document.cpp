@@ -116,6 +116,7 @@ void WireMenus(Workspace& ps, DiagramDocument& doc) {
     doc.cmdManuKurve.onClick = [&ps, &doc] { cmdManuKurve_Click(ps, doc); };
     doc.cmdManuPoints.onClick = [&ps, &doc] { cmdManuPoints_Click(ps, doc); };
     doc.mnuAddPunkte.onClick = [&ps, &doc] { mnuAddPunkte_Click(ps, doc); };
+    doc.cmdFarbVorwahl.toolTip = "black: each curve gets a colour of its own";
     doc.cmdFarbVorwahl.onClick = [&ps, &doc] { cmdFarbVorwahl_Click(ps, doc); };
     doc.cmdMsgDelPoint.onClick = [] { cmdMsgDelPoint_Click(); };
     doc.mnuDesign.onOpen = [&ps, &doc] { mnuDesign_Click(ps, doc); };

@@ -16,6 +16,8 @@ namespace {
 
 /// The chart beside an open panel is never narrower than this, pixels.
 constexpr int kLeastChart = 200;
+/// As wide it stays where the work area lets the window grow.
+constexpr int kUsefulChart = 440;
 constexpr double kPreviewWidth = 280;      ///< pixels
 constexpr double kPixelsPerCm = 96 / 2.54; ///< of a picture
 constexpr const char* kCloses = "closesPanel";
@@ -214,11 +216,8 @@ void GraphWindow::ShowFocus(const QEvent& event) {
 }
 
 void GraphWindow::ToggleFullSize() {
-    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
-        if (auto* const window = qobject_cast<QMdiSubWindow*>(above)) {
-            window->isMaximized() ? window->showNormal() : window->showMaximized();
-            return;
-        }
+    if (QWidget* const frame = Frame())
+        frame->isMaximized() ? frame->showNormal() : frame->showMaximized();
 }
 
 void GraphWindow::ShowPointer() {
@@ -278,6 +277,7 @@ void GraphWindow::MakeDock() {
 /// A panel stands beside the chart while it is open, and never upon it.
 void GraphWindow::Dock(QWidget& panel) {
     docked_->insertWidget(docked_->count() - 1, &panel);
+    panel.setProperty("collapses", true); // the others keep no room for theirs
     panel.hide();
     if (qobject_cast<QGroupBox*>(&panel) != nullptr) // its title inside the frame, as its button
         panel.setStyleSheet(QStringLiteral("QGroupBox#%1 {border: 1px solid palette(mid);"
@@ -313,13 +313,45 @@ void GraphWindow::ArrangeDock() {
             needed = needed.expandedTo(panel->sizeHint().expandedTo(panel->minimumSizeHint()));
     const bool open = needed.isValid() && !needed.isEmpty();
     if (open) {
-        const bool scrolls = needed.height() > height();
+        const bool scrolls = needed.height() > chart_->height();
         dock_->setFixedWidth(needed.width() +
                              (scrolls ? dock_->verticalScrollBar()->sizeHint().width() : 0));
     }
     chart_->setMinimumWidth(open ? std::min(kLeastChart, smallestChart_.width())
                                  : smallestChart_.width());
+    const bool changes = open != dock_->isVisibleTo(this);
     dock_->setVisible(open);
+    if (changes) // the window's new size leads here again
+        open ? GrowFor(dock_->width()) : ShrinkBack();
+}
+
+/// The window grows, at most to the work area, while a panel would leave too little of the chart.
+void GraphWindow::GrowFor(int dockWidth) {
+    QWidget* const frame = Frame();
+    if (frame == nullptr || frame->isMaximized())
+        return;
+    before_ = frame->geometry();
+    const QRect area = frame->parentWidget()->rect();
+    QRect grown = before_;
+    grown.setWidth(std::clamp(kUsefulChart + dockWidth + before_.width() - chart_->width(),
+                              before_.width(), std::max(before_.width(), area.width())));
+    grown.moveLeft(std::max(0, std::min(grown.left(), area.width() - grown.width())));
+    frame->setGeometry(grown);
+    grown_ = grown;
+}
+
+/// Back to the size before, unless the user has given it another.
+void GraphWindow::ShrinkBack() {
+    QWidget* const frame = Frame();
+    if (frame != nullptr && !frame->isMaximized() && frame->geometry() == grown_)
+        frame->setGeometry(before_);
+}
+
+QWidget* GraphWindow::Frame() const {
+    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
+        if (qobject_cast<QMdiSubWindow*>(above) != nullptr)
+            return above;
+    return nullptr;
 }
 
 void GraphWindow::PlaceCloseButton(QWidget& panel) {
@@ -338,7 +370,6 @@ void GraphWindow::showEvent(QShowEvent* event) {
 
 void GraphWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    focusEdge_->hide(); // it would not fit any more
     ArrangeDock();
 }
 
@@ -346,6 +377,8 @@ bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view_) {
         if (event->type() == QEvent::KeyPress)
             return KeyPressed(static_cast<QKeyEvent&>(*event));
+        if (event->type() == QEvent::Resize)
+            focusEdge_->hide(); // it would not fit any more
         if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
             ShowFocus(*event);
         return false;

@@ -38,6 +38,9 @@ private:
     void MakeDock();
     void Dock(QWidget& panel);
     void ArrangeDock();
+    void GrowFor(int dockWidth);
+    void ShrinkBack();
+    QWidget* Frame() const;
     void PlaceCloseButton(QWidget& panel);
     void PanelEvent(QWidget& panel, const QEvent& event);
     void ShowPointer();
@@ -51,6 +54,7 @@ private:
     QFrame* focusEdge_ = nullptr;   ///< around the chart when the keys have come to it
     QScrollArea* dock_ = nullptr;   ///< beside the chart, while a panel is open
     QVBoxLayout* docked_ = nullptr; ///< the panels in it
+    QRect before_, grown_;          ///< of the window, without and with a panel
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
     QLabel* preview_ = nullptr;       ///< of the figure that would be written

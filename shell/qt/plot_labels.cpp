@@ -21,7 +21,8 @@ constexpr double kCostOfLine = 100; ///< per pixel of a line under the box
 constexpr double kCostOfOtherCurve = 110;
 /// A label leaves the side that it asks for, or the neighbourhood, only for a much better place.
 constexpr double kCostOfOtherSide = 8, kCostOfRing = 12;
-constexpr int kRings = 20; ///< how many half heights of its box a label may move away
+constexpr double kCloseShare = 0.35; ///< of its distance, where there is little room
+constexpr int kRings = 20;           ///< how many half heights of its box a label may move away
 /// A label farther from its point than this has a line to it, heights of its box.
 constexpr double kLeaderFrom = 1.25;
 
@@ -326,10 +327,13 @@ QRectF BestPlace(QPointF point, QSizeF size, const PlotLabel& label, const QRect
                  Obstacles& obstacles) {
     QRectF best = Inside(Beside(point, size, label.anchor, label.offset), area);
     double least = Cost(best, label, placed, legend, obstacles, std::numeric_limits<double>::max());
-    for (int ring = 0; ring <= kRings && least > kCostOfRing * ring; ++ring) {
+    // At its distance, then close to the curve, then farther and farther away.
+    for (int ring = 0; ring <= kRings + 1 && least > kCostOfRing * ring; ++ring) {
+        const double distance = ring == 1
+                                    ? label.offset * kCloseShare
+                                    : label.offset + std::max(0, ring - 1) * size.height() / 2;
         for (const LabelAnchor side : kSides) {
-            const QRectF place =
-                Inside(Beside(point, size, side, label.offset + ring * size.height() / 2), area);
+            const QRectF place = Inside(Beside(point, size, side, distance), area);
             const double away = kCostOfRing * ring + (side == label.anchor ? 0 : kCostOfOtherSide);
             if (away >= least)
                 continue;

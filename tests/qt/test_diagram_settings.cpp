@@ -83,7 +83,7 @@ TEST_F(DiagramSettings, ARectangleDrawnWithTheMouseZooms) {
 }
 
 TEST_F(DiagramSettings, ThePanelIsWorkedByKeysAndEscapeGoesBackToTheChart) {
-    const QSize window = Window().size(), before = Window().view().parentWidget()->size();
+    const QSize before = Window().view().parentWidget()->size();
     Child<QAction>(Window(), "mnuDesignMore").trigger();
     Settle();
     QWidget& panel = Child<QWidget>(Window(), "fraTabs");
@@ -95,7 +95,7 @@ TEST_F(DiagramSettings, ThePanelIsWorkedByKeysAndEscapeGoesBackToTheChart) {
     };
     EXPECT_FALSE(place(panel).intersects(place(chart))) << "beside the chart, not upon it";
     EXPECT_LT(chart.width(), before.width());
-    EXPECT_EQ(Window().size(), window) << "the window stays as it is";
+    EXPECT_GE(chart.width(), 400);
     Child<QTabWidget>(Window(), "tabSettings").setCurrentIndex(1);
     Child<QRadioButton>(Window(), "opt1Gitter_0").click();
     EXPECT_EQ(GetAxis(Doc().surface, AxisId::X).gridPattern, LinePattern::None);
@@ -138,17 +138,19 @@ TEST_F(DiagramSettings, ArrowKeysTellTheValuesOfACurve) {
 }
 
 TEST_F(DiagramSettings, EveryPanelFitsBesideTheChart) {
-    QMdiSubWindow& frame = *program.window().findChild<QMdiArea*>()->activeSubWindow();
-    for (const QSize size : {QSize(794, 560), QSize(537, 456)}) {
-        frame.resize(size);
+    QMdiArea& area = *program.window().findChild<QMdiArea*>();
+    QMdiSubWindow& frame = *area.activeSubWindow();
+    for (const QRect& place : {QRect(300, 30, 794, 560), QRect(10, 10, 537, 456)}) {
+        frame.setGeometry(place);
         Settle();
         for (const char* action : {"mnuDesignMore", "mnuKurvenDesign", "mnuTextDesign_1",
                                    "mnuTextDesign_4", "mnuCoord", "mnuBild_2", "mnuBild_3"}) {
             Child<QAction>(Window(), action).trigger();
             Settle();
-            EXPECT_EQ(frame.size(), size) << action;
-            EXPECT_GE(Window().view().width(), 160) << action;
+            EXPECT_TRUE(area.viewport()->rect().united(place).contains(frame.geometry()));
+            EXPECT_GE(Window().view().width(), 200) << action;
             Shortcut(Qt::Key_Escape);
+            EXPECT_EQ(frame.geometry(), place) << action;
         }
     }
 }
