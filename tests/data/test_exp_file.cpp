@@ -39,8 +39,11 @@ protected:
 };
 
 TEST_F(ExpFile, ReplacesTheTableOrGrowsItAsAsked) {
+    InitProjectState(ps); // in s
     ps.LambdaInf = 7;
+    ps.k[1] = 0.5;
     EXPECT_TRUE(Load(PutRows("two", "min", 2)));
+    EXPECT_EQ(ps.k[1], 30);
     EXPECT_EQ(ps.ExpPointCount, 2);
     EXPECT_EQ(ps.ExpComment, "two");
     EXPECT_EQ(ps.TimeUnitText, "min");
@@ -52,10 +55,10 @@ TEST_F(ExpFile, ReplacesTheTableOrGrowsItAsAsked) {
     EXPECT_EQ(ps.ExpPointCount, 5);
     EXPECT_EQ(ps.ExpData.size(), 6U);
     EXPECT_EQ(ps.ExpData[2].t, 1);
-    EXPECT_EQ(ps.ExpData[3].t, 0);
+    EXPECT_EQ(ps.ExpData[4].t, 60); // 1 h among minutes
     EXPECT_EQ(ps.ExpComment, "two");
-    EXPECT_EQ(ps.TimeUnitText, "h"); // the word is replaced, no value converted
-    EXPECT_EQ(ps.TimeUnitOldIdx, 2);
+    EXPECT_EQ(ps.TimeUnitText, "min");
+    EXPECT_EQ(ps.UnitNotice, "appended data converted from h to min");
     EXPECT_TRUE(ps.ExpDataChanged); // no file holds this table
 
     EXPECT_TRUE(Load(PutRows("none", "fortnight", 0)));
