@@ -4,16 +4,12 @@
 #include "shell/qt/binder.h"
 #include "shell/qt/plot_text.h"
 #include "shell/qt/qt_text.h"
+#include "shell/qt/text_pages.h"
 
-#include <QtPrintSupport/QPrintDialog>
-#include <QtPrintSupport/QPrinter>
 #include <QtWidgets>
 
 namespace zorvant {
 namespace {
-
-/// Font size of printed plain text, points.
-constexpr double kPrintPoints = 10;
 
 QMessageBox::Icon IconOf(Icon icon) {
     switch (icon) {
@@ -182,19 +178,7 @@ std::optional<FontChoice> ChooseFont(const FontChoice& present) {
 
 bool PrintText(const std::string& text, const std::string& title) {
     const PlainPointer pointer;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(ToQt(title));
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    QTextDocument document;
-    QFont font(QStringLiteral("Courier New"));
-    font.setStyleHint(QFont::Monospace);
-    font.setPointSizeF(kPrintPoints);
-    document.setDefaultFont(font);
-    document.setPlainText(ToQt(text).remove(u'\r'));
-    document.print(&printer);
-    return true;
+    return PrintTextOnPages(ToQt(text), ToQt(title));
 }
 
 double SecondsSinceMidnight() {

@@ -67,6 +67,20 @@ TEST_F(ProjectFiles, BringEverythingBackThatTheyHold) {
     EXPECT_TRUE(script.boxes.empty());
 }
 
+TEST_F(ProjectFiles, ConvertTheRowsThatStayToTheirUnit) {
+    InitProjectState(ps);
+    const std::string inSeconds = folder / "s.ZC3";
+    ASSERT_TRUE(FuSaveProjectFile(ps, inSeconds));
+    ps.TimeUnitText = "min";
+    ps.ExpData.resize(2);
+    ps.ExpPointCount = 1;
+    ps.ExpData[1].t = 1;
+    ASSERT_TRUE(Load(inSeconds));
+    EXPECT_EQ(ps.TimeUnitText, "s");
+    EXPECT_EQ(ps.ExpData[1].t, 60);
+    EXPECT_EQ(ps.k[1], 0.15); // of the project, in its unit
+}
+
 TEST_F(ProjectFiles, KeepTheKindOfEnzymeDataInTheModelNumber) {
     for (const bool couples : {true, false}) {
         ps.ModelId = 10;
