@@ -168,8 +168,9 @@ TEST(PlotLayout, NeverHidesACurveUnderALabel) {
             }
             EXPECT_FALSE(covers && label.back) << Name(label) << size.width();
             covering += covers ? 1 : 0;
-            if (!covers && size.width() > 700)
+            if (!covers && size.width() > 700) {
                 EXPECT_TRUE(toOwn < toOther + 1 || label.leader) << label.number << size.width();
+            }
         }
         EXPECT_LE(covering, size.width() > 700 ? 0 : 8) << size.width();
     }
