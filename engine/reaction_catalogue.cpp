@@ -42,8 +42,8 @@ constexpr Start kStartReversible{{{kA, 0.5, true}, {kB, 0.5, true}}};
 // One row a model, laid out by hand so that the columns can be read downward:
 // id, option, caption, name,
 //   species mask, rate mask, single reaction, A formed back, equilibrium, numeric, units,
-//   k1..k3 at "default values" (1/s and so on), k1..k3 at a selection, start concentrations, captions,
-//   stoichiometry by reaction
+//   k1..k3 at "default values" (1/s and so on), k1..k3 at a selection, start concentrations,
+//   captions, stoichiometry by reaction
 // clang-format off
 constexpr std::array<ReactionModel, kModels> kCatalogue{{
     {1, 1, "0th-order reaction A => P", "A => P   (n = 0)",
@@ -139,12 +139,12 @@ struct DataMasks {
     bool ofRc, ofTk;
 };
 constexpr std::array<DataMasks, 6> kDataMasks{{
-    {-15, -12, "0000", true, false}, // pairs r(P)-c(S)
-    {-11, -10, "10010", false, false},
-    {-9, -9, "11111", false, false},
-    {-8, -5, "00002", false, false}, // functions of c, not c itself
-    {-4, -2, "00000", false, true},  // pairs k-T
-    {-1, -1, "11111", false, false},
+    {kKindMichaelisMenten, kKindLineweaverBurk, "0000", true, false}, // pairs r(P)-c(S)
+    {kKindLambdaSecondOrder, kKindLambdaFirstOrder, "10010", false, false},
+    {kKindFitPoints, kKindFitPoints, "11111", false, false},
+    {kKindMixedSecondOrder, kKindFirstOrder, "00002", false, false}, // functions of c, not c itself
+    {kKindEyring, kKindKOfT, "00000", false, true},                  // pairs k-T
+    {kKindPoints, kKindPoints, "11111", false, false},
 }};
 
 /// While a fit runs, the masks of some models mean the parameters that it varies: order and k, or
@@ -156,11 +156,10 @@ struct FitMasks {
     const char* rates;
 };
 constexpr std::array<FitMasks, 3> kFitMasks{{
-    {2, 20, nullptr, "110"},
-    {6, 2, "10000", "110"},
-    {7, 3, "10000", "110"},
+    {kFitOrder, 20, nullptr, "110"},
+    {kFitFirstOrderT, 2, "10000", "110"},
+    {kFitSecondOrderT, 3, "10000", "110"},
 }};
-
 
 } // namespace
 
@@ -205,6 +204,18 @@ const char* SpeciesName(int modelId, int slot) {
     return (IsEnzymeModel(modelId) ? kEnzyme : kPlain)[static_cast<std::size_t>(slot - 1)];
 }
 
+ModelMasks MasksOfModel(int modelId, int fitMode) {
+    ModelMasks masks{Model(modelId).speciesMask, Model(modelId).rateMask};
+    for (const FitMasks& row : kFitMasks) {
+        if (row.fitMode != fitMode || row.model != modelId)
+            continue;
+        masks.rates = row.rates;
+        if (row.species != nullptr)
+            masks.species = row.species;
+    }
+    return masks;
+}
+
 void FuMaskenSetzen(ProjectState& ps, int kind) {
     ps.DiagramOfTk = false;
     ps.DiagramOfRc = false;
@@ -223,15 +234,9 @@ void FuMaskenSetzen(ProjectState& ps, int kind) {
     const int model = kind > kRateKinds ? kind - kRateKinds : kind;
     if (model < 1 || model > kModels)
         return;
-    ps.SpeciesMask = Model(model).speciesMask;
-    ps.RateMask = Model(model).rateMask;
-    for (const FitMasks& row : kFitMasks) {
-        if (row.fitMode != ps.FitMode || row.model != model)
-            continue;
-        ps.RateMask = row.rates;
-        if (row.species != nullptr)
-            ps.SpeciesMask = row.species;
-    }
+    const ModelMasks masks = MasksOfModel(model, ps.FitMode);
+    ps.SpeciesMask = masks.species;
+    ps.RateMask = masks.rates;
 }
 
 bool IsEnzymeModel(int modelId) {
@@ -248,6 +253,10 @@ bool HasOrder(int modelId) {
 
 bool BeginsFromEitherSide(int modelId) {
     return modelId == 19;
+}
+
+bool ConsumesBAsMuchAsA(int modelId) {
+    return modelId == 4 || modelId == 9 || modelId == 10 || modelId == 13 || modelId == 18;
 }
 
 bool IsSecondOrderInA(int modelId) {

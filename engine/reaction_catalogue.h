@@ -71,6 +71,14 @@ void FillStoich(ProjectState& ps);
 /// "A".."Q", for model 10 "E", "S", "ES", "P", "Q".
 const char* SpeciesName(int modelId, int slot);
 
+/// What takes part in a model: a digit for each species slot and for each constant, "10010", "100".
+/// While its parameters are fitted, the digits mean the parameters that vary.
+struct ModelMasks {
+    const char* species;
+    const char* rates;
+};
+ModelMasks MasksOfModel(int modelId, int fitMode);
+
 /// Sets SpeciesMask, RateMask, DiagramOfRc and DiagramOfTk for a kind of diagram or a model.
 void FuMaskenSetzen(ProjectState& ps, int kind);
 
@@ -84,6 +92,8 @@ bool IsAutocatalytic(int modelId);
 bool HasOrder(int modelId);
 /// 19: A + B <=> P + Q may begin from either side.
 bool BeginsFromEitherSide(int modelId);
+/// 4, 9, 10, 13 and 18: A and B go one to one, so that a conversion of A needs as much B.
+bool ConsumesBAsMuchAsA(int modelId);
 /// 3: 2 A => P, whose rate constant counts two of A.
 bool IsSecondOrderInA(int modelId);
 /// 4: A + B => P

@@ -55,6 +55,13 @@ CommandCheck Passing(int model, int kind) {
     return check;
 }
 
+/// The same for an evaluation by a straight line, which ends any fit.
+CommandCheck PassingLine(int model, int kind) {
+    CommandCheck check = Passing(model, kind);
+    check.FitMode = kNoFit;
+    return check;
+}
+
 /// A range that grows over the ordinates of the lambda evaluations.
 class LambdaRange {
 public:
@@ -99,6 +106,16 @@ const ExpPoint& Row(const ProjectState& ps, int i) {
 
 } // namespace
 
+void TakeOver(ProjectState& ps, const CommandCheck& check) {
+    ps.FitMode = check.FitMode.value_or(ps.FitMode);
+    ps.TwoSpeciesEqual = check.TwoSpeciesEqual.value_or(ps.TwoSpeciesEqual);
+    ps.LambdaMode = check.LambdaMode.value_or(ps.LambdaMode);
+    if (!check.passed)
+        return;
+    ps.ModelId = check.ModelId;
+    ps.DiagramKind = check.DiagramKind;
+}
+
 CommandCheck CheckAnyData(const ProjectState& ps) {
     CommandCheck check = Passing(ps.ModelId, ps.DiagramKind);
     if (ps.ExpPointCount == 0)
@@ -109,10 +126,9 @@ CommandCheck CheckAnyData(const ProjectState& ps) {
     return check;
 }
 
-CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
+CommandCheck CheckCtEvaluation(const ProjectState& ps, int index) {
     constexpr int kFirst = 1, kSecond = 2, kTwoSpecies = 3, kWilkinson = 4;
-    CommandCheck check = Passing(ps.ModelId, 0);
-    ps.FitMode = kNoFit;
+    CommandCheck check = PassingLine(ps.ModelId, 0);
     const int least = index == kWilkinson ? kPointsOfWilkinson : kPointsOfLine;
     if (ps.nCtPoints - ps.nExcluded < least) {
         std::string text = "There must be at least ";
@@ -121,7 +137,7 @@ CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
         RefuseAndAsk(check, DataShortage(ps, std::move(text)));
         return check;
     }
-    ps.TwoSpeciesEqual = false;
+    check.TwoSpeciesEqual = false;
     const bool givenA = ps.c0Data[1] >= kGiven;
     const bool givenB = ps.c0Data[2] >= kGiven;
     if ((index == kSecond || index == kWilkinson) && !givenA) {
@@ -133,7 +149,7 @@ CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
             Refuse(check, Refusal("Both initial concentrations c(A,0) and c(B,0) are required."));
             return check;
         }
-        ps.TwoSpeciesEqual = ps.c0Data[1] == ps.c0Data[2];
+        check.TwoSpeciesEqual = ps.c0Data[1] == ps.c0Data[2];
     }
     switch (index) {
     case kFirst:
@@ -146,7 +162,7 @@ CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
         break;
     case kTwoSpecies:
         check.ModelId = 4;
-        check.DiagramKind = ps.TwoSpeciesEqual ? kKindSecondOrder : kKindMixedSecondOrder;
+        check.DiagramKind = *check.TwoSpeciesEqual ? kKindSecondOrder : kKindMixedSecondOrder;
         break;
     default:
         check.DiagramKind = kKindWilkinson;
@@ -154,9 +170,8 @@ CommandCheck CheckCtEvaluation(ProjectState& ps, int index) {
     return check;
 }
 
-CommandCheck CheckMichaelisEvaluation(ProjectState& ps, int index) {
-    CommandCheck check = Passing(10, kKindLineweaverBurk - index);
-    ps.FitMode = kNoFit;
+CommandCheck CheckMichaelisEvaluation(const ProjectState& ps, int index) {
+    CommandCheck check = PassingLine(kEnzymeModel, kKindLineweaverBurk - index);
     if (!IsEnzymeModel(ps.ModelId) || !ps.RcSMode) {
         Refuse(check,
                Note("This evaluation method is only useful if the kinetic model \r\n"
@@ -175,13 +190,13 @@ CommandCheck CheckMichaelisEvaluation(ProjectState& ps, int index) {
     return check;
 }
 
-CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
+CommandCheck CheckLambdaEvaluation(const ProjectState& ps, int index) {
     constexpr int kFirst = 1, kSecond = 2;
-    CommandCheck check = Passing(index == kFirst    ? 2
-                                 : index == kSecond ? 3
-                                                    : 4,
-                                 index == kFirst ? kKindLambdaFirstOrder : kKindLambdaSecondOrder);
-    ps.FitMode = kNoFit;
+    CommandCheck check =
+        PassingLine(index == kFirst    ? 2
+                    : index == kSecond ? 3
+                                       : 4,
+                    index == kFirst ? kKindLambdaFirstOrder : kKindLambdaSecondOrder);
     if (!ps.HasLambdaData) {
         std::string text =
             ps.SumLambda == 0 ? "no lambda data found!" : "not enough (active) experimental data!";
@@ -197,7 +212,7 @@ CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
         return check;
     }
     if (index == kFirst) {
-        ps.TwoSpeciesEqual = false;
+        check.TwoSpeciesEqual = false;
     } else if (index == kSecond) {
         if (ps.c0Data[1] == 0) {
             Refuse(check,
@@ -213,8 +228,8 @@ CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
                                   "c(A,0) and c(B,0) have to be given in that case."));
             return check;
         }
-        ps.TwoSpeciesEqual = ps.c0Data[1] == ps.c0Data[2];
-        if (!ps.TwoSpeciesEqual) {
+        check.TwoSpeciesEqual = ps.c0Data[1] == ps.c0Data[2];
+        if (!*check.TwoSpeciesEqual) {
             Refuse(check, Refusal("At the moment only the variant c(A,0) = c(B,0) is supported."));
             return check;
         }
@@ -241,13 +256,12 @@ CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index) {
                        "Also in this case the initial concetration c(A,0) is required.",
                        "Notes for the evaluation of lambda-data, 2nd-order"));
     }
-    ps.LambdaMode = true;
+    check.LambdaMode = true;
     return check;
 }
 
-CommandCheck CheckKtEvaluation(ProjectState& ps, int index) {
-    CommandCheck check = Passing(ps.ModelId, index == 1 ? kKindArrhenius : kKindEyring);
-    ps.FitMode = kNoFit;
+CommandCheck CheckKtEvaluation(const ProjectState& ps, int index) {
+    CommandCheck check = PassingLine(ps.ModelId, index == 1 ? kKindArrhenius : kKindEyring);
     const std::string required =
         "At least two different (active) couples of k - t are required!\r\n";
     if (ps.nkTPoints < kPointsOfLine)
@@ -258,7 +272,7 @@ CommandCheck CheckKtEvaluation(ProjectState& ps, int index) {
     return check;
 }
 
-CommandCheck CheckCtFitting(ProjectState& ps) {
+CommandCheck CheckCtFitting(const ProjectState& ps) {
     CommandCheck check = Passing(ps.ModelId, kKindFitPoints);
     if (IsEnzymeModel(ps.ModelId) && ps.RcSMode)
         Refuse(check, Note("This evaluation method is only useful if concentration-time\r\n"
@@ -271,11 +285,11 @@ CommandCheck CheckCtFitting(ProjectState& ps) {
                                      "Complete the data in the Data Editor.\r\n\r\n"
                                      "Now to the data editor?"));
     if (check.passed)
-        ps.FitMode = kFitConstants;
+        check.FitMode = kFitConstants;
     return check;
 }
 
-CommandCheck CheckOrderFitting(ProjectState& ps) {
+CommandCheck CheckOrderFitting(const ProjectState& ps) {
     CommandCheck check = Passing(20, kKindFitPoints);
     if (ps.nCtPoints < kPointsOfFit)
         RefuseAndAsk(check, Question("not enough experimental data!\r\n"
@@ -284,11 +298,11 @@ CommandCheck CheckOrderFitting(ProjectState& ps) {
     else if (!(ps.c0Data[1] >= kGiven))
         Refuse(check, Refusal("no initial concentration c(A,0) found", ""));
     if (check.passed)
-        ps.FitMode = kFitOrder;
+        check.FitMode = kFitOrder;
     return check;
 }
 
-CommandCheck CheckNonIsothermalFitting(ProjectState& ps, int index) {
+CommandCheck CheckNonIsothermalFitting(const ProjectState& ps, int index) {
     CommandCheck check = Passing(index == 1 ? 2 : 3, kKindFitPoints);
     if (ps.nTemperatures == 1)
         check.messages.push_back(
@@ -301,7 +315,7 @@ CommandCheck CheckNonIsothermalFitting(ProjectState& ps, int index) {
     else if (index != 1 && ps.c0Data[1] == 0)
         Refuse(check, Refusal("For this case the initial concentration c(A,0) has to be given."));
     if (check.passed)
-        ps.FitMode = index == 1 ? 6 : 7;
+        check.FitMode = index == 1 ? kFitFirstOrderT : kFitSecondOrderT;
     return check;
 }
 
@@ -346,29 +360,6 @@ void FuExtentsLambda2(ProjectState& ps) {
         range.Take(row.t, y);
     }
     range.Store(ps.Memory.RngLam2);
-}
-
-std::string CurveInputFaults(const ProjectState& ps) {
-    const bool variableRate[] = {false, true, ps.RateMask.size() > 1 && ps.RateMask[1] == '1',
-                                 ps.RateMask.size() > 2 && ps.RateMask[2] == '1'};
-    std::string faults;
-    const auto add = [&](const std::string& line) { faults += line + "\r\n"; };
-    if (InMask(ps.SpeciesMask, 2) && !(ps.c0[2] > 0))
-        add(std::string("- not yet a valid input of an initial conc. c(")
-                .append(SpeciesName(ps.ModelId, 2))
-                .append(",0)"));
-    if (IsAutocatalytic(ps.ModelId) && !(ps.c0[4] > 0))
-        add("- for auto catalysis, a (low) c(P,0) must be present, otherwise the reaction will not "
-            "start");
-    if (HasOrder(ps.DiagramKind) && ps.OrderN < 0)
-        add("- only n > 0 allowed");
-    if (!(ps.k[1] > 0))
-        add("- the rate constant has to be k1 > 0");
-    if (variableRate[2] && ps.FitMode == kFitConstants && !(ps.k[2] > 0))
-        add("- the rate constant has to be k2 > 0");
-    if (variableRate[3] && !(ps.k[3] > 0))
-        add("- the rate constant has to be k3 > 0");
-    return faults;
 }
 
 } // namespace zorvant

@@ -6,6 +6,7 @@
 #include "engine/project_state.h"
 #include "platform/host.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,41 +22,41 @@ struct CommandCheck {
     /// The last message asks whether to go to the data editor (or, for CheckAnyData, to start a new
     /// table); the command ends with either answer.
     bool asksForEditor = false;
-    int ModelId = 0;     ///< to be set when passed
-    int DiagramKind = 0; ///< the same
+    /// For the state; empty: it stays as it is.
+    std::optional<int> FitMode;
+    std::optional<bool> TwoSpeciesEqual, LambdaMode;
+    int ModelId = 0, DiagramKind = 0; ///< for the state when passed
 };
+/// Puts into the state what a check has found.
+void TakeOver(ProjectState& ps, const CommandCheck& check);
 
 /// Opening the menu of the evaluations: there must be data.
 CommandCheck CheckAnyData(const ProjectState& ps);
 
-/// Lines through c-t data: 1 first order, 2 second order, 3 A + B, 4 Wilkinson. Writes FitMode and
-/// TwoSpeciesEqual.
-CommandCheck CheckCtEvaluation(ProjectState& ps, int index);
-/// Lines through r(P)-c(S) data: 0 Lineweaver/Burk, 1 Hanes/Woolf, 2 Eadie/Hofstee. Writes FitMode.
-CommandCheck CheckMichaelisEvaluation(ProjectState& ps, int index);
+/// Lines through c-t data: 1 first order, 2 second order, 3 A + B, 4 Wilkinson.
+CommandCheck CheckCtEvaluation(const ProjectState& ps, int index);
+/// Lines through r(P)-c(S) data: 0 Lineweaver/Burk, 1 Hanes/Woolf, 2 Eadie/Hofstee.
+CommandCheck CheckMichaelisEvaluation(const ProjectState& ps, int index);
 /// Lines through lambda-t data: 1 first order, 2 second order 2A, 3 second order A + B; the
-/// statistics of the table are fresh. Writes FitMode, TwoSpeciesEqual and LambdaMode.
-CommandCheck CheckLambdaEvaluation(ProjectState& ps, int index);
-/// Lines through k-T data: 1 Arrhenius, 2 Eyring. Writes FitMode.
-CommandCheck CheckKtEvaluation(ProjectState& ps, int index);
+/// statistics of the table are fresh.
+CommandCheck CheckLambdaEvaluation(const ProjectState& ps, int index);
+/// Lines through k-T data: 1 Arrhenius, 2 Eyring.
+CommandCheck CheckKtEvaluation(const ProjectState& ps, int index);
 
 /// Start of the fits: rate constants; order and k; k(T) of first (1) or second order (2); the
-/// statistics of the table are fresh. Each writes FitMode when it passes.
-CommandCheck CheckCtFitting(ProjectState& ps);
-CommandCheck CheckOrderFitting(ProjectState& ps);
-CommandCheck CheckNonIsothermalFitting(ProjectState& ps, int index);
+/// statistics of the table are fresh.
+CommandCheck CheckCtFitting(const ProjectState& ps);
+CommandCheck CheckOrderFitting(const ProjectState& ps);
+CommandCheck CheckNonIsothermalFitting(const ProjectState& ps, int index);
 
 /// The different couples of k and T: rows with both above 0, less the rows with T above 0 whose k
 /// and T repeat an earlier row.
 int DistinctKtCouples(const ProjectState& ps);
 
-/// Axis ranges of the lambda evaluations from all rows, into RngT and RngLam1 or RngLam2. Rows whose
-/// logarithm or quotient does not exist are left out; without any row the ordinate goes from 0 to 1.
+/// Axis ranges of the lambda evaluations from all rows, into RngT and RngLam1 or RngLam2. Rows
+/// whose logarithm or quotient does not exist are left out; without any row the ordinate goes from
+/// 0 to 1.
 void FuExtentsLambda1(ProjectState& ps);
 void FuExtentsLambda2(ProjectState& ps);
-
-/// What keeps a fitted curve from being drawn, one line for each fault, each ended by CR LF; empty:
-/// nothing.
-std::string CurveInputFaults(const ProjectState& ps);
 
 } // namespace zorvant

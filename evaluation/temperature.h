@@ -2,23 +2,20 @@
 // parameters of the non-isothermal fits.
 #pragma once
 
+#include "engine/constants.h"
 #include "engine/project_state.h"
 
 #include <string>
 
 namespace zorvant {
 
-inline constexpr double kGasConstant = 8.3145;    ///< J/(mol K)
-inline constexpr double kBoltzmann = 1.38066E-23; ///< J/K
-inline constexpr double kPlanck = 6.62618E-34;    ///< J s
-
 /// ProjectState::kTFunction.
 inline constexpr int kArrhenius = 1;
 inline constexpr int kEyring = 2;
 
 /// The rate constant at a temperature in the parameters of the fits.
-/// Given:    kTFunction 1 Arrhenius, 2 Eyring; factor: A in the unit of k, or B in the unit of k per
-///           K; energy J/mol; T K
+/// Given:    kTFunction 1 Arrhenius, 2 Eyring; factor: A in the unit of k, or B in the unit of k
+///           per K; energy J/mol; T K
 /// Returned: k in the unit that the factor brings
 /// Errors:   ArithmeticError: T = 0, overflow
 /// Formula:  k = A exp(-EA/(R T)) (S. Arrhenius, Z. phys. Chem. 4 (1889) 226);
@@ -60,16 +57,5 @@ KtResult CalcEyring(const ProjectState& ps, double EyrS, double EyrH, double T);
 
 /// The index of the time unit's word, blanks dropped; what the state has when the word is unknown.
 int SelectedTimeUnit(const ProjectState& ps);
-
-/// The texts of the calculator's window for the present kTFunction, FitMode and time unit.
-struct CalculatorFace {
-    std::string caption, lblFormel;
-    bool kBhVisible = false;          ///< lblk0Eyring and txtInpArrh(3)
-    std::string lblk0Eyring, kBhText; ///< kB/h in 1/(K s)
-    std::string lblk0, lblEA, lblUnitEA, lblUnitk0, lblRO;
-    std::string inp0, inp1, inp2; ///< contents of the input boxes
-    std::string lblkEinheit, lblkEinheitsec;
-};
-CalculatorFace FaceOfCalculator(const ProjectState& ps);
 
 } // namespace zorvant

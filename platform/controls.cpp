@@ -1,6 +1,6 @@
 #include "platform/controls.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/host.h"
 
 #include <algorithm>
@@ -212,17 +212,17 @@ void DropLastCharacter(std::string& text) {
 
 /// What one key does to a text. Returned: whether the text changed.
 bool ApplyKey(std::string& text, int key, bool multiLine, int maxLength) {
-    constexpr int kBackspace = 8, kEnter = 13, kBlank = 32;
-    if (key == kBackspace) {
+    constexpr int kBlank = 32;
+    if (key == kKeyBackspace) {
         const bool change = !text.empty();
         DropLastCharacter(text);
         return change;
     }
-    if (key < kBlank && !(key == kEnter && multiLine))
+    if (key < kBlank && !(key == kKeyEnter && multiLine))
         return false;
     if (maxLength > 0 && std::ranges::count_if(text, std::not_fn(ContinuesCharacter)) >= maxLength)
         return false;
-    AppendUtf8(text, static_cast<unsigned>(key == kEnter ? '\n' : key));
+    AppendUtf8(text, static_cast<unsigned>(key == kKeyEnter ? '\n' : key));
     return true;
 }
 

@@ -20,10 +20,21 @@ namespace zorvant {
 
 using Handler = std::function<void()>;
 using IndexHandler = std::function<void(int)>;
-/// A key press before it takes effect: the handler may change the code, 0 drops the key.
-/// Codes: 3 Ctrl+C, 8 backspace, 10 Ctrl+Enter, 13 Enter, 22 Ctrl+V, 27 Esc, in grids and lists 127
-/// Del, else the character. An edit that came without a key (Del, cut, undo, a paste by mouse)
-/// arrives as 8, so that it counts as typed.
+/// The codes of keys that are no characters, as handlers of key presses hear them.
+enum Key : int {
+    kKeyCopy = 3,
+    kKeyBackspace = 8,
+    kKeyCtrlEnter = 10,
+    kKeyEnter = 13,
+    kKeyPaste = 22,
+    kKeyCut = 24,
+    kKeyEsc = 27,
+    kKeyDel = 127 ///< in grids and lists
+};
+
+/// A key press before it takes effect: the handler may change the code, 0 drops the key. The code is
+/// one of Key or the character. An edit that came without a key (Del, cut, undo, a paste by mouse)
+/// arrives as backspace, so that it counts as typed.
 using KeyHandler = std::function<void(int&)>;
 
 /// Result fields and locked fields, so that they differ from what the user may type into.
@@ -210,7 +221,9 @@ struct GridContents {
     std::vector<std::vector<std::string>> cells; ///< cells[row][column]
     std::vector<int> columnWidths;               ///< characters; missing ones: as wide as needed
     std::vector<bool> editableColumns;
-    std::vector<bool> checkColumns; ///< columns of check boxes; their cells read "0" or "-1"
+    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no box.
+    std::vector<bool> checkColumns;
+    std::vector<bool> paleColumns; ///< columns that hold nothing: their cells "0" are pale
     int row = -1, column = -1;      ///< current cell
     GridRange selection;
     std::uint64_t revision = 0; ///< raised by whoever changes heads or cells
@@ -320,6 +333,7 @@ struct Form {
     std::function<void(bool& cancel)> onQueryUnload;
     Handler onUnload;
     Handler onResize;
+    Handler onEscape; ///< in place of the button that Esc presses
     Handler onRefresh;         ///< before the contents are shown, so often: texts made of the state
     Handler onModelChanged;    ///< another model was selected
     Handler onTimeUnitChanged; ///< times and constants were converted

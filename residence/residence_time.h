@@ -81,19 +81,4 @@ VerweilCurve Berechne_FtKurve(ProjectState& ps, const VerweilInput& input);
 /// Empties the buffer of curves.
 void ClearCurveBuf(ProjectState& ps);
 
-/// Captions that follow the number of tanks and the time unit.
-struct VerweilCaptions {
-    std::string flow;   ///< "volume flow V*/m^3/s)"
-    std::string tm;     ///< "mean resid. time tm/s"
-    std::string vessel; ///< "ideal cont. stirred tank"
-};
-VerweilCaptions MakeVerweilCaptions(const ProjectState& ps);
-/// Captions that follow the choice of the x axis.
-struct AxisCaptions {
-    const char* frame;
-    const char* buttonE;
-    const char* buttonF;
-};
-const AxisCaptions& MakeAxisCaptions(bool xAchseZeit);
-
 } // namespace zorvant

@@ -78,7 +78,7 @@ struct BacRule {
     void (*reset)(ProjectState&);
     const char* message;
     const char* standard;
-    const char* box;
+    BacQuantity quantity;
 };
 
 constexpr auto kWidmarkOf = [](const ProjectState& ps) { return ps.rWidmark; };
@@ -89,28 +89,28 @@ const std::array<BacRule, 5>& BacRules() {
           [](ProjectState& ps) { ps.rWidmark = kStandardMen; },
           "WIDMARK factor r outside the valid range for men:\r\n0,68 <= r <= 0,8\r\n\r\n"
           "parameter is set to standard value",
-          "0.7", "txt_r_0"},
+          "0.7", BacQuantity::Widmark},
          {BacPerson::Women, 0.5F, 0.6F, kWidmarkOf,
           [](ProjectState& ps) { ps.rWidmark = kStandardWomen; },
           "WIDMARK factor r outside the valid range for women:\r\n\r\n0,5 <= r <= 0,6\r\n\r\n"
           "parameter is set to standard value",
-          "0.6", "txt_r_1"},
+          "0.6", BacQuantity::Widmark},
          {std::nullopt, 10, 30,
           [](const ProjectState& ps) { return static_cast<float>(ps.AbsDeficit); },
           [](ProjectState& ps) { ps.AbsDeficit = kStandardDeficit; },
           "Absorption deficit AD outside the valid range:\r\n10 % <= AD <= 30 %\r\n\r\n"
           "parameter is set to standard value",
-          "20", "txtRD"},
+          "20", BacQuantity::AbsDeficit},
          {std::nullopt, 0.1F, 0.2F, [](const ProjectState& ps) { return ps.beta60; },
           [](ProjectState& ps) { ps.beta60 = kStandardBeta; },
           "rate const. of eliminination beta60 outside the valid range:\r\n0.1 <= beta60 <= 0.2"
           "\r\n\r\nparameter is set to standard value",
-          "0.15", "txtb60"},
+          "0.15", BacQuantity::Beta60},
          {std::nullopt, 2, 20, [](const ProjectState& ps) { return ps.kAbs; },
           [](ProjectState& ps) { ps.kAbs = kStandardAbs; },
           "rate const. of absorption k(abs) outside the valid range:\r\n2 <= k(abs) <= 20\r\n\r\n"
           "parameter is set to standard value",
-          "5", "txtkres"}}};
+          "5", BacQuantity::Absorption}}};
     return kRules;
 }
 
@@ -224,7 +224,7 @@ bool FuCheckBacParameters(ProjectState& ps, BacPerson person, BacFailure& failur
             continue;
         rule.reset(ps);
         failure.message = MessageBox{rule.message, kNotPossible, Icon::Critical};
-        failure.box = rule.box;
+        failure.quantity = rule.quantity;
         failure.standard = rule.standard;
         return false;
     }
@@ -237,7 +237,7 @@ std::optional<BacFailure> CheckBacDrawing(const ProjectState& ps) {
         return std::nullopt;
     BacFailure failure;
     failure.message = MessageBox{"no valid input", kNotPossible, Icon::Critical};
-    failure.box = hasMass ? "txt_tmaxGraph" : "txtKoerpermasse";
+    failure.quantity = hasMass ? BacQuantity::TimeMax : BacQuantity::BodyMass;
     return failure;
 }
 

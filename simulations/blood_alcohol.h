@@ -45,8 +45,8 @@ float AlcMassOf(double volume, double content);
 // Functions that take the number of a drink throw std::out_of_range outside 1..8.
 
 /// Takes a typed volume, mL / content, percent (above 100: 0), of drink i, and forms its mass. A
-/// volume of 0 empties the row: no content, no time. Row 1 is the begin of drinking: with a volume it
-/// stands at minute 0 again.
+/// volume of 0 empties the row: no content, no time. Row 1 is the begin of drinking: with a volume
+/// it stands at minute 0 again.
 void SetGlassVolume(ProjectState& ps, int i, double volume);
 void SetAlcContent(ProjectState& ps, int i, double content);
 /// The mass as the table of drinks shows it.
@@ -75,15 +75,18 @@ void SetBacTimeMax(ProjectState& ps, double minutes);
 /// Whose Widmark factor is meant, by the index of its option.
 enum class BacPerson { Men = 0, Women = 1 };
 
-/// What a check found: the message, and what puts it right.
+/// A quantity of the person or the drawing.
+enum class BacQuantity { None, Widmark, AbsDeficit, Beta60, Absorption, BodyMass, TimeMax };
+
+/// What a check found: the message, and what it is about.
 struct BacFailure {
     MessageBox message;
-    const char* box = "";      ///< the field that takes the focus
-    const char* standard = ""; ///< its new text; "": it stays as it is
+    BacQuantity quantity = BacQuantity::None;
+    const char* standard = ""; ///< what it was set to, as text; "": it stays as it is
 };
 /// Checks r, AD, beta60 and k(abs), in this order, against their ranges in single precision.
-/// Returned: True when all are good, else failure holds the first that is not, and its parameter has
-///           gone back to its standard value
+/// Returned: True when all are good, else failure holds the first that is not, and its parameter
+///           has gone back to its standard value
 bool FuCheckBacParameters(ProjectState& ps, BacPerson person, BacFailure& failure);
 /// What else a drawing needs: a body mass and a time axis.
 /// Returned: nothing when both are above 0

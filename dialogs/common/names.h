@@ -28,6 +28,9 @@ inline constexpr const char* kComment = "frmCommentInput";
 inline constexpr const char* kDiagram = "frmZGraph2D";
 inline constexpr const char* kGraphCalculator = "frmZGraphCalc";
 
+// --- controls of the model dialog
+inline constexpr const char* kOrder = "txtOrdnung";
+
 // --- commands of the main window
 inline constexpr const char* kEditData = "mnuEditDat";
 inline constexpr const char* kToolSaveProject = "Toolbar1_8";
@@ -38,3 +41,8 @@ inline constexpr const char* kEraseInList = "mnuErase2";
 inline constexpr const char* kCopyFromList = "mnuCopy2";
 
 } // namespace zorvant::name
+
+namespace zorvant {
+/// The title of every box that refuses a command.
+inline constexpr const char* kExecutionNotPossible = "Execution not possible";
+} // namespace zorvant

@@ -3,7 +3,6 @@
 #include "data/exp_data.h"
 #include "dialogs/common/names.h"
 #include "engine/time_units.h"
-#include "platform/number_text.h"
 
 #include <array>
 
@@ -20,30 +19,32 @@ void Tell(const Workspace& ps, const char* formName) {
         form->onTimeUnitChanged();
 }
 
-void ShowConstants(const Workspace& ps, CalcDialog& dialog) {
-    for (int i = 1; i <= 3 && dialog.id != CalcTask::TimeDiagram; ++i)
-        dialog.Inp(9 + i).text = GeneralText(ps.k[static_cast<std::size_t>(i)]);
-    if (dialog.onShowParameters)
-        dialog.onShowParameters();
-}
-
-} // namespace
-
-void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx) {
-    const double factor = ConvertTimeUnit(ps, newIdx, oldIdx);
+/// Velocity and flow belong to the open dialogs.
+void ConvertFlows(Workspace& ps, double factor) {
     if (IsFormLoaded(ps.desktop, name::kTube))
         ps.vRohr /= factor;
     if (IsFormLoaded(ps.desktop, name::kTank) || IsFormLoaded(ps.desktop, name::kSeries))
         ps.VPunkt /= factor;
+}
+
+void TellUnit(Workspace& ps) {
     UpdateUnitLabels(ps);
     for (const char* listener : kUnitListeners)
         Tell(ps, listener);
 }
 
+} // namespace
+
+void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx) {
+    ConvertFlows(ps, ConvertTimeUnit(ps, newIdx, oldIdx));
+    TellUnit(ps);
+}
+
 void UpdateUnitLabels(Workspace& ps) {
     if (CalcDialog* dialog = WhichCalcDialog(ps)) {
-        ShowConstants(ps, *dialog);
-        dialog->lblZeitEinheit.text = Trim(ps.TimeUnitText);
+        ShowConstants(*dialog);
+        if (dialog->onShowUnits)
+            dialog->onShowUnits();
         dialog->unit1.text = ConstantUnitText(ps, 1);
         dialog->unit2.text = ConstantUnitText(ps, 2);
         dialog->unit3.text = ConstantUnitText(ps, 3);
@@ -52,9 +53,13 @@ void UpdateUnitLabels(Workspace& ps) {
 }
 
 void TellUnitOfData(Workspace& ps) {
-    const int unit = TimeUnitIndex(ps.TimeUnitText);
-    if (ps.TimeUnitIdx != unit && ps.TimeUnitText == kTimeUnits.at(static_cast<std::size_t>(unit)))
-        ChangeTimeUnit(ps, unit, unit);
+    const int unit = TimeUnitIndex(ps.TimeUnitText), before = ps.TimeUnitIdx;
+    if (before == unit || ps.TimeUnitText != kTimeUnits.at(static_cast<std::size_t>(unit)))
+        return;
+    ConvertFlows(
+        ps, ps.TimeFactor.at(static_cast<std::size_t>(before)).at(static_cast<std::size_t>(unit)));
+    ps.TimeUnitIdx = unit;
+    TellUnit(ps);
 }
 
 void ResetConstants(Workspace& ps) {
@@ -64,7 +69,7 @@ void ResetConstants(Workspace& ps) {
         return;
     if (dialog->id == CalcTask::TimeDiagram)
         ps.tMax = DefaultTimeAxis(ps);
-    ShowConstants(ps, *dialog);
+    ShowConstants(*dialog);
 }
 
 void CheckExpData(Workspace& ps) {

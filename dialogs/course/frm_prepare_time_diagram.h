@@ -10,8 +10,8 @@ namespace zorvant {
 struct frmPrepareTimeDiagram : CalcDialog {
     frmPrepareTimeDiagram(Workspace& state, DiagramDocument& diagramDocument);
 
-    Workspace& ps;
     DiagramDocument& diagram;
+    FieldWalk parameterWalk; ///< t(max) and the constants
 
     Label Label1{*this, "Label1", " conc.  [c(i)(0)] = mol/l"};
     Array<ComboBox, 4> kCombo{*this, "kCombo"}; ///< t(max), k1, k2, k3
@@ -33,13 +33,10 @@ struct frmPrepareTimeDiagram : CalcDialog {
 
 /// Refreshes captions for the model.
 void InitSimulation(frmPrepareTimeDiagram& form);
-void kCombo_Change(frmPrepareTimeDiagram& form, int index);
 void cmdDrawctDiagram_Click(frmPrepareTimeDiagram& form);
 void cmdListe_Click(frmPrepareTimeDiagram& form);
 void cmdMMdiagram_Click(frmPrepareTimeDiagram& form);
 void cmdMichaelisListe_Click(frmPrepareTimeDiagram& form);
-void chkDelDiagram_Click(frmPrepareTimeDiagram& form);
-void chkSpecialScaling_Click(frmPrepareTimeDiagram& form);
 void chkNormiert_Click(frmPrepareTimeDiagram& form);
 
 } // namespace zorvant

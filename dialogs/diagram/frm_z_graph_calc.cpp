@@ -13,7 +13,6 @@ namespace zorvant {
 namespace {
 
 constexpr int kHelpCalculator = 7004;
-constexpr int kKeyEnter = 13;
 constexpr int kOwnWidth = 3600; ///< twips, about
 /// The share of its width by which the window stands inside the diagram's right edge.
 constexpr double kInsideShare = 1.045;

@@ -60,7 +60,9 @@ void Binder::BindEscape() {
     auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &root_);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, [this] {
-        if (QAbstractButton* const button = UsableButton(&ButtonContents::isCancel))
+        if (form_.onEscape)
+            Run(nullptr, form_.onEscape);
+        else if (QAbstractButton* const button = UsableButton(&ButtonContents::isCancel))
             button->click();
     });
 }
@@ -149,7 +151,7 @@ void Binder::Clicked(const QObject* watched, const QMouseEvent& event) {
 }
 
 bool Binder::KeyOnList(Control& control, QWidget& widget, QKeyEvent& event) {
-    const int before = event.key() == Qt::Key_Delete ? kKeyDelete : KeyCode(event);
+    const int before = event.key() == Qt::Key_Delete ? kKeyDel : KeyCode(event);
     int after = before;
     if (before > 0)
         Run(&control, [&] {

@@ -13,11 +13,11 @@ int KeyCode(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        return alt ? -1 : ctrl ? kKeyLineFeed : kKeyEnter;
+        return alt ? -1 : ctrl ? kKeyCtrlEnter : kKeyEnter;
     case Qt::Key_Backspace:
         return alt ? -1 : kKeyBackspace;
     case Qt::Key_Escape:
-        return kKeyEscape;
+        return kKeyEsc;
     case Qt::Key_Delete:
     case Qt::Key_Tab:
     case Qt::Key_Backtab:

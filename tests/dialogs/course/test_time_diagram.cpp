@@ -1,3 +1,7 @@
+#include "diagrams/diagram_kinds.h"
+#include "dialogs/diagram/dispatcher.h"
+#include "engine/modes.h"
+#include "engine/reaction_catalogue.h"
 #include "platform/files.h"
 #include "tests/dialogs/workbench.h"
 
@@ -18,64 +22,36 @@ TEST(TimeDiagramDialog, DrawsTheCourseOfTheFieldsAndRemembersThem) {
     EXPECT_EQ(bench.ps.CurveCount, 2);
     EXPECT_NEAR(bench.ps.cSimA[100], 2 * std::exp(-0.05 * 20), 1e-12);
     EXPECT_EQ(bench.time.kCombo(1).items, std::vector<std::string>{"0.05"});
-    for (int i = 0; i < 9; ++i)
+    for (int i = 0; i < 9; ++i) {
+        bench.Retype(bench.time.kCombo(1), "0.0" + std::to_string(1 + i % 8));
         Press(bench.time.cmdDrawctDiagram);
-    EXPECT_EQ(bench.time.kCombo(1).items.size(), 7U);
+    }
+    EXPECT_EQ(bench.time.kCombo(1).items, // without the oldest, each once, the present one marked
+              (std::vector<std::string>{"0.03", "0.04", "0.05", "0.06", "0.07", "0.08", "0.01"}));
+    EXPECT_EQ(bench.time.kCombo(1).index, 6);
     EXPECT_EQ(bench.ps.CurveCount, 2); // each press draws a new diagram
 }
 
-TEST(TimeDiagramDialog, CollectsEveryFailedCheckInOneBox) {
-    struct Case {
-        int option;
-        std::vector<std::pair<int, double>> c0;
-        double k1, tMax;
-        std::string text;
-    };
-    const std::string noA = "- not yet a valid input of an initial conc. c(A,0)\r\n";
-    const std::string noB = "- not yet a valid input of an initial conc. c(B,0)\r\n";
-    const std::vector<Case> cases{
-        {2, {{1, 0}}, 0.1, 10, noA},
-        {4, {{1, 0}, {2, 0}}, 0.1, 10, noA + noB},
-        {10, {{2, 0}}, 1, 10, "- not yet a valid input of an initial conc. c(S,0)\r\n"},
-        {8,
-         {{1, 0}, {4, 0}},
-         0.1,
-         10,
-         "- not yet a valid input of an initial conc. c(A,0) or c(P,0)\r\n"},
-        {8, {{1, 0}, {4, 1}}, 0.1, 10, ""},
-        {17, {{1, 0}, {2, 0}, {4, 1}}, 0.1, 10, ""},
-        {19,
-         {{1, 1}, {2, 0}, {4, 0}, {5, 0}},
-         0.1,
-         10,
-         noB + "- specify initial concentration of substance B or P and Q\r\n"},
-        {5,
-         {{4, 0}},
-         0.1,
-         10,
-         "- for auto catalysis, a (low) c(P,0) must be present, otherwise the reaction will not "
-         "start\r\n"},
-        {2,
-         {},
-         0,
-         0,
-         "- specification of time is not in order!\r\n- the rate constant has to be k1 > 0\r\n"},
-    };
-    for (const Case& c : cases) {
+TEST(TimeDiagramDialog, DrawsAfterAnyOtherDiagramAndRefusesByWhatItShows) {
+    for (const int kind : {kKindPoints, kKindFitPoints, kKindFirstOrder, kKindLineweaverBurk,
+                           kKindArrhenius, kKindSingleSpecies, kKindResidenceFirst}) {
         Workbench bench;
         bench.OpenTimeDiagram();
-        Press(bench.model.optTyp, c.option);
-        for (const auto& [slot, value] : c.c0)
-            bench.time.Inp(slot - 1).text = std::to_string(value);
-        bench.time.kCombo(0).text = std::to_string(c.tMax);
-        bench.time.kCombo(1).text = std::to_string(c.k1);
+        Press(bench.model.optTyp, 4); // A + B => P
+        bench.ps.DiagramKind = kind;
+        FuMaskenSetzen(bench.ps, kind);
+        GrafZentrale(bench.ps, bench.diagram);
+        bench.host.boxes.clear(); // of a diagram without data
         Press(bench.time.cmdDrawctDiagram);
-        SCOPED_TRACE(c.option);
-        EXPECT_EQ(bench.LastBox(), c.text);
-        EXPECT_EQ(bench.diagram.loaded, c.text.empty());
-        if (!c.text.empty()) {
-            EXPECT_EQ(bench.host.boxes.back().title, "Execution not possible");
-        }
+        EXPECT_EQ(bench.LastBox(), "") << kind;
+        EXPECT_EQ(bench.ps.CurveCount, 3) << kind;
+        EXPECT_EQ(bench.ps.Frame.Header, FindDiagramKind(4)->header) << kind;
+        FuMaskenSetzen(bench.ps, kind);
+        bench.Retype(bench.time.Inp(1), "0");
+        Press(bench.time.cmdDrawctDiagram);
+        EXPECT_EQ(bench.LastBox(), "- not yet a valid input of an initial conc. c(B,0)\r\n");
+        EXPECT_EQ(bench.host.boxes.back().title, "Execution not possible");
+        EXPECT_EQ(bench.time.setFocus, &bench.time.Inp(1));
     }
 }
 
@@ -141,19 +117,6 @@ TEST(TimeDiagramDialog, TheMichaelisMentenCurveEndsWithTheNextActivation) {
     EXPECT_TRUE(bench.time.txtS0max.visible);
     bench.Show(bench.time);
     EXPECT_FALSE(bench.ps.MMDiagram);
-}
-
-TEST(TimeDiagramDialog, EnterWalksTheVisibleFieldsRoundAndRound) {
-    Workbench bench;
-    bench.OpenTimeDiagram();
-    Press(bench.model.optTyp, 2); // A and P
-    int key = 13;
-    bench.time.Inp(0).onKeyPress(key);
-    EXPECT_EQ(key, 0);
-    EXPECT_EQ(bench.time.setFocus, &bench.time.Inp(3));
-    key = 13;
-    bench.time.Inp(3).onKeyPress(key);
-    EXPECT_EQ(bench.time.setFocus, &bench.time.Inp(0));
 }
 
 TEST(TableDialog, CopiesSavesAndPrintsTheWholeText) {
