@@ -14,6 +14,12 @@ inline void Settle() {
 
 /// The widget that gets what is typed on the keyboard.
 inline QWidget& KeyReceiver() {
+    // A modal dialog that has just come gets the keys, though this platform activates it later.
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal != QApplication::activeWindow()) {
+        modal->activateWindow();
+        QCoreApplication::processEvents();
+    }
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const holder = popup == nullptr ? QApplication::focusWidget() : popup->focusWidget();
     QWidget* const window = popup != nullptr ? popup : QApplication::activeWindow();

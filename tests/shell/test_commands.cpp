@@ -134,37 +134,10 @@ TEST_F(CommandsTest, ADialogSetClosesTheOthersAndOpensItsDialogInFront) {
                 << closed << " after " << set.command;
         EXPECT_TRUE(Has(set.opens)) << set.command;
         EXPECT_EQ(ps.desktop.order.back()->name, set.opens) << "in front: " << set.command;
-        EXPECT_EQ(FindForm(ps.desktop, "frmZorModel")->hidden, set.hidesModelDialog);
         if (dynamic_cast<CalcDialog*>(FindForm(ps.desktop, set.opens)) != nullptr) {
             EXPECT_EQ(log.back(), "init " + std::string(set.opens));
         }
     }
-}
-
-TEST_F(CommandsTest, ADialogSetSaysWhatTheNextDiagramIsAbout) {
-    AddAllDialogs();
-    Start();
-    ps.ModelId = 2;
-    const struct {
-        const char* command;
-        bool tubular, cstr, cascade, rates;
-    } cases[] = {
-        {"mnuRohrR", true, false, false, false},
-        {"mnuKontRK", false, true, false, false},
-        {"mnuKaskade", false, false, true, false},
-        {"mnuvtGraph", false, false, false, true},
-        {"mnuVerweilzeitVisual", false, false, false, true}, // left as it was
-        {"mnuctGraph", false, false, false, false},
-    };
-    for (const auto& each : cases) {
-        ps.FitMode = kFitOrder;
-        Press(form.Entry(each.command));
-        EXPECT_EQ(ps.IsTubular, each.tubular) << each.command;
-        EXPECT_EQ(ps.IsCSTR, each.cstr) << each.command;
-        EXPECT_EQ(ps.IsCascade, each.cascade) << each.command;
-        EXPECT_EQ(ps.RateDiagram, each.rates) << each.command;
-    }
-    EXPECT_EQ(ps.FitMode, kNoFit);
 }
 
 TEST_F(CommandsTest, TanksAreRefusedForTheEnzymeModel) {
@@ -177,32 +150,6 @@ TEST_F(CommandsTest, TanksAreRefusedForTheEnzymeModel) {
         EXPECT_EQ(desk.boxes.back().title, "Execution not possible");
     }
     EXPECT_FALSE(Has("frmRKconti") || Has("frmKaskade"));
-}
-
-TEST_F(CommandsTest, TheModelEnablesItsEvaluations) {
-    Start();
-    auto& model = static_cast<frmZorModel&>(*FindForm(ps.desktop, "frmZorModel"));
-    const struct {
-        int option;
-        std::string enabled;
-    } cases[] = {
-        {2, "mnuctAusw_1 mnuNonIsothermFitting_1 mnuLambdaAusw_1 "},
-        {3, "mnuctAusw_2 mnuNonIsothermFitting_2 mnuLambdaAusw_2 "},
-        {4, "mnuctAusw_3 mnuLambdaAusw_3 "},
-        {10, "mnuMichMent "},
-        {0, ""},
-    };
-    for (const auto& each : cases) {
-        Press(model.optTyp, each.option);
-        std::string enabled;
-        for (const MenuRow& row : MainMenu())
-            if (const std::string_view control = row.control;
-                form.Entry(row.control).enabled &&
-                (control.starts_with("mnuctAusw") || control.starts_with("mnuNonIso") ||
-                 control.starts_with("mnuLambda") || control == "mnuMichMent"))
-                enabled += std::string(control) + " ";
-        EXPECT_EQ(enabled, each.enabled) << each.option;
-    }
 }
 
 TEST_F(CommandsTest, StartsWithoutAProject) {
@@ -378,22 +325,6 @@ TEST_F(CommandsTest, NewDataAsksBeforeASetIsDeleted) {
     EXPECT_EQ(ps.LambdaInf, 0);
     EXPECT_EQ(ps.DataFilePath, "");
     EXPECT_TRUE(Has("frmDatedit"));
-}
-
-TEST_F(CommandsTest, InsertInAPopupNeedsTextOnTheClipboard) {
-    form.Entry("mnuEdit1").onOpen();
-    EXPECT_FALSE(form.Entry("mnuPaste1").enabled);
-    desk.clipboard = "1\t2";
-    form.Entry("mnuEdit2").onOpen();
-    EXPECT_TRUE(form.Entry("mnuPaste2").enabled);
-}
-
-TEST_F(CommandsTest, AConverterThatDoesNotStartIsReported) {
-    Start();
-    host().startProgram = [](const std::string&) { return false; };
-    Press(form.Entry("mnuConvertTool1W"));
-    ASSERT_EQ(desk.boxes.size(), 1U);
-    EXPECT_THAT(desk.boxes[0].text, HasSubstr("ConvertTool1W_E.EXE"));
 }
 
 TEST_F(CommandsTest, TheStatusTellsProjectDataAndComment) {
