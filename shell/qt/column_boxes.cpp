@@ -35,11 +35,13 @@ ColumnBoxes::ColumnBoxes(QTableView& view, QGridLayout& boxes, int firstColumn)
     connect(view_.horizontalHeader(), &QHeaderView::sectionResized, this, &ColumnBoxes::Align);
     connect(view_.horizontalHeader(), &QHeaderView::geometriesChanged, this, &ColumnBoxes::Align);
     view_.viewport()->installEventFilter(this);
+    boxes_.parentWidget()->installEventFilter(this); // its margins are known only with its layout
 }
 
 bool ColumnBoxes::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
-        Align();
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Resize || type == QEvent::Show || type == QEvent::LayoutRequest)
+        QMetaObject::invokeMethod(this, &ColumnBoxes::Align, Qt::QueuedConnection);
     return false;
 }
 
@@ -54,7 +56,9 @@ void ColumnBoxes::Align() {
     if (left != margins.left())
         boxes_.setContentsMargins(left, margins.top(), margins.right(), margins.bottom());
     for (int column = first_; column < view_.horizontalHeader()->count(); ++column)
-        boxes_.setColumnMinimumWidth(column - first_, view_.columnWidth(column) - kGap);
+        if (const int width = view_.columnWidth(column) - kGap;
+            width != boxes_.columnMinimumWidth(column - first_))
+            boxes_.setColumnMinimumWidth(column - first_, width);
 }
 
 } // namespace zorvant
