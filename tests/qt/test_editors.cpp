@@ -38,6 +38,20 @@ protected:
         Key(Qt::Key_Z, Qt::ControlModifier);
         Settle();
     }
+    /// Acts in a dialog that waits for its end, once it is open; a test that fails must not wait in
+    /// it for ever.
+    void ActIn(Form& form, const Handler& act) {
+        QTimer::singleShot(0, &guard, [this, &form, act] {
+            windows.WidgetOf(form)->window()->activateWindow();
+            Settle();
+            act();
+            Settle();
+            if (!form.loaded)
+                return;
+            ADD_FAILURE() << form.name << " is still open";
+            Binder::Run(nullptr, [&] { UnloadForm(ps.desktop, form); });
+        });
+    }
     QTableView& Table(Form& form) { return Child<QTableView>(*windows.WidgetOf(form), "Grid"); }
     static QString Shown(const QTableView& table, int row, int column) {
         return table.model()->index(row, column).data().toString();
@@ -48,6 +62,7 @@ protected:
     }
 
     ScriptedHost restore;
+    QObject guard;
     QTemporaryDir folder;
     Application program;
     FormWindows& windows = program.windows();
@@ -170,7 +185,7 @@ TEST_F(EditorsInWindows, AFileThatWasDeletedLeavesNoneChosen) {
         return Answer::Yes;
     };
     bool looked = false;
-    QTimer::singleShot(0, [&] {
+    ActIn(dialog, [&] {
         Child<QListWidget>(*windows.WidgetOf(dialog), "filOpenList").setFocus();
         Settle();
         EXPECT_EQ(dialog.filOpenList.index, -1); // the focus alone chooses nothing
@@ -188,11 +203,12 @@ TEST_F(EditorsInWindows, AFileThatWasDeletedLeavesNoneChosen) {
 
 TEST_F(EditorsInWindows, EscKeepsTheCommentOfTheProject) {
     ps.ProjectComment = "kept";
-    QTimer::singleShot(0, [] {
+    Form& dialog = *FindForm(ps.desktop, "frmCommentInput");
+    ActIn(dialog, [] {
         Keys(QStringLiteral("x"));
         Key(Qt::Key_Escape);
     });
-    ShowForm(ps.desktop, *FindForm(ps.desktop, "frmCommentInput"));
+    ShowForm(ps.desktop, dialog);
     EXPECT_EQ(ps.ProjectComment, "kept");
 }
 
