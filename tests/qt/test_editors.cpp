@@ -41,7 +41,12 @@ protected:
     /// Acts in a dialog that waits for its end, once it is open; a test that fails must not wait in
     /// it for ever.
     void ActIn(Form& form, const Handler& act) {
-        QTimer::singleShot(0, &guard, [this, &form, act] {
+        constexpr int kMoment = 20; // ms
+        QTimer::singleShot(kMoment, &guard, [this, &form, act] {
+            if (QApplication::activeModalWidget() == nullptr) {
+                ActIn(form, act);
+                return;
+            }
             windows.WidgetOf(form)->window()->activateWindow();
             Settle();
             act();
