@@ -46,14 +46,16 @@ bool ColumnBoxes::eventFilter(QObject*, QEvent* event) {
 }
 
 void ColumnBoxes::Align() {
-    const QWidget* const frame = boxes_.parentWidget();
+    const QLayoutItem* const first = boxes_.itemAtPosition(boxes_.rowCount() - 1, 0);
+    if (first == nullptr)
+        return;
     const QWidget* const window = view_.window();
-    const int start = view_.viewport()->mapTo(window, QPoint(0, 0)).x() +
-                      view_.horizontalHeader()->sectionPosition(first_) -
-                      frame->mapTo(window, QPoint(0, 0)).x();
+    const int wanted = view_.viewport()->mapTo(window, QPoint(0, 0)).x() +
+                       view_.horizontalHeader()->sectionPosition(first_);
+    const int present = first->widget()->mapTo(window, QPoint(0, 0)).x();
     const QMargins margins = boxes_.contentsMargins();
-    const int left = std::max(start - boxes_.geometry().left(), 0);
-    if (left != margins.left())
+    const int left = std::max(margins.left() + wanted - present, 0);
+    if (left != margins.left()) // the layout then asks for this again, until it fits
         boxes_.setContentsMargins(left, margins.top(), margins.right(), margins.bottom());
     for (int column = first_; column < view_.horizontalHeader()->count(); ++column)
         if (const int width = view_.columnWidth(column) - kGap;
