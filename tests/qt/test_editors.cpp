@@ -164,7 +164,7 @@ TEST_F(EditorsInWindows, StandWithTheirBoxesOverTheColumns) {
         Open(*form);
         QWidget& window = *windows.WidgetOf(*form);
         QTableView& table = Table(*form);
-        table.setColumnWidth(2, 170);
+        table.setColumnWidth(2, 70);
         Settle();
         for (const int box : {0, 1}) {
             const auto& line = Child<QLineEdit>(window, box == 0 ? "y_0" : "y_1");
