@@ -182,10 +182,14 @@ TEST_F(EditorsInWindows, AFileThatWasDeletedLeavesNoneChosen) {
     ps.DataDir = folder.path().toStdString();
     Open(data);
     auto& dialog = Find<frmZCmnDlg>("frmZCmnDlg");
-    host().messageBox = [](const MessageBox&) { // takes the focus as a box does
-        QDialog box;
-        box.show();
-        box.activateWindow();
+    host().messageBox = [&](const MessageBox&) {
+        { // takes the focus and gives it back as a box does
+            QDialog box;
+            box.show();
+            box.activateWindow();
+            Settle();
+        }
+        windows.WidgetOf(dialog)->window()->activateWindow();
         Settle();
         return Answer::Yes;
     };
