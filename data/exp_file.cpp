@@ -27,12 +27,28 @@ template <class Action> bool Attempt(const char* title, const Action& action) {
     }
 }
 
+/// Appended rows come into the unit of those that are there; others bring theirs.
+void TakeUnit(ProjectState& ps, const Zi3File& file, bool append, std::size_t firstNew) {
+    const std::string& word = file.head.timeUnit;
+    if (!append || firstNew == 1) {
+        TakeUnitOfRows(ps, word);
+        return;
+    }
+    const int from = TimeUnitIndex(word), to = TimeUnitIndex(ps.TimeUnitText);
+    if (word == ps.TimeUnitText || word != kTimeUnits[static_cast<std::size_t>(from)])
+        return;
+    for (std::size_t i = firstNew; i < ps.ExpData.size(); ++i)
+        ps.ExpData[i].t = TimeColumnIn(ps, ps.ExpData[i].t, to, from);
+    ps.UnitNotice = "appended data converted from " + word + " to " + ps.TimeUnitText;
+}
+
 void TakeRows(ProjectState& ps, const Zi3File& file, bool append) {
     const int present = append ? ps.ExpPointCount : 0;
     if (present + file.head.count > kMaxExpPoints)
         throw FormatError(kOverflowText);
     ps.ExpData.resize(static_cast<std::size_t>(present) + 1);
     ps.ExpData.insert(ps.ExpData.end(), file.rows.begin(), file.rows.end());
+    TakeUnit(ps, file, append, static_cast<std::size_t>(present) + 1);
     if (ps.ExpData.size() < 2) // room for row 1, as at the start
         ps.ExpData.resize(2);
     ps.ExpPointCount = present + file.head.count;
@@ -40,8 +56,6 @@ void TakeRows(ProjectState& ps, const Zi3File& file, bool append) {
         ps.LambdaInf = file.lambdaInf;
     if (!append)
         ps.ExpComment = file.head.comment;
-    ps.TimeUnitText = file.head.timeUnit;
-    ps.TimeUnitOldIdx = TimeUnitIndex(ps.TimeUnitText);
     ps.ExpDataChanged = append && (ps.ExpDataChanged || file.head.count > 0);
 }
 

@@ -9,8 +9,9 @@ namespace zorvant {
 
 /// Reads a data file into the table.
 /// Given:    path; append: the rows come behind those that are there
-/// Returned: table, ExpPointCount, LambdaInf, TimeUnitText, TimeUnitOldIdx, ExpDataChanged and,
-///           unless appending, ExpComment; no value is converted to another unit. ok
+/// Returned: table, ExpPointCount, LambdaInf, ExpDataChanged and, unless appending, ExpComment,
+///           TimeUnitText and TimeUnitOldIdx; appended rows are converted to the unit of those that
+///           are there, else constants and times of the state to the unit of the rows. ok
 /// Errors:   a box tells, ok is false and everything is as it was: the file can't be read, is not
 ///           of its format, or the rows exceed 32767
 /// FuCheckExpData is the caller's to run.

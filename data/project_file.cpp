@@ -6,6 +6,7 @@
 #include "data/formats/zc3.h"
 #include "data/previous_version.h"
 #include "engine/reaction_catalogue.h"
+#include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -69,6 +70,8 @@ template <class Field, class Value> void Take(Field& field, const std::optional<
 }
 
 void TakeProject(ProjectState& ps, const Zc3File& file) {
+    if (file.timeUnit)
+        TakeUnitOfConstants(ps, *file.timeUnit);
     Take(ps.ProjectComment, file.comment);
     if (file.model) {
         ps.RcSMode = *file.model == kEnzymeWithRcS;
@@ -82,7 +85,6 @@ void TakeProject(ProjectState& ps, const Zc3File& file) {
     Take(ps.ScaleOneSpecies, file.scaleOneSpecies);
     Take(ps.tMax, file.tMax);
     Take(ps.tVerweil, file.tVerweil);
-    Take(ps.TimeUnitText, file.timeUnit);
 }
 
 /// The file of this name in the folder, in any case when there is none of just this one.
@@ -123,16 +125,23 @@ std::string_view WhatIsSaved(std::string_view bytes) {
     return bytes.substr(std::min(bytes.find('\n'), bytes.size()));
 }
 
+/// The project of a program that was just started: the model dialog has filled in its defaults.
+Zc3File FreshProject(CalcTask open) {
+    ProjectState fresh;
+    InitProjectState(fresh);
+    SelectionDefaultTimes(fresh);
+    SelectionDefaultConcentrations(fresh);
+    SelectionDefaultConstants(fresh);
+    return ProjectOf(fresh, open);
+}
+
 /// The last session takes the place of another one only where something was done in it, and the one
 /// before stays beside it.
 void WriteSession(const std::string& path, const std::string& bytes, CalcTask open) {
     std::string before;
     if (FileExists(path))
         before = ReadFile(path);
-    ProjectState fresh;
-    InitProjectState(fresh);
-    const bool untouched = WhatIsSaved(bytes) == WhatIsSaved(WriteZc3(ProjectOf(fresh, open)));
-    if (untouched && !before.empty())
+    if (!before.empty() && WhatIsSaved(bytes) == WhatIsSaved(WriteZc3(FreshProject(open))))
         return;
     if (WhatIsSaved(bytes) == WhatIsSaved(before))
         WriteFileAtomically(path, bytes);

@@ -38,6 +38,17 @@ void ApplyColourScheme(PlotSurface& surface, Colour back, Colour fore) {
     SetPlotAreaColours(surface, colours);
     PaintHeaderAndFooter(surface, colours, false, back);
     ColourAxes(surface, fore);
+    PlotLegend legend = surface.legend;
+    legend.colours.back = back;
+    legend.colours.fore = fore;
+    SetLegend(surface, legend);
+    for (int label = 1; label < static_cast<int>(surface.labels.size()); ++label) {
+        Colours of = GetLabel(surface, label).colours;
+        of.back = back;
+        if (of.fore == kBlack || of.fore == kWhite) // marks have a colour of their own
+            of.fore = fore;
+        SetLabelColours(surface, label, of);
+    }
 }
 
 void SetWholeGround(PlotSurface& surface, const Colours& ground) {

@@ -9,7 +9,7 @@ namespace zorvant {
 /// Formula: relative luminance above 0.4 is light ground; weights of ITU-R BT.709
 Colour ReadableOn(Colour ground);
 
-/// One ground for chart, chart area, plot area, header and footer, and one foreground upon them.
+/// One ground for chart, chart area, plot area, legend and texts, and one foreground upon them.
 void ApplyColourScheme(PlotSurface& surface, Colour back, Colour fore);
 /// The ground of the whole chart; texts upon it that had its colour follow.
 void SetWholeGround(PlotSurface& surface, const Colours& ground);

@@ -1,7 +1,7 @@
 #include "diagrams/curve_slots.h"
 
 #include "diagrams/curve_points.h"
-#include "engine/arithmetic.h"
+#include "diagrams/curve_styles.h"
 #include "platform/number_text.h"
 
 #include <algorithm>
@@ -9,13 +9,19 @@
 namespace zorvant {
 namespace {
 
-/// Where the label of the first curve stands on it, and how far the next ones are moved back.
-constexpr double kFirstLabelPlace = 1.2;
-constexpr double kLabelShift = 0.18;
 constexpr int kCurveLabelOffset = 10; // pixels from the point
 /// Single points smaller than this can't be hit with the pointer, pixels.
 constexpr int kSmallestDot = 4;
 constexpr int kSolid = 1; // in kCurveStyles
+
+/// A curve that is gone has no part in its draw any more.
+void ForgetCurve(Diagram& diagram, int slot) {
+    for (CurveDraw& draw : diagram.draws)
+        std::erase_if(draw.curves,
+                      [slot](const CurveDraw::Curve& curve) { return curve.slot == slot; });
+    std::erase_if(diagram.draws, [](const CurveDraw& draw) { return draw.curves.empty(); });
+    diagram.LabelMoved[static_cast<std::size_t>(slot)] = false;
+}
 
 } // namespace
 
@@ -64,6 +70,7 @@ void FreeCurveSlot(Diagram& diagram, int slot, SeriesDisplay mode) {
     SetLabelText(diagram.surface, slot, std::to_string(slot));
     SetSeriesLabel(diagram.surface, kLines, slot, "");
     diagram.CurveSlotFree[static_cast<std::size_t>(slot)] = true;
+    ForgetCurve(diagram, slot);
 }
 
 void CountCurves(ProjectState& ps, Diagram& diagram) {
@@ -76,27 +83,49 @@ void CountCurves(ProjectState& ps, Diagram& diagram) {
     }
 }
 
-void WriteCurve(PlotSurface& surface, int slot, const PointBuffer& curve, Colour colour) {
+void WriteCurve(PlotSurface& surface, int slot, const PointBuffer& curve) {
     CurvePoints points = PointsOf(curve);
     const PlotBatch batch(surface);
-    SetLineColour(surface, kLines, slot, colour);
     SetSeriesDisplay(surface, kLines, slot, SeriesDisplay::Shown);
     SetPoints(surface, kLines, slot, std::move(points.x), std::move(points.y));
     SetLabelVisible(surface, slot, true);
 }
 
-int LabelPoint(const DiaKoord& frame, const PointBuffer& curve, int slot) {
-    int last = BufferCount(curve);
-    while (last > 0 && !(curve[static_cast<std::size_t>(last)].x < frame.xMax))
-        --last;
-    return static_cast<int>(RoundHalfEven(last / kFirstLabelPlace - kLabelShift * last * slot));
+void StyleCurve(const ProjectState& ps, Diagram& diagram, int slot, int place, int curves) {
+    const LineStyle line = DefaultLine(place, diagram.DrawNumber, curves, ps.PresetColor);
+    const PlotBatch batch(diagram.surface);
+    SetLineStyle(diagram.surface, kLines, slot, line);
+    SetSymbol(diagram.surface, kLines, slot, {SymbolShape::Hidden, 1, line.colour});
 }
 
-void MoveCurveLabel(PlotSurface& surface, int slot, int point) {
-    const PlotBatch batch(surface);
-    AttachLabelToPoint(surface, slot, kLines, slot, point);
-    SetLabelOffset(surface, slot, kCurveLabelOffset);
-    SetLabelAnchor(surface, slot, LabelAnchor::NorthEast);
+void NoteDraw(Diagram& diagram, CurveDraw draw) {
+    ++diagram.DrawNumber;
+    std::erase_if(draw.curves, [](const CurveDraw::Curve& curve) { return curve.name.empty(); });
+    if (!draw.curves.empty())
+        diagram.draws.push_back(std::move(draw));
+}
+
+void NameDraws(Diagram& diagram) {
+    const std::vector<std::string> changes = WhatChanged(diagram.draws);
+    const PlotBatch batch(diagram.surface);
+    for (std::size_t i = 0; i < diagram.draws.size(); ++i)
+        for (CurveDraw::Curve& curve : diagram.draws[i].curves) {
+            const std::string text =
+                changes[i].empty() ? curve.name : Trim(curve.name) + changes[i];
+            if (GetLabel(diagram.surface, curve.slot).text == curve.text)
+                SetLabelText(diagram.surface, curve.slot, text);
+            if (GetSeriesLabel(diagram.surface, kLines, curve.slot) == curve.text)
+                SetSeriesLabel(diagram.surface, kLines, curve.slot, text);
+            curve.text = text;
+        }
+}
+
+void MoveCurveLabel(Diagram& diagram, int slot, int point) {
+    const PlotBatch batch(diagram.surface);
+    AttachLabelToPoint(diagram.surface, slot, kLines, slot, point);
+    SetLabelOffset(diagram.surface, slot, kCurveLabelOffset);
+    SetLabelAnchor(diagram.surface, slot, LabelAnchor::NorthEast);
+    diagram.LabelMoved[static_cast<std::size_t>(slot)] = true;
 }
 
 void ShowCurveLabels(PlotSurface& surface, bool on) {

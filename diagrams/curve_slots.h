@@ -32,13 +32,20 @@ void FreeCurveSlot(Diagram& diagram, int slot, SeriesDisplay mode);
 /// Which slots are taken after contents came from elsewhere: those with points.
 void CountCurves(ProjectState& ps, Diagram& diagram);
 
-/// Writes a buffer into a slot, in the colour given, and shows it with its label.
-void WriteCurve(PlotSurface& surface, int slot, const PointBuffer& curve, Colour colour);
+/// Writes a buffer into a slot and shows it with its label, in the looks that the slot has.
+void WriteCurve(PlotSurface& surface, int slot, const PointBuffer& curve);
+/// The looks that the next curve begins with.
+/// Given:    place and curves  of this draw; see DefaultLine
+void StyleCurve(const ProjectState& ps, Diagram& diagram, int slot, int place, int curves);
 
-/// The point of a curve that its label attaches to, spreading the labels of successive curves.
-int LabelPoint(const DiaKoord& frame, const PointBuffer& curve, int slot);
-/// Moves the label of a curve to a point, with the usual distance and side.
-void MoveCurveLabel(PlotSurface& surface, int slot, int point);
+/// Keeps which curves a draw has made, under which names.
+void NoteDraw(Diagram& diagram, CurveDraw draw);
+/// Writes into labels and legend what was changed from draw to draw; texts that the user has
+/// written stay.
+void NameDraws(Diagram& diagram);
+
+/// Moves the label of a curve to a point, with the usual distance and side; it stays there.
+void MoveCurveLabel(Diagram& diagram, int slot, int point);
 void ShowCurveLabels(PlotSurface& surface, bool on);
 bool AnyCurveLabel(const PlotSurface& surface);
 

@@ -45,6 +45,9 @@ void EmptyDiagram(ProjectState& ps, Diagram& diagram) {
     diagram.CurveSteps = kCurveSteps;
     diagram.ManualSet = kManualSet;
     diagram.CurveSlotFree.fill(true);
+    diagram.DrawNumber = 0;
+    diagram.draws.clear();
+    diagram.LabelMoved.fill(false);
     diagram.RegressLeftOut = 0;
     diagram.DrawNote.clear();
     diagram.DrawError = false;
@@ -126,6 +129,63 @@ void FitContents(PlotContents& contents) {
         if (static_cast<std::size_t>(label.series) >= count)
             label.attachment = Attachment::None;
     }
+}
+
+namespace {
+
+void TakeLookOfAxis(PlotAxis& axis, const PlotAxis& pattern) {
+    axis.titleRotation = pattern.titleRotation;
+    axis.font = pattern.font;
+    axis.titleFont = pattern.titleFont;
+    axis.colour = pattern.colour;
+    axis.lineWidth = pattern.lineWidth;
+    axis.annotation = pattern.annotation;
+    axis.annotationRotation = pattern.annotationRotation;
+    axis.origin = pattern.origin;
+    axis.gridPattern = pattern.gridPattern;
+    axis.gridColour = pattern.gridColour;
+}
+
+void TakeLookOfText(TextBlock& block, const TextBlock& pattern) {
+    std::string text = std::move(block.text);
+    block = pattern;
+    block.text = std::move(text);
+}
+
+void TakeLookOfLabel(PlotLabel& label, const PlotLabel& pattern) {
+    label.offset = pattern.offset;
+    label.font = pattern.font;
+    label.colours = pattern.colours;
+    label.border = pattern.border;
+}
+
+} // namespace
+
+void TakeLook(PlotSurface& surface, const PlotContents& pattern) {
+    for (std::size_t axis = 0; axis < surface.axes.size(); ++axis)
+        TakeLookOfAxis(surface.axes[axis], pattern.axes[axis]);
+    for (const int group : {kLines, kPoints}) {
+        auto& series = surface.series[static_cast<std::size_t>(group)];
+        const auto& look = pattern.series[static_cast<std::size_t>(group)];
+        for (std::size_t i = 0; i < std::min(series.size(), look.size()); ++i) {
+            series[i].line = look[i].line;
+            series[i].symbol = look[i].symbol;
+        }
+    }
+    for (std::size_t i = 0; i < std::min(surface.labels.size(), pattern.labels.size()); ++i)
+        TakeLookOfLabel(surface.labels[i], pattern.labels[i]);
+    TakeLookOfText(surface.header, pattern.header);
+    TakeLookOfText(surface.footer, pattern.footer);
+    surface.legend = pattern.legend;
+    surface.chart = pattern.chart;
+    surface.chartBorder = pattern.chartBorder;
+    surface.chartArea = pattern.chartArea;
+    surface.chartAreaBox = pattern.chartAreaBox;
+    surface.plotArea = pattern.plotArea;
+    surface.plotAreaFrame = pattern.plotAreaFrame;
+    surface.plotAreaFrameWidth = pattern.plotAreaFrameWidth;
+    surface.margins = pattern.margins;
+    MarkChanged(surface);
 }
 
 bool OffersHalfLifeA(const ProjectState& ps, int kind) {

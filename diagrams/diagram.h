@@ -3,10 +3,12 @@
 #pragma once
 
 #include "diagrams/diagram_kinds.h"
+#include "diagrams/draw_names.h"
 #include "diagrams/plot_surface.h"
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace zorvant {
 
@@ -32,6 +34,9 @@ struct Diagram {
     /// Rows that met the condition of the last straight line but no logarithm or division takes.
     int RegressLeftOut = 0;
     DiagramTexts GrafText;
+    int DrawNumber = 0;           ///< how many draws have made curves
+    std::vector<CurveDraw> draws; ///< those of courses whose curves are still there
+    std::array<bool, kCurveSlots + 1> LabelMoved{}; ///< by slot: the user has placed its label
     SeriesPoint selected; ///< the curve or point set that the keys walk along
 };
 
@@ -53,6 +58,10 @@ void SetUpAxes(Diagram& diagram);
 
 /// Contents from elsewhere get as many series and labels as a diagram has, and no frame series.
 void FitContents(PlotContents& contents);
+
+/// Everything of the contents that is look and not content: colours, fonts, styles, legend,
+/// margins, grid, where origin and numbers stand. Data, texts, frames and spacings stay.
+void TakeLook(PlotSurface& surface, const PlotContents& pattern);
 
 /// Whether a kind is a course or a straight line from which a half-life of A or B can be told.
 bool OffersHalfLifeA(const ProjectState& ps, int kind);

@@ -133,11 +133,17 @@ struct PixelRect {
     }
     bool operator==(const PixelRect&) const = default;
 };
+/// Where the view has put a label.
+struct LabelRect {
+    int label = 0;
+    PixelRect rect;
+};
 /// Where the view has put things. Nothing of it is saved.
 struct PlotLayout {
     PixelRect picture, plotArea, legend, header, footer;
     PixelRect chartArea;
     Margins margins; ///< of the plot area, as wide as they came out
+    std::vector<LabelRect> labels;
 };
 
 struct DataPoint {

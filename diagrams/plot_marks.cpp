@@ -16,10 +16,17 @@ constexpr int kMostSteps = 10; // numbered steps to an axis; more make the numbe
 constexpr double kOpeningShare = 0.05;
 // Without any positive point a logarithmic axis shows this many times less than its upper limit.
 constexpr double kDefaultLogSpan = 1000;
-constexpr int kDecadesWithMantissas = 2;  // numbers and grid at 1, 2, 5; beyond that powers of ten
+constexpr int kDecadesWithMantissas = 2;  // grid at 1, 2, 5; beyond that powers of ten
+constexpr int kDecadesWithNumbers = 4;    // the same of numbers, as far as they have room
 constexpr int kDecadesWithFineTicks = 10; // ticks at 2..9
 // Marks closer to the end of the frame than this share of a step belong to it.
 constexpr double kMarkTolerance = 1e-9;
+// The limits are of single precision: what was typed as 0.7 lies this share of it away, and the
+// mark 0.7 belongs to the frame; but never a mark that is seen to stand apart from its end.
+constexpr double kLimitPrecision = 6e-8;
+constexpr double kMostOutside = 0.05; // steps
+// A span that is longer than its steps by less than this has been rounded.
+constexpr double kStepTolerance = 1e-6;
 
 double SmallestPositive(const PlotSurface& surface, AxisId axis) {
     double smallest = std::numeric_limits<double>::infinity();
@@ -48,11 +55,18 @@ double PowerOfTen(double exponent) {
     return exponent < 0 ? 1 / std::pow(10.0, -exponent) : std::pow(10.0, exponent);
 }
 
+/// How far beyond the limits a mark may stand, in steps.
+double Slack(double min, double max, double step) {
+    const double rounded = kLimitPrecision * std::max(std::abs(min), std::abs(max)) / step;
+    return kMarkTolerance + std::min(rounded, kMostOutside);
+}
+
 /// Multiples of a step; empty when there would be too many.
 std::vector<double> LinearMarks(double min, double max, double step) {
     std::vector<double> marks;
-    const double first = std::ceil(min / step - kMarkTolerance);
-    const double last = std::floor(max / step + kMarkTolerance);
+    const double slack = Slack(min, max, step);
+    const double first = std::ceil(min / step - slack);
+    const double last = std::floor(max / step + slack);
     if (last - first >= kMaxMarks)
         return marks;
     const double inverse = std::round(1 / step);
@@ -70,7 +84,7 @@ std::vector<double> LogarithmicMarks(const ShownAxisRange& range, double decades
     const double last = std::ceil(std::log10(range.max) / decades);
     if (last - first >= kMaxMarks + 2)
         return marks;
-    const double tolerance = 1 + kMarkTolerance;
+    const double tolerance = 1 + 2 * kLimitPrecision;
     for (double n = first; n <= last; ++n)
         for (const int mantissa : mantissas) {
             const double mark = mantissa * PowerOfTen(n * decades);
@@ -80,8 +94,10 @@ std::vector<double> LogarithmicMarks(const ShownAxisRange& range, double decades
     return marks;
 }
 
+enum class MarkKind { Number, Grid, Tick };
+
 std::vector<double> Marks(const ShownAxisRange& range, const Spacing& spacing, double automatic,
-                          bool ticks) {
+                          MarkKind kind) {
     const bool chosen = spacing.automatic || !(spacing.value > 0);
     if (!MarkedLogarithmically(range)) {
         std::vector<double> marks =
@@ -94,9 +110,10 @@ std::vector<double> Marks(const ShownAxisRange& range, const Spacing& spacing, d
             return marks;
     }
     const double decades = Decades(range);
-    if (ticks && decades <= kDecadesWithFineTicks)
+    if (kind == MarkKind::Tick && decades <= kDecadesWithFineTicks)
         return LogarithmicMarks(range, 1, {1, 2, 3, 4, 5, 6, 7, 8, 9});
-    if (!ticks && decades <= kDecadesWithMantissas)
+    const int mantissas = kind == MarkKind::Number ? kDecadesWithNumbers : kDecadesWithMantissas;
+    if (kind != MarkKind::Tick && decades <= mantissas)
         return LogarithmicMarks(range, 1, {1, 2, 5});
     return LogarithmicMarks(range, automatic, {1});
 }
@@ -107,8 +124,9 @@ bool TooManyMarks(const ShownAxisRange& range, double spacing) {
     const bool log = MarkedLogarithmically(range);
     const double from = log ? std::log10(range.min) : range.min;
     const double to = log ? std::log10(range.max) : range.max;
-    const double first = std::ceil(from / spacing - kMarkTolerance);
-    return !(std::floor(to / spacing + kMarkTolerance) - first < kMaxMarks);
+    const double slack = log ? kMarkTolerance : Slack(from, to, spacing);
+    const double first = std::ceil(from / spacing - slack);
+    return !(std::floor(to / spacing + slack) - first < kMaxMarks);
 }
 
 ShownAxisRange ShownRange(const PlotSurface& surface, AxisId axis) {
@@ -138,7 +156,7 @@ double NiceStep(double span, int maxSteps) {
     for (const int mantissa : {1, 2, 5}) {
         const double step = exponent < 0 ? mantissa / std::pow(10.0, -exponent)
                                          : mantissa * std::pow(10.0, exponent);
-        if (step >= atLeast * (1 - kMarkTolerance))
+        if (step >= atLeast * (1 - kStepTolerance))
             return step;
     }
     return PowerOfTen(exponent + 1);
@@ -164,24 +182,35 @@ AxisMarks MarksOf(const PlotSurface& surface, AxisId axis) {
     const PlotAxis& a = GetAxis(surface, axis);
     const ShownAxisRange range = ShownRange(surface, axis);
     const AutoSpacing chosen = ChooseSpacing(range);
-    return {.numbers = Marks(range, a.number, chosen.number, false),
-            .grid = Marks(range, a.grid, chosen.grid, false),
-            .ticks = Marks(range, a.tick, chosen.tick, true)};
+    AxisMarks marks{.numbers = Marks(range, a.number, chosen.number, MarkKind::Number),
+                    .grid = Marks(range, a.grid, chosen.grid, MarkKind::Grid),
+                    .ticks = Marks(range, a.tick, chosen.tick, MarkKind::Tick),
+                    .log = MarkedLogarithmically(range)};
+    // A spacing that would give too many marks was not taken.
+    const bool taken =
+        !a.number.automatic && a.number.value > 0 && !TooManyMarks(range, a.number.value);
+    marks.spacing = taken ? a.number.value : chosen.number;
+    return marks;
 }
 
 namespace {
 
-constexpr double kExponentFrom = 1e6;      // marks this large are written with an exponent
-constexpr double kExponentBelow = 0.99e-4; // and those of a spacing this small
-constexpr int kMostDecimals = 7;           // what the limits, which are Single, can tell apart
+constexpr double kPowerFrom = 1e6;      // an axis up to such numbers has a power of ten at its end
+constexpr double kPowerBelow = 0.99e-4; // and so has one with so small a spacing,
+constexpr double kPlainFrom = 0.01;     // unless its numbers themselves are larger than this
+constexpr int kMostDecimals = 15;       // of a double
+constexpr int kDigitsOfSpacing = 5;     // of a spacing that no few decimals hold
 
+/// How many decimals a spacing has, as far as it is known to five digits.
 int DecimalsOf(double step) {
-    for (int decimals = 0; decimals < kMostDecimals; ++decimals) {
+    const int needed = static_cast<int>(std::ceil(-std::log10(step))) + kDigitsOfSpacing - 1;
+    const int most = std::clamp(needed, 0, kMostDecimals);
+    for (int decimals = 0; decimals < most; ++decimals) {
         const double scaled = step * PowerOfTen(decimals);
         if (scaled >= 0.5 && std::abs(scaled - std::round(scaled)) < 1e-6 * scaled)
             return decimals;
     }
-    return kMostDecimals;
+    return most;
 }
 
 std::string PlacesPicture(int decimals, const char* end) {
@@ -190,15 +219,26 @@ std::string PlacesPicture(int decimals, const char* end) {
 
 } // namespace
 
-std::string MarkText(double mark, double spacing, bool log) {
+AxisNotation NotationOf(const AxisMarks& marks) {
+    if (marks.log)
+        return {.powers = true};
+    double largest = 0;
+    for (const double mark : marks.numbers)
+        largest = std::max(largest, std::abs(mark));
+    const bool power = largest >= kPowerFrom ||
+                       (largest > 0 && largest < kPlainFrom && marks.spacing < kPowerBelow);
+    const int exponent =
+        power ? static_cast<int>(std::floor(std::log10(largest) + kMarkTolerance)) : 0;
+    return {.power = exponent, .decimals = DecimalsOf(marks.spacing / PowerOfTen(exponent))};
+}
+
+std::string MarkText(double mark, const AxisNotation& notation) {
+    if (notation.powers)
+        return FormatNumber(mark, "0E+00");
     if (mark == 0)
         return "0";
-    const double size = std::abs(mark);
-    const double step = log ? size : std::min(std::abs(spacing), size);
-    if (size < kExponentFrom && step >= kExponentBelow)
-        return FormatNumber(mark, PlacesPicture(DecimalsOf(step), ""));
-    const double power = PowerOfTen(std::floor(std::log10(size) + kMarkTolerance));
-    return FormatNumber(mark, PlacesPicture(DecimalsOf(std::min(1.0, step / power)), "E+00"));
+    const double shown = mark / PowerOfTen(notation.power);
+    return FormatNumber(shown, PlacesPicture(notation.decimals, ""));
 }
 
 } // namespace zorvant

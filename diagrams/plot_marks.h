@@ -31,14 +31,26 @@ double NiceStep(double span, int maxSteps);
 bool TooManyMarks(const ShownAxisRange& range, double spacing);
 
 /// Where numbers, grid lines and ticks stand: multiples of the spacing inside the shown range, in
-/// ascending order. Logarithmic: powers of ten; up to two decades also 2 and 5 times those for
-/// numbers and grid; up to ten decades ticks at 2..9 times those.
+/// ascending order; a limit of single precision that a multiple was meant for counts as that
+/// multiple. Logarithmic: powers of ten; up to four decades also 2 and 5 times those for numbers,
+/// up to two for the grid; up to ten decades ticks at 2..9 times those.
 struct AxisMarks {
     std::vector<double> numbers, grid, ticks;
+    double spacing = 1; ///< of the numbers
+    bool log = false;   ///< by powers of ten; an axis of less than a decade is marked as linear
 };
 AxisMarks MarksOf(const PlotSurface& surface, AxisId axis);
-/// A mark as text: as many decimals as its spacing needs, exponent form for the very large and
-/// small, no blank in front.
-std::string MarkText(double mark, double spacing, bool log);
+
+/// How the numbers of an axis are written, all alike.
+struct AxisNotation {
+    bool powers = false; ///< each number by its own power of ten
+    int power = 0;       ///< otherwise this power of ten stands at the end of the axis
+    int decimals = 0;
+    bool operator==(const AxisNotation&) const = default;
+};
+/// As many decimals as tell the numbers apart; a power of ten for the very large and small.
+AxisNotation NotationOf(const AxisMarks& marks);
+/// A number without blank in front; powers as "2E-03".
+std::string MarkText(double mark, const AxisNotation& notation);
 
 } // namespace zorvant

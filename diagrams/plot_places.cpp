@@ -25,7 +25,13 @@ ChartAreaBox PresentChartArea(const PlotSurface& surface) {
 
 Location PresentLegendPlace(const PlotSurface& surface) {
     Location place = surface.legend.location;
-    const PixelRect &legend = surface.layout.legend, &picture = surface.layout.picture;
+    const PixelRect& picture = surface.layout.picture;
+    PixelRect legend = surface.layout.legend;
+    if (!(legend.width > 0)) { // hidden: beside the upper right corner of the axes
+        const PixelRect& area = surface.layout.plotArea;
+        legend.left = area.left + area.width;
+        legend.top = area.top;
+    }
     if (place.automatic && picture.width > 0)
         place = {.x = Share(legend.left, picture.width),
                  .y = Share(legend.top, picture.height),

@@ -59,6 +59,7 @@ struct ProjectState : ExpDataSet,
     std::string TimeUnitText = "s";
     int TimeUnitIdx = 0;
     int TimeUnitOldIdx = 1; ///< unit before the latest change
+    std::string UnitNotice; ///< what a loaded file's unit has converted, until the next change
     /// TimeFactor[i][j]: length of unit i in unit j.
     std::array<std::array<double, 5>, 5> TimeFactor{};
 

@@ -4,6 +4,7 @@
 #include "platform/number_text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zorvant {
 namespace {
@@ -12,7 +13,8 @@ constexpr int kSlotP = 4, kSlotQ = 5;
 constexpr int kLastColumn = 5;
 constexpr std::size_t kColumnWidth = 14; ///< characters
 constexpr const char* kIndent = "      ";
-constexpr const char* kTimePicture = "#####0.00";
+/// Decimals of the time column; more where the step is smaller than they show.
+constexpr int kLeastDecimals = 2, kMostDecimals = 9;
 
 using Cells = std::array<std::string, kLastColumn + 1>; ///< columns 1..5
 
@@ -53,6 +55,21 @@ Cells Headings(const ProjectState& ps, const std::array<int, 6>& columns) {
     return cells;
 }
 
+/// As many decimals as tell a step: all of its digits when they are few, else two of them.
+std::string TimePicture(double step) {
+    int decimals = kLeastDecimals;
+    if (step > 0 && std::isfinite(step)) {
+        const int twoDigits = 1 - static_cast<int>(std::floor(std::log10(step)));
+        const auto exact = [step](int places) {
+            const double scaled = step * std::pow(10, places);
+            return std::abs(scaled - std::round(scaled)) < 1e-6 * scaled;
+        };
+        while (decimals < std::min(twoDigits, kMostDecimals) && !exact(decimals))
+            ++decimals;
+    }
+    return "#####0." + std::string(static_cast<std::size_t>(decimals), '0');
+}
+
 } // namespace
 
 std::array<int, 6> SimTableColumns(int model) {
@@ -76,9 +93,10 @@ std::string SimTableText(const ProjectState& ps) {
     if (michaelis)
         columns = {0, 0, 0, 0, 0, kSlotP};
     const bool rates = michaelis || ps.RateDiagram;
+    const std::string picture = TimePicture(ps.tSim[1] - ps.tSim[0]);
     for (std::size_t i = 0; i <= static_cast<std::size_t>(ps.NPoints); ++i) {
         Cells cells;
-        cells[1] = FormatNumber(ps.tSim[i], kTimePicture);
+        cells[1] = FormatNumber(ps.tSim[i], picture);
         for (std::size_t column = 2; column <= kLastColumn; ++column)
             if (const int slot = columns[column]; slot != 0)
                 cells[column] =

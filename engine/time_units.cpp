@@ -5,6 +5,7 @@
 #include "platform/number_text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace zorvant {
 namespace {
@@ -22,6 +23,35 @@ std::size_t Index(int unit) {
 /// Length of a second in the selected unit.
 double SecondInUnit(const ProjectState& ps) {
     return ps.TimeFactor[0][Index(ps.TimeUnitIdx)];
+}
+
+struct UnitChange {
+    int to, from;
+};
+/// From the present unit to the one of a word; nothing when they are the same or one is unknown.
+std::optional<UnitChange> ChangeTo(ProjectState& ps, std::string_view word) {
+    ps.UnitNotice.clear();
+    const bool known = std::ranges::find(kTimeUnits, word) != kTimeUnits.end() &&
+                       std::ranges::find(kTimeUnits, ps.TimeUnitText) != kTimeUnits.end();
+    if (!known || word == ps.TimeUnitText)
+        return std::nullopt;
+    return UnitChange{TimeUnitIndex(word), TimeUnitIndex(ps.TimeUnitText)};
+}
+
+void ConvertRows(ProjectState& ps, int newIdx, int oldIdx) {
+    for (int i = 1; i <= ps.ExpPointCount; ++i) {
+        double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
+        t = TimeColumnIn(ps, t, newIdx, oldIdx);
+    }
+}
+
+void ConvertConstants(ProjectState& ps, double factor) {
+    ps.tMax *= factor;
+    ps.tVerweil *= factor;
+    ps.k[1] /= factor;
+    if (!(ps.FitMode == kFitOrder && HasOrder(ps.ModelId)))
+        ps.k[2] /= factor;
+    ps.k[3] /= factor;
 }
 
 /// The time column holds rates r(P) while the enzyme model evaluates r(P)-c(S) data.
@@ -49,23 +79,34 @@ double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx
 
 double ConvertTimeUnit(ProjectState& ps, int newIdx, int oldIdx) {
     const std::size_t to = Index(newIdx), from = Index(oldIdx);
-    const double factor = ps.TimeFactor[from][to];
     ps.TimeUnitText = kTimeUnits[to];
     ps.TimeUnitIdx = static_cast<int>(to);
     ps.TimeUnitOldIdx = static_cast<int>(from);
     if (to == from)
         return 1;
-    for (int i = 1; i <= ps.ExpPointCount; ++i) {
-        double& t = ps.ExpData[static_cast<std::size_t>(i)].t;
-        t = TimeColumnIn(ps, t, newIdx, oldIdx);
-    }
-    ps.tMax *= factor;
-    ps.tVerweil *= factor;
-    ps.k[1] /= factor;
-    if (!(ps.FitMode == kFitOrder && HasOrder(ps.ModelId)))
-        ps.k[2] /= factor;
-    ps.k[3] /= factor;
+    ps.UnitNotice.clear();
+    ConvertRows(ps, newIdx, oldIdx);
+    const double factor = ps.TimeFactor[from][to];
+    ConvertConstants(ps, factor);
     return factor;
+}
+
+void TakeUnitOfRows(ProjectState& ps, const std::string& word) {
+    if (const auto change = ChangeTo(ps, word)) {
+        ConvertConstants(ps, ps.TimeFactor[Index(change->from)][Index(change->to)]);
+        ps.UnitNotice =
+            "rate constants and times converted from " + ps.TimeUnitText + " to " + word;
+    }
+    ps.TimeUnitText = word;
+    ps.TimeUnitOldIdx = TimeUnitIndex(word);
+}
+
+void TakeUnitOfConstants(ProjectState& ps, const std::string& word) {
+    if (const auto change = ChangeTo(ps, word); change && ps.ExpPointCount > 0) {
+        ConvertRows(ps, change->to, change->from);
+        ps.UnitNotice = "data converted from " + ps.TimeUnitText + " to " + word;
+    }
+    ps.TimeUnitText = word;
 }
 
 std::string ConstantUnitText(const ProjectState& ps, int constant) {

@@ -28,6 +28,14 @@ double TimeColumnIn(const ProjectState& ps, double value, int newIdx, int oldIdx
 ///           constants k / F; r(P) in the time column of enzyme data is divided by F as every rate
 ///           is, and k2 is left alone where it holds the order n
 double ConvertTimeUnit(ProjectState& ps, int newIdx, int oldIdx);
+/// Takes the unit of rows that come with a word for it: constants and times of the state are
+/// converted, the rows are not. A word that is none of ours converts nothing and stays as it is.
+/// TimeUnitIdx stays behind until the dialogs have been told.
+void TakeUnitOfRows(ProjectState& ps, const std::string& word);
+/// Takes the unit that a project brings for its constants and times: the rows are converted. It has
+/// to come before the project's model, which may read the time column otherwise.
+void TakeUnitOfConstants(ProjectState& ps, const std::string& word);
+
 /// Constants of the selected model back to their defaults.
 void SetDefaultK(ProjectState& ps);
 /// The end of the time axis when none is given, TU.

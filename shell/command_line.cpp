@@ -71,7 +71,7 @@ const std::array<OptionRow, 8>& Options() {
           [](CommandLine& line, const std::string&) { line.rates = true; }},
          {"--michaelis", nullptr, "enzyme model: r(P) against c(S) instead of a course",
           [](CommandLine& line, const std::string&) { line.michaelis = true; }},
-         {"--size", "WxH", "size of the picture (900x600)", ReadSize},
+         {"--size", "WxH", "size of the picture (900x600), at least 200x150", ReadSize},
          {"--scale", "N", "pixels of a .png or .bmp to each pixel of the size (1)", ReadScale},
          {"--help", nullptr, "this text",
           [](CommandLine& line, const std::string&) { line.task = Task::Help; }},

@@ -41,7 +41,7 @@ std::string Draw(char* programName, PlotSurface& surface, const CommandLine& lin
     qputenv("QT_QPA_PLATFORM", "offscreen"); // others may have no fonts, or no picture at all
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
         if (type == QtCriticalMsg || type == QtFatalMsg)
-            std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+            std::fprintf(stderr, "%s\n", TerminalText(text.toStdString()).c_str());
     });
     int argc = 1;
     char* argv[] = {programName, nullptr};

@@ -46,22 +46,22 @@ std::string ExamplesFolder(const std::string& programFolder) {
 } // namespace
 
 void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
-                       const std::string& heading, const std::string& unitBefore) {
+                       const std::string& heading) {
     Enable(form, {"mnuNeudat", "mnuSaveProject"});
     EnableTools(form, {14, 8});
     if (!dataFile.empty()) {
         Enable(form, {"mnuEditDat"});
         EnableTools(form, {16});
     }
-    ReplaceData(form, "loading project data", ListState::Extent::Data, unitBefore,
+    ReplaceData(form, "loading project data", ListState::Extent::Data, form.ps.TimeUnitText,
                 [&] { LoadDataOfProject(form.ps, path, dataFile); });
+    TellUnitOfData(form.ps);
     ReopenModelDialog(form);
     ShowProjectStatus(form.ps, form.ps.DataFilePath, heading);
 }
 
 void OpenProject(MDIZOR& form, const std::string& path) {
     Unload(form, name::kBloodAlcohol);
-    const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(form.ps, path, dataFile, ok);
@@ -70,7 +70,7 @@ void OpenProject(MDIZOR& form, const std::string& path) {
     form.ps.ProjectFile = path;
     form.ps.ProjectTitle = FileName(path);
     form.ps.ProjectDir = DirectoryOf(path);
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
 }
 
 void mnuLoadLastSession_Click(MDIZOR& form) {
@@ -80,13 +80,12 @@ void mnuLoadLastSession_Click(MDIZOR& form) {
                     "Load last session", Icon::Information);
         return;
     }
-    const std::string unitBefore = form.ps.TimeUnitText;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(form.ps, form.ps.LastSessionFile, dataFile, ok);
     if (!ok)
         return;
-    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "", unitBefore);
+    TakeLoadedProject(form, form.ps.LastSessionFile, dataFile, "");
 }
 
 void mnuLoadProject_Click(MDIZOR& form) {
@@ -95,7 +94,6 @@ void mnuLoadProject_Click(MDIZOR& form) {
     const std::string before = ps.ProjectDir;
     if (ps.ProjectFile.empty() && before == ps.ProgramDir)
         ps.ProjectDir = ExamplesFolder(ps.ProgramDir);
-    const std::string unitBefore = form.ps.TimeUnitText;
     std::string path, dataFile;
     bool ok = false, cancelled = false;
     FuLoadProjectDialog(ps, path, dataFile, ok, cancelled);
@@ -103,7 +101,7 @@ void mnuLoadProject_Click(MDIZOR& form) {
         ps.ProjectDir = before;
         return;
     }
-    TakeLoadedProject(form, path, dataFile, "Project file  " + path, unitBefore);
+    TakeLoadedProject(form, path, dataFile, "Project file  " + path);
 }
 
 void mnuSaveProject_Click(MDIZOR& form) {

@@ -22,9 +22,8 @@ void mnuExit_Click(MDIZOR& form);
 /// Loads a project as the command does, without the question for its name.
 void OpenProject(MDIZOR& form, const std::string& path);
 /// What follows when a project has been read: its commands, its data, the model dialog, the status.
-/// Given: dataFile: named by the project, may be empty; unitBefore: the time unit before it was
-///        read
+/// Given: dataFile: named by the project, may be empty
 void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string& dataFile,
-                       const std::string& heading, const std::string& unitBefore);
+                       const std::string& heading);
 
 } // namespace zorvant

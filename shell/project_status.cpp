@@ -85,7 +85,10 @@ void ShowProjectStatus(const Workspace& ps, const std::string& dataFile,
 std::string StatusLine(const Workspace& ps) {
     const bool isModel = ps.ModelId != kKindBloodAlcohol;
     std::string line = isModel ? ModelCaption(ps) : "metabolism of blood alcohol";
-    line += "     time unit: " + ps.TimeUnitText + "     data: ";
+    line += "     time unit: " + ps.TimeUnitText;
+    if (!ps.UnitNotice.empty())
+        line += " (" + ps.UnitNotice + ")";
+    line += "     data: ";
     if (ps.ExpPointCount == 0)
         return line + "none";
     line += ps.DataFilePath.empty() ? "not yet saved" : FileName(ps.DataFilePath);

@@ -53,7 +53,7 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
     std::erase(ps.ProjectFile, '"');
     if (ps.ProjectFile.empty())
         return;
-    const std::string path = ps.ProjectFile, unitBefore = ps.TimeUnitText;
+    const std::string path = ps.ProjectFile;
     std::string dataFile;
     bool ok = false;
     FuLoadProjectFile(ps, path, dataFile, ok);
@@ -70,7 +70,7 @@ void OpenCommandLine(MDIZOR& form, const std::string& commandLine) {
         ReopenModelDialog(form);
         return;
     }
-    TakeLoadedProject(form, path, dataFile, "", unitBefore);
+    TakeLoadedProject(form, path, dataFile, "");
 }
 
 void OfferLostData(MDIZOR& form) {

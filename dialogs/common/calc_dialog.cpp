@@ -21,7 +21,7 @@ void EnableScaling(CalcDialog& dialog) {
     const Workspace& ps = dialog.ps;
     const GivenInput shown = InputShownFor(ps);
     dialog.chkSpecialScaling.enabled = !ps.AddCurves;
-    dialog.chkSpecialScaling.toolTip = ps.AddCurves ? kScaleTip : "";
+    dialog.chkSpecialScaling.disabledTip = kScaleTip;
     for (int slot = 1; slot <= kSpecies; ++slot)
         dialog.optSpecialScaling(slot - 1).enabled = dialog.chkSpecialScaling.checked &&
                                                      !ps.AddCurves &&
@@ -123,7 +123,10 @@ void ResetOrder(CalcDialog& dialog) {
 
 CalcDialog::CalcDialog(Workspace& state, std::string formName, std::string formCaption,
                        CalcTask dialogId)
-    : Form(std::move(formName), std::move(formCaption)), ps(state), id(dialogId) {}
+    : Form(std::move(formName), std::move(formCaption)), ps(state), id(dialogId) {
+    // A diagram that opens or closes changes what can be done with its curves.
+    onRefresh = [this] { RefreshScaling(*this); };
+}
 
 CalcDialog* WhichCalcDialog(const Workspace& ps) {
     CalcDialog* found = nullptr;
@@ -143,8 +146,9 @@ CalcTask OpenCalculation(const Workspace& ps) {
 }
 
 void WireConcentrations(CalcDialog& dialog) {
-    for (TextField& field : dialog.Inp.items)
-        MakeNumeric(field, &dialog.concentrationWalk);
+    for (std::size_t slot = 1; slot <= kSpecies; ++slot)
+        MakeNumeric(dialog.Inp(static_cast<int>(slot) - 1), &dialog.concentrationWalk,
+                    [&dialog, slot](double c) { dialog.ps.c0[slot] = c; });
 }
 
 void WireScaling(CalcDialog& dialog) {
@@ -168,7 +172,7 @@ void RefreshScaling(CalcDialog& dialog) {
     const bool curves = IsFormLoaded(ps.desktop, name::kDiagram) && ps.CurveCount > 0;
     ps.AddCurves = ps.AddCurves && curves;
     dialog.chkDelDiagram.enabled = curves;
-    dialog.chkDelDiagram.toolTip = curves ? "" : kNoCurvesTip;
+    dialog.chkDelDiagram.disabledTip = kNoCurvesTip;
     dialog.chkDelDiagram.checked = ps.AddCurves;
     EnableScaling(dialog);
 }

@@ -61,7 +61,8 @@ void WireDefaults(CalcDialog& dialog);
 // --- on loading and activating
 /// Shows what the state has of the scaling.
 void ShowScaling(CalcDialog& dialog);
-/// Curves are added only to an open diagram that has some; the scaling is fixed meanwhile.
+/// Curves are added only to an open diagram that has some; the scaling is fixed meanwhile. Runs
+/// before each showing too.
 void RefreshScaling(CalcDialog& dialog);
 void ShowConstants(CalcDialog& dialog);
 /// Puts the selected model into the dialog: species, captions, units, values.

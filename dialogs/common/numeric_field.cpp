@@ -62,9 +62,12 @@ void MakeNumeric(ComboBox& box, FieldWalk* walk, TakeNumber take) {
 void Remember(ComboBox& box) {
     if (box.text.empty())
         return;
+    std::erase_if(box.items,
+                  [value = Val(box.text)](const std::string& item) { return Val(item) == value; });
     box.items.push_back(box.text);
     if (box.items.size() > kRemembered)
         box.items.erase(box.items.begin());
+    box.index = static_cast<int>(box.items.size()) - 1;
 }
 
 } // namespace zorvant

@@ -19,17 +19,25 @@ void Tell(const Workspace& ps, const char* formName) {
         form->onTimeUnitChanged();
 }
 
-} // namespace
-
-void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx) {
-    const double factor = ConvertTimeUnit(ps, newIdx, oldIdx);
+/// Velocity and flow belong to the open dialogs.
+void ConvertFlows(Workspace& ps, double factor) {
     if (IsFormLoaded(ps.desktop, name::kTube))
         ps.vRohr /= factor;
     if (IsFormLoaded(ps.desktop, name::kTank) || IsFormLoaded(ps.desktop, name::kSeries))
         ps.VPunkt /= factor;
+}
+
+void TellUnit(Workspace& ps) {
     UpdateUnitLabels(ps);
     for (const char* listener : kUnitListeners)
         Tell(ps, listener);
+}
+
+} // namespace
+
+void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx) {
+    ConvertFlows(ps, ConvertTimeUnit(ps, newIdx, oldIdx));
+    TellUnit(ps);
 }
 
 void UpdateUnitLabels(Workspace& ps) {
@@ -45,9 +53,13 @@ void UpdateUnitLabels(Workspace& ps) {
 }
 
 void TellUnitOfData(Workspace& ps) {
-    const int unit = TimeUnitIndex(ps.TimeUnitText);
-    if (ps.TimeUnitIdx != unit && ps.TimeUnitText == kTimeUnits.at(static_cast<std::size_t>(unit)))
-        ChangeTimeUnit(ps, unit, unit);
+    const int unit = TimeUnitIndex(ps.TimeUnitText), before = ps.TimeUnitIdx;
+    if (before == unit || ps.TimeUnitText != kTimeUnits.at(static_cast<std::size_t>(unit)))
+        return;
+    ConvertFlows(
+        ps, ps.TimeFactor.at(static_cast<std::size_t>(before)).at(static_cast<std::size_t>(unit)));
+    ps.TimeUnitIdx = unit;
+    TellUnit(ps);
 }
 
 void ResetConstants(Workspace& ps) {

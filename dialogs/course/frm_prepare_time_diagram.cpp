@@ -13,6 +13,7 @@ namespace zorvant {
 namespace {
 
 constexpr int kHelpTimeDiagram = 7001;
+constexpr const char* kNoPointsTip = "only with concentrations of data points";
 
 void ShowKM(frmPrepareTimeDiagram& form) {
     Workspace& ps = form.ps;
@@ -38,12 +39,19 @@ bool ModelHasData(const Workspace& ps) {
     return false;
 }
 
+/// Data may come and go while the dialog is open. The room of the box is kept.
+void RefreshPoints(frmPrepareTimeDiagram& form) {
+    const Workspace& ps = form.ps;
+    form.chkMitPunkten.visible = !ps.RateDiagram && ModelHasData(ps);
+    form.chkMitPunkten.enabled = ps.ExpPointCount > 0 && !ps.MMDiagram;
+    form.chkMitPunkten.disabledTip = kNoPointsTip;
+    form.chkMitPunkten.checked = ps.WithExpPoints;
+}
+
 void Form_Load(frmPrepareTimeDiagram& form) {
     Workspace& ps = form.ps;
-    form.chkMitPunkten.enabled = ps.ExpPointCount > 0;
     ps.IsTubular = ps.IsCSTR = ps.IsCascade = false;
-    ps.WithExpPoints = form.chkMitPunkten.checked;
-    form.chkMitPunkten.visible = !ps.RateDiagram;
+    ps.WithExpPoints = false;
     form.txtS0max.text = GeneralText(static_cast<double>(ps.S0Max));
     ps.ScaleOneSpecies = false;
     ps.ScaleSpecies = 1;
@@ -56,8 +64,6 @@ void Form_Load(frmPrepareTimeDiagram& form) {
 
 void CaptionRates(frmPrepareTimeDiagram& form) {
     form.ps.WithExpPoints = false;
-    form.chkMitPunkten.checked = false;
-    form.chkMitPunkten.visible = false;
     form.caption = "Functions Reaction Rate vs. Time";
     form.cmdDrawctDiagram.text = "draw r(i)-t diagramm";
     form.cmdDrawctDiagram.toolTip = " rate of reaction vs. time ";
@@ -69,8 +75,6 @@ void CaptionConcentrations(frmPrepareTimeDiagram& form) {
     form.cmdDrawctDiagram.text = "Draw c-t diagram";
     form.cmdDrawctDiagram.toolTip = "...concentration(s) vs. time ";
     form.cmdListe.toolTip = " time | concentration(s) ";
-    form.chkMitPunkten.visible = ModelHasData(form.ps);
-    form.chkMitPunkten.enabled = form.ps.ExpPointCount > 0;
 }
 
 void Form_Activate(frmPrepareTimeDiagram& form) {
@@ -86,6 +90,7 @@ void Form_Activate(frmPrepareTimeDiagram& form) {
         CaptionRates(form);
     else
         CaptionConcentrations(form);
+    RefreshPoints(form);
 }
 
 /// The Michaelis-Menten curve stands for itself while the flag is set.
@@ -139,6 +144,10 @@ void WireMichaelis(frmPrepareTimeDiagram& form) {
 void WireForm(frmPrepareTimeDiagram& form) {
     form.onLoad = [&form] { Form_Load(form); };
     form.onActivate = [&form] { Form_Activate(form); };
+    form.onRefresh = [&form] {
+        RefreshScaling(form);
+        RefreshPoints(form);
+    };
     form.onInit = [&form] { InitSimulation(form); };
     form.onShowParameters = [&form] { ShowParameters(form); };
     form.cmdClose.isCancel = true;
@@ -185,8 +194,7 @@ void InitSimulation(frmPrepareTimeDiagram& form) {
     form.Label7.text = ModelCaption(ps);
     form.fraMichaelis.visible = form.lblMichaelisK1.visible = form.lblMichaelisK2.visible =
         IsEnzymeModel(ps.ModelId);
-    if (!ps.RateDiagram)
-        form.chkMitPunkten.visible = ModelHasData(ps);
+    RefreshPoints(form);
     ShowKM(form);
 }
 
@@ -200,9 +208,9 @@ void chkNormiert_Click(frmPrepareTimeDiagram& form) {
 
 void cmdDrawctDiagram_Click(frmPrepareTimeDiagram& form) {
     Workspace& ps = form.ps;
-    form.chkMitPunkten.enabled = !ps.MMDiagram && ps.ExpPointCount > 0;
     if (ps.MMDiagram)
-        ps.WithExpPoints = form.chkMitPunkten.checked = false;
+        ps.WithExpPoints = false;
+    RefreshPoints(form);
     for (ComboBox& box : form.kCombo.items)
         Remember(box);
     ReadConcentrations(form);

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kHelpModel = 10240;
 constexpr int kHelpMatrix = 10241;
-constexpr const char* kColumnGap = "                "; // 16 blanks
 
 /// Which option stands in bold, with the scheme beside it.
 void MarkSelection(frmZorModel& form, int index) {
@@ -166,16 +165,17 @@ void Form_Load(frmmatrix& form) {
     form.lblModel.text = ModelNameText(ps, ps.ModelId);
     if (HasOrder(ps.ModelId))
         form.lblModel.text += " (n = " + FormatNumber(static_cast<double>(ps.OrderN), "0.00") + ")";
+    const GivenInput shown = InputShownFor(ps);
     Label* const heads[] = {&form.lblA, &form.lblB, &form.lblC, &form.lblP, &form.lblQ};
     for (int slot = 1; slot <= kSpecies; ++slot) {
         const auto s = static_cast<std::size_t>(slot);
         heads[slot - 1]->text = SpeciesName(ps.ModelId, slot);
-        std::string& row = form.lblRow(slot).text;
-        row.clear();
-        for (std::size_t reaction = 1; reaction <= 3; ++reaction) {
-            if (reaction > 1)
-                row += kColumnGap;
-            row += SingleText(static_cast<double>(ps.Stoich[reaction][s]));
+        heads[slot - 1]->visible = shown.species[s];
+        for (int reaction = 1; reaction <= 3; ++reaction) {
+            Label& cell = form.lblCell(3 * (slot - 1) + reaction);
+            cell.text =
+                SingleText(static_cast<double>(ps.Stoich[static_cast<std::size_t>(reaction)][s]));
+            cell.visible = shown.species[s];
         }
     }
 }
@@ -184,6 +184,8 @@ void Form_Load(frmmatrix& form) {
 
 frmmatrix::frmmatrix(Workspace& state) : Form(name::kMatrix, " Stoichiometric Matrix "), ps(state) {
     helpTopic = kHelpMatrix;
+    for (int reaction = 1; reaction <= 3; ++reaction)
+        lblHead(reaction).text = "(" + std::to_string(reaction) + ")";
     cmdClose.isCancel = true;
     onLoad = [this] { Form_Load(*this); };
     cmdClose.onClick = [this] { UnloadForm(ps.desktop, *this); };

@@ -44,10 +44,11 @@ struct frmmatrix : Form {
     Workspace& ps;
 
     Label lblModel{*this, "lblModel"};
-    Label lblHead{*this, "lblHead", "(1)               (2)               (3)"};
+    Array<Label, 3, 1> lblHead{*this, "lblHead"}; ///< the reactions
     Label lblA{*this, "lblA"}, lblB{*this, "lblB"}, lblC{*this, "lblC"}, lblP{*this, "lblP"},
         lblQ{*this, "lblQ"};
-    Array<Label, 5, 1> lblRow{*this, "lblRow"}; ///< the three coefficients of a species
+    /// Coefficient of species slot s in reaction r: 3 (s - 1) + r.
+    Array<Label, 15, 1> lblCell{*this, "lblCell"};
     Button cmdClose{*this, "cmdClose", "Close  <Esc>"};
     Button cmdHelp{*this, "cmdHelp", "Help"};
 };

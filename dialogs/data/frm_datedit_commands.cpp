@@ -195,7 +195,7 @@ bool ReplaceByNumbers(frmDatedit& form, const TableNumbers& numbers,
         ps.ExpComment.clear();
         ps.LambdaInf = ps.LambdaZero = 0;
         if (!timeUnit.empty())
-            ps.TimeUnitText = timeUnit;
+            TakeUnitOfRows(ps, timeUnit);
         WriteNumbers(form, numbers, columns, 1);
     });
     form.saved = {};

@@ -122,7 +122,7 @@ void frmDatedit::BringBack(const ListState& state, const ListState& other) {
     if (state.extent == Extent::Unit)
         ChangeTimeUnit(ps, unit, from);
     if (state.extent == Extent::File && from == TimeUnitIndex(other.timeUnit)) {
-        ps.TimeUnitText = state.timeUnit;
+        TakeUnitOfRows(ps, state.timeUnit);
         TellUnitOfData(ps);
     }
     if (!HoldsFile(state))

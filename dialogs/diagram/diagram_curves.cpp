@@ -2,6 +2,8 @@
 
 #include "diagrams/curve_points.h"
 #include "diagrams/curve_slots.h"
+#include "diagrams/label_places.h"
+#include "diagrams/point_sets.h"
 #include "diagrams/ranges.h"
 #include "dialogs/diagram/coordinates.h"
 #include "dialogs/diagram/curve_panel.h"
@@ -10,6 +12,7 @@
 #include "dialogs/diagram/diagram_points.h"
 #include "dialogs/diagram/diagram_walk.h"
 #include "engine/arithmetic.h"
+#include "engine/modes.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -29,13 +32,20 @@ void StretchFrameToTube(Workspace& ps, DiagramDocument& doc) {
     FuKoordSetzen(ps.Frame, doc.surface);
 }
 
-/// The label of a curve whose points are counted already, and the slider that moves it.
-void PlaceLabel(const Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
-    Slider& shift = doc.scrShiftLab(slot);
-    shift.minimum = 1;
-    shift.maximum = std::max(1, BufferCount(curve));
-    shift.value =
-        AttachLabelToPoint(doc.surface, slot, kLines, slot, LabelPoint(ps.Frame, curve, slot));
+/// Labels where they can be told apart, under names that tell the draws apart; the panel follows.
+void PlaceLabels(DiagramDocument& doc) {
+    NameDraws(doc);
+    PlaceCurveLabels(doc.surface, doc.LabelMoved);
+    for (int slot = 1; slot <= kCurveSlots; ++slot) {
+        if (doc.CurveSlotFree[static_cast<std::size_t>(slot)])
+            continue;
+        doc.txtLabel(slot).text = GetLabel(doc.surface, slot).text;
+        doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
+        Slider& shift = doc.scrShiftLab(slot);
+        shift.minimum = 1;
+        shift.maximum = std::max(1, GetPointCount(doc.surface, kLines, slot));
+        shift.value = GetLabel(doc.surface, slot).point;
+    }
 }
 
 /// Shows what a calculation tells beside its points: label, result line, k, data points of a line.
@@ -45,6 +55,7 @@ void TakeCalculation(Workspace& ps, DiagramDocument& doc, const CurveCalculation
     doc.RegressLeftOut = made.leftOut;
     if (made.label)
         SetCurveLabel(doc, doc.CurveSlot, *made.label);
+    doc.ResultOf = doc.CurveSlot;
     doc.StatusBar2.text = made.result;
     doc.StatusBar2.toolTip = made.leftOut == 0
                                  ? ""
@@ -88,11 +99,7 @@ void FetchCurve(Workspace& ps, DiagramDocument& doc, bool& outside, bool& firstI
 /// Puts the fetched curve with label and legend text into its slot.
 void PlaceCurve(Workspace& ps, DiagramDocument& doc) {
     const int slot = doc.CurveSlot;
-    const int count = BufferCount(ps.CurveBuf);
     const PlotBatch batch(doc.surface);
-    SetLineColour(doc.surface, kLines, slot, ps.PresetColor);
-    SetPointCount(doc.surface, kLines, slot, count);
-    PlaceLabel(ps, doc, slot, ps.CurveBuf);
     const std::string& text = GetLabel(doc.surface, slot).text;
     SetSeriesLabel(doc.surface, kLines, slot, text);
     doc.txtLegendCurves(slot).text = text;
@@ -102,25 +109,47 @@ void PlaceCurve(Workspace& ps, DiagramDocument& doc) {
     SelectSeries(doc, kLines, slot);
 }
 
+/// "curve 1 - c(A)"
+void OfferToDelete(MenuEntry& entry, bool there, std::string text, const std::string& name) {
+    if (name.find_first_not_of(' ') != std::string::npos)
+        text += " - " + Trim(name);
+    entry.text = std::move(text);
+    entry.visible = there;
+}
+
 enum class DrawEnd { Done, NoSlot, Failed };
 
 DrawEnd DrawPending(Workspace& ps, DiagramDocument& doc, bool& outside) {
     bool firstInTube = true;
-    while (ps.CurvesToDraw > 0) {
-        if (!FuKurvePlatz(ps, doc))
-            return DrawEnd::NoSlot;
+    const int curves = ps.CurvesToDraw;
+    DrawEnd end = DrawEnd::Done;
+    CurveDraw draw{.inputs = InputsOf(ps), .curves = {}};
+    int placed = 0;
+    while (ps.CurvesToDraw > 0 && end == DrawEnd::Done) {
+        if (!FuKurvePlatz(ps, doc)) {
+            end = DrawEnd::NoSlot;
+            break;
+        }
         FetchCurve(ps, doc, outside, firstInTube);
         if (doc.DrawError || BufferCount(ps.CurveBuf) == 0) {
             // The count is given back, the slot stays taken; the curve before is left alone.
             --ps.CurveCount;
             --doc.CurveSlot;
         } else {
+            StyleCurve(ps, doc, doc.CurveSlot, placed++, curves);
             PlaceCurve(ps, doc);
+            const std::string& name = GetLabel(doc.surface, doc.CurveSlot).text;
+            const bool course = IsModelKind(ps.DiagramKind) && ps.FitMode < kFirstTemperatureMode;
+            draw.curves.push_back({doc.CurveSlot, course ? name : "", name});
         }
         if (doc.DrawError)
-            return DrawEnd::Failed;
+            end = DrawEnd::Failed;
     }
-    return DrawEnd::Done;
+    if (placed > 0) {
+        NoteDraw(doc, std::move(draw));
+        PlaceLabels(doc);
+    }
+    return end;
 }
 
 void EmptySlot(DiagramDocument& doc, int slot, SeriesDisplay mode) {
@@ -129,6 +158,20 @@ void EmptySlot(DiagramDocument& doc, int slot, SeriesDisplay mode) {
     doc.txtLegendCurves(slot).text.clear();
     ShowPage(doc.tabKurven, slot - 1, false);
     doc.mnuSubDelKurv(slot).enabled = false;
+}
+
+/// The front page of the panel is one of a curve that is there.
+void TurnToCurve(DiagramDocument& doc) {
+    const auto& pages = doc.tabKurven.pages;
+    const auto front = static_cast<std::size_t>(std::max(0, doc.tabKurven.selected));
+    if (front < pages.size() && pages[front].visible)
+        return;
+    auto next = std::find_if(pages.begin() + static_cast<std::ptrdiff_t>(front), pages.end(),
+                             [](const TabPage& page) { return page.visible; });
+    if (next == pages.end())
+        next = std::ranges::find_if(pages, [](const TabPage& page) { return page.visible; });
+    if (next != pages.end())
+        doc.tabKurven.selected = static_cast<int>(next - pages.begin());
 }
 
 /// Before the first curve: whatever a draw without a count has left goes.
@@ -176,8 +219,8 @@ bool FuKurvePlatz(Workspace& ps, DiagramDocument& doc) {
     return true;
 }
 
-void FuKurveZeichnen(Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve) {
-    WriteCurve(doc.surface, slot, curve, ps.PresetColor);
+void FuKurveZeichnen(Workspace&, DiagramDocument& doc, int slot, const PointBuffer& curve) {
+    WriteCurve(doc.surface, slot, curve);
     doc.chkEinzelLabelSichtbar(slot).checked = true;
 }
 
@@ -186,8 +229,10 @@ void cmdManuKurve_Click(Workspace& ps, DiagramDocument& doc) {
         return;
     const int slot = doc.CurveSlot;
     const PlotBatch batch(doc.surface);
+    StyleCurve(ps, doc, slot, 0, 1);
     FuKurveZeichnen(ps, doc, slot, ps.ManualBuf);
-    PlaceLabel(ps, doc, slot, ps.ManualBuf);
+    ++doc.DrawNumber;
+    PlaceLabels(doc);
     doc.mnuDelLabels.enabled = true;
 }
 
@@ -205,8 +250,12 @@ void FuKurveLoeschen(Workspace& ps, DiagramDocument& doc, int slot) {
         ps.CurveCount = std::max(0, ps.CurveCount - 1);
         EmptySlot(doc, slot, SeriesDisplay::Hidden);
     }
+    TurnToCurve(doc);
+    if (slot == 0 || slot == doc.ResultOf)
+        ClearResult(doc);
     if (ps.CurveCount > 0)
         return;
+    doc.DrawNumber = 0;
     doc.fraKurven.visible = false;
     doc.mnuDelKurv.enabled = doc.mnuDelLabels.enabled = false;
 }
@@ -236,9 +285,12 @@ void mnuDelTotal_Click(Workspace& ps, DiagramDocument& doc) {
 
 void mnuDelete_Click(DiagramDocument& doc) {
     for (int slot = 1; slot <= kCurveSlots; ++slot)
-        doc.mnuSubDelKurv(slot).visible = !doc.CurveSlotFree[static_cast<std::size_t>(slot)];
+        OfferToDelete(doc.mnuSubDelKurv(slot), !doc.CurveSlotFree[static_cast<std::size_t>(slot)],
+                      "curve " + std::to_string(slot), GetSeriesLabel(doc.surface, kLines, slot));
     for (int set = 1; set <= kPointSets; ++set)
-        doc.mnuSubDelPoints(set).visible = GetPointCount(doc.surface, kPoints, set) > 0;
+        OfferToDelete(doc.mnuSubDelPoints(set), HasPoints(doc.surface, set),
+                      "point set " + std::to_string(set),
+                      GetSeriesLabel(doc.surface, kPoints, set));
     doc.mnuSubDelKurv(0).visible = doc.mnuSubDelPoints(0).visible = true;
     doc.mnuDelMarkLabels.enabled = std::ranges::any_of(
         doc.surface.labels, [](const PlotLabel& label) { return label.visible; });
@@ -250,7 +302,8 @@ void FuPunktLoeschen(Workspace& ps, DiagramDocument& doc, int series, int point)
     const std::string text =
         JoinLines({"(Note: Right-click on a curve", "opens the curve-design window)", "", place,
                    " Really delete?", "", ""});
-    if (Ask(text, "Delete a curve point", Icon::Question, Buttons::YesNo) != Answer::Yes)
+    if (Ask(text, "Delete a curve point", Icon::Question, Buttons::YesNo, Answer::No) !=
+        Answer::Yes)
         return;
     const PointBuffer rest = WithoutPoint(GetSeries(doc.surface, kLines, series), point);
     FuKurveZeichnen(ps, doc, series, rest);

@@ -12,7 +12,7 @@ void cmdDraw_Click(Workspace& ps, DiagramDocument& doc);
 /// Returned: whether CurveSlot holds a slot now
 bool FuKurvePlatz(Workspace& ps, DiagramDocument& doc);
 
-/// Writes a buffer into a curve slot, in the preset colour, and shows its label.
+/// Writes a buffer into a curve slot and shows its label.
 void FuKurveZeichnen(Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve);
 
 /// Deletes curve i; 0: all curves.

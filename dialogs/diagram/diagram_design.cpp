@@ -5,6 +5,7 @@
 #include "diagrams/marks.h"
 #include "diagrams/point_sets.h"
 #include "dialogs/diagram/coordinates.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "dialogs/diagram/settings_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
@@ -39,6 +40,9 @@ std::optional<std::string> AskForDesign(Workspace& ps, bool save, const char* ti
 
 void TakeCurves(Workspace& ps, DiagramDocument& doc) {
     CountCurves(ps, doc);
+    doc.LabelMoved.fill(true); // as the design has them
+    doc.draws.clear();
+    doc.DrawNumber = ps.CurveCount;
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
         doc.mnuSubDelKurv(slot).enabled = !doc.CurveSlotFree[static_cast<std::size_t>(slot)];
         doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
@@ -97,15 +101,12 @@ void TakeAxes(Workspace& ps, DiagramDocument& doc) {
 
 } // namespace
 
-void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
+void TakeContents(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
     const PlotBatch batch(doc.surface);
-    FuPanelsZu(doc);
     CancelRubberZoom(doc.surface);
     FitContents(contents);
     static_cast<PlotContents&>(doc.surface) = std::move(contents);
     MarkChanged(doc.surface);
-    doc.StatusBar2.text.clear(); // it spoke of what was shown before
-    doc.StatusBar2.toolTip.clear();
     TakeCurves(ps, doc);
     TakePoints(doc);
     TakeMarksAndTexts(doc);
@@ -117,33 +118,65 @@ void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
         doc.mnuDelKurv.enabled || doc.mnuDelPoints.enabled || doc.mnuDelHalbAB.enabled;
 }
 
+void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
+    const PlotBatch batch(doc.surface);
+    FuPanelsZu(doc);
+    ClearResult(doc); // it spoke of what was shown before
+    TakeContents(ps, doc, std::move(contents));
+}
+
 void mnuSaveOC2_Click(Workspace& ps, DiagramDocument& doc) {
     const auto path = AskForDesign(ps, true, "Save this diagram design");
     if (!path)
         return;
     try {
         WriteFileAtomically(*path, WriteDesign(doc.surface));
+        NoteStep(doc);
+        doc.designEdited = false;
     } catch (const FileError& error) {
         ShowMessage(error.what(), "ERROR", Icon::Critical);
     }
 }
 
-void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc) {
-    const auto path = AskForDesign(ps, false, "Load a saved pattern (*.oc2)");
+namespace {
+
+/// The contents of a design file that the user chooses; nothing after a message.
+std::optional<PlotContents> AskForContents(Workspace& ps, const char* title) {
+    const auto path = AskForDesign(ps, false, title);
     if (!path)
-        return;
-    PlotContents contents;
+        return std::nullopt;
     try {
-        contents = ParseDesign(ReadFile(*path));
+        return ParseDesign(ReadFile(*path));
     } catch (const FileError& error) {
         ShowMessage(error.what(), "ERROR", Icon::Critical);
-        return;
     } catch (const FormatError& error) {
         ShowMessage(JoinLines({FileName(*path), error.what(), "", "The diagram stays as it was."}),
                     "ERROR", Icon::Critical);
-        return;
     }
-    TakeDesign(ps, doc, std::move(contents));
+    return std::nullopt;
+}
+
+} // namespace
+
+void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc) {
+    auto contents = AskForContents(ps, "Load a saved pattern (*.oc2)");
+    if (!contents)
+        return;
+    TakeDesign(ps, doc, std::move(*contents));
+    NoteStep(doc);
+    doc.designEdited = false;
+}
+
+void mnuLoadLook_Click(Workspace& ps, DiagramDocument& doc) {
+    auto pattern = AskForContents(ps, "Load only the look of a saved pattern (*.oc2)");
+    if (!pattern)
+        return;
+    FitContents(*pattern);
+    const PlotBatch batch(doc.surface);
+    TakeLook(doc.surface, *pattern);
+    ShowDesign(doc);
+    NoteStep(doc);
+    doc.designEdited = false;
 }
 
 } // namespace zorvant

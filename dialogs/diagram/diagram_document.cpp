@@ -8,10 +8,12 @@
 #include "dialogs/diagram/curve_export.h"
 #include "dialogs/diagram/curve_panel.h"
 #include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_design.h"
 #include "dialogs/diagram/diagram_legend.h"
 #include "dialogs/diagram/diagram_marks.h"
 #include "dialogs/diagram/diagram_points.h"
 #include "dialogs/diagram/diagram_texts.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "dialogs/diagram/point_panel.h"
 #include "dialogs/diagram/settings_panel.h"
 #include "engine/reaction_catalogue.h"
@@ -114,6 +116,7 @@ void WireMenus(Workspace& ps, DiagramDocument& doc) {
     doc.cmdManuKurve.onClick = [&ps, &doc] { cmdManuKurve_Click(ps, doc); };
     doc.cmdManuPoints.onClick = [&ps, &doc] { cmdManuPoints_Click(ps, doc); };
     doc.mnuAddPunkte.onClick = [&ps, &doc] { mnuAddPunkte_Click(ps, doc); };
+    doc.cmdFarbVorwahl.toolTip = "black: each curve gets a colour of its own";
     doc.cmdFarbVorwahl.onClick = [&ps, &doc] { cmdFarbVorwahl_Click(ps, doc); };
     doc.cmdMsgDelPoint.onClick = [] { cmdMsgDelPoint_Click(); };
     doc.mnuDesign.onOpen = [&ps, &doc] { mnuDesign_Click(ps, doc); };
@@ -137,11 +140,32 @@ void WireMenus(Workspace& ps, DiagramDocument& doc) {
     doc.mnuDelTotal.onClick = [&ps, &doc] { mnuDelTotal_Click(ps, doc); };
 }
 
+/// A dialog that draws anew closes the diagram from behind; the one in front is closed by the user.
+bool IsInFront(const Workspace& ps, const DiagramDocument& doc) {
+    return !ps.desktop.order.empty() && ps.desktop.order.back() == &doc;
+}
+
+/// An edited design is offered to be saved before the user closes it.
+bool MayClose(Workspace& ps, DiagramDocument& doc) {
+    NoteStep(doc);
+    if (!doc.designEdited || !IsInFront(ps, doc))
+        return true;
+    const Answer answer =
+        Ask(JoinLines({"The design of this diagram has been changed.", "",
+                       "Save it before the diagram is closed?"}),
+            "Close the diagram", Icon::Question, Buttons::YesNoCancel, Answer::Yes);
+    if (answer == Answer::Yes)
+        mnuSaveOC2_Click(ps, doc);
+    return answer == Answer::No || (answer == Answer::Yes && !doc.designEdited);
+}
+
 void WireWindow(Workspace& ps, DiagramDocument& doc) {
     doc.onLoad = [&ps, &doc] { Form_Load(ps, doc); };
     doc.onActivate = [&ps, &doc] { Form_Activate(ps, doc); };
     doc.onUnload = [&ps, &doc] { Form_Unload(ps, doc); };
+    doc.onQueryUnload = [&ps, &doc](bool& cancel) { cancel = !MayClose(ps, doc); };
     doc.onRefresh = [&doc] {
+        NoteStep(doc);
         doc.lblHint.text = doc.lblHint.toolTip = ChartHint(doc);
         doc.lblHint.visible = !doc.lblHint.text.empty();
     };
@@ -211,6 +235,15 @@ void Form_Unload(Workspace& ps, DiagramDocument& doc) {
     }
     ps.Frame.SideWindow = false;
     ps.CurveCount = 0;
+    doc.designEdited = false;
+    if (IsInFront(ps, doc))
+        doc.history.Clear(); // what is drawn anew can be taken back
+}
+
+void ClearResult(DiagramDocument& doc) {
+    doc.ResultOf = 0;
+    doc.StatusBar2.text.clear();
+    doc.StatusBar2.toolTip.clear();
 }
 
 void FuPanelsZu(DiagramDocument& doc) {

@@ -4,8 +4,10 @@
 #pragma once
 
 #include "diagrams/diagram.h"
+#include "diagrams/plot_drag.h"
 #include "dialogs/common/workspace.h"
 #include "dialogs/diagram/design_controls.h"
+#include "dialogs/diagram/diagram_history.h"
 
 #include <string>
 
@@ -23,6 +25,8 @@ inline constexpr Colour kLightGreen = 0xC0FFC0;
 /// What the pointer over the chart looks like.
 enum class ChartPointer { Default, Curve, Point, Move, CrossHair };
 
+inline constexpr int kResultOfMark = -1;
+
 /// Which text the text panel edits.
 enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
 /// Entry of mnuTextDesign that opens the curve panel: labels and legend texts stand there.
@@ -34,6 +38,10 @@ struct DiagramDocument : Form, Diagram {
     Workspace& ps;
     DiagramText TextTarget = DiagramText::Header;
     ChartPointer pointer = ChartPointer::Default;
+    int ResultOf = 0; ///< curve slot that the result line tells of; kResultOfMark; 0: of none
+    PlotDrag drag;    ///< what the mouse has hold of
+    DiagramHistory history;
+    bool designEdited = false; ///< looks, texts or legend since it was drawn, loaded or saved
 
     /// The screen that the window opens on, pixels; the shell writes it before a load.
     int screenWidth = 1280;
@@ -142,6 +150,7 @@ struct DiagramDocument : Form, Diagram {
     // --- the text panel
     TextField schrift{*this, "schrift"};
     Button cmdFont{*this, "cmdFont", "&Font ..."};
+    Button cmdZiffFont{*this, "cmdZiffFont", "Font of the &numbers ..."};
     Button cmdSchriftHFarbe{*this, "cmdSchriftHFarbe", "Back&ground ..."};
     CheckBox chkTextFrame{*this, "chkTextFrame", "F&rame"};
     Frame fraTextPlace{*this, "fraTextPlace", "Place"};
@@ -167,6 +176,9 @@ void mnuDesign_Click(Workspace& ps, DiagramDocument& doc);
 /// The settings as they were left, or on a page.
 void mnuDesignMore_Click(DiagramDocument& doc);
 void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
+
+/// Empties the result line.
+void ClearResult(DiagramDocument& doc);
 
 /// Whether the screen asks for smaller fonts.
 bool OnSmallScreen(const DiagramDocument& doc);

@@ -1,6 +1,7 @@
 #include "dialogs/diagram/diagram_legend.h"
 
 #include "diagrams/curve_slots.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -27,6 +28,7 @@ void ShowLegend(DiagramDocument& doc, bool on) {
         doc.chkLegend2(set).checked = on;
     doc.mnuAddLegend.enabled = !on;
     doc.mnuDelLegend.enabled = doc.mnuDelLegendZeile.enabled = on;
+    ShowLegendPlace(doc);
 }
 
 void mnuAddLegend_Click(DiagramDocument& doc) {
@@ -84,7 +86,7 @@ void mnuDelLabels_Click(DiagramDocument& doc) {
 }
 
 void scrShiftLab_Change(DiagramDocument& doc, int slot) {
-    MoveCurveLabel(doc.surface, slot, doc.scrShiftLab(slot).value);
+    MoveCurveLabel(doc, slot, doc.scrShiftLab(slot).value);
 }
 
 void SetCurveLabel(DiagramDocument& doc, int slot, const std::string& text) {

@@ -11,6 +11,7 @@ void Mark(Workspace& ps, DiagramDocument& doc, int series) {
     const std::optional<MarkNote> note = MarkHalfLife(ps, doc.surface, series);
     if (!note)
         return;
+    doc.ResultOf = kResultOfMark;
     doc.StatusBar2.text = note->text;
     doc.StatusBar2.toolTip = note->toolTip;
 }
@@ -32,6 +33,8 @@ void cmdMarkConti_Click(Workspace& ps, DiagramDocument& doc) {
 
 void mnuDelHalbAB_Click(DiagramDocument& doc) {
     RemoveMarks(doc.surface);
+    if (doc.ResultOf == kResultOfMark)
+        ClearResult(doc);
     doc.mnuDelHalbAB.enabled = false;
 }
 

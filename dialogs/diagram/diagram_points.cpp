@@ -1,5 +1,6 @@
 #include "dialogs/diagram/diagram_points.h"
 
+#include "diagrams/curve_styles.h"
 #include "diagrams/point_sets.h"
 #include "dialogs/common/names.h"
 #include "engine/reaction_catalogue.h"
@@ -28,8 +29,9 @@ void LoadPointSets(Workspace& ps, DiagramDocument& doc, bool& anyInside) {
         if (!shown)
             continue;
         SetSeriesLabel(doc.surface, kPoints, set, doc.txtLegendPoints(set).text);
-        SetSymbolColour(doc.surface, kPoints, set, ps.PresetColor);
-        doc.cmdPunktFarbe(set).backColour = ps.PresetColor;
+        const Colour colour = PointColour(ps, ps.DiagramKind, set);
+        SetSymbolColour(doc.surface, kPoints, set, colour);
+        doc.cmdPunktFarbe(set).backColour = colour;
     }
 }
 

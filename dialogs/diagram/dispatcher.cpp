@@ -3,6 +3,7 @@
 #include "diagrams/point_sets.h"
 #include "diagrams/ranges.h"
 #include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "engine/modes.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -82,8 +83,11 @@ void GrafZentrale(Workspace& ps, DiagramDocument& doc) {
         ps.Frame.xTitle = doc.GrafText.xTitle;
         ps.Frame.yTitle = doc.GrafText.yTitle;
         const PlotBatch batch(doc.surface);
+        const bool anew = !doc.loaded;
         ShowForm(ps.desktop, doc);
         NamePointSets(ps, doc);
+        if (anew)
+            BeginSteps(doc);
     } catch (const std::exception& error) {
         ShowMessage(JoinLines({"error occured:" + std::string(error.what()), "",
                                "If this happens with the first diagram, the plotting component "

@@ -4,6 +4,7 @@
 #include "dialogs/diagram/axis_settings.h"
 #include "dialogs/diagram/coordinates.h"
 #include "dialogs/diagram/diagram_design.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "platform/host.h"
 
 namespace zorvant {
@@ -20,6 +21,9 @@ frmZGraph2D::frmZGraph2D(Workspace& state) : DiagramDocument(state) {
     WireOtherWindows();
     mnuSaveOC2.onClick = [this] { mnuSaveOC2_Click(ps, *this); };
     mnuLoadOC2.onClick = [this] { mnuLoadOC2_Click(ps, *this); };
+    mnuLoadLook.onClick = [this] { mnuLoadLook_Click(ps, *this); };
+    mnuUndo.onClick = [this] { mnuUndo_Click(ps, *this); };
+    mnuRedo.onClick = [this] { mnuRedo_Click(ps, *this); };
     cmdEscGraph.isCancel = true;
     cmdEscGraph.onClick = [this] { Escape(); };
     BuildMenu();
@@ -42,6 +46,7 @@ void frmZGraph2D::WirePictures() {
 void frmZGraph2D::WireScale() {
     mnuZoom.onClick = [this] { cmdZoom_Click(*this); };
     mnuZoomReset.onClick = [this] { cmdZoomReset_Click(ps, *this); };
+    mnuShowAll.onClick = [this] { cmdShowAll_Click(ps, *this); };
     mnuFullSize.onClick = [this] {
         if (onFullSize)
             onFullSize();
@@ -50,6 +55,8 @@ void frmZGraph2D::WireScale() {
     mnuYLog.onClick = [this] { cmdYLog_Click(*this); };
     onRefresh = [this, texts = onRefresh] {
         texts();
+        mnuUndo.enabled = history.CanUndo();
+        mnuRedo.enabled = history.CanRedo();
         mnuXLog.checked = GetAxisLog(surface, AxisId::X);
         mnuYLog.checked = GetAxisLog(surface, AxisId::Y);
     };
@@ -105,6 +112,9 @@ void frmZGraph2D::BuildMenu() {
 
 void frmZGraph2D::BuildDesignMenu() {
     Row(1, mnuDesign, "Desi&gn");
+    Row(2, mnuUndo, "&Undo\tCtrl+Z");
+    Row(2, mnuRedo, "&Redo\tCtrl+Y");
+    Line();
     Row(2, mnuKurvenDesign, "&Curves ...");
     Row(2, mnuPunktDesign, "&Experimental points ...");
     constexpr const char* kTexts[] = {"&Header ...", "&Additional text ...", "&X-axis label ...",
@@ -135,6 +145,7 @@ void frmZGraph2D::BuildScaleMenu() {
     Line();
     Row(2, mnuZoom, "&Zoom\tCtrl++");
     Row(2, mnuZoomReset, "Zoom &back\tCtrl+0");
+    Row(2, mnuShowAll, "Show &all\tCtrl+9");
     Line();
     Row(2, mnuFullSize, "&Full size\tF11");
 }
@@ -165,6 +176,7 @@ void frmZGraph2D::BuildPictureMenu() {
     Line();
     Row(2, mnuSaveOC2, "&Save this diagram design ...");
     Row(2, mnuLoadOC2, "L&oad a saved pattern ...");
+    Row(2, mnuLoadLook, "Load its loo&k only ...");
 }
 
 } // namespace zorvant

@@ -41,7 +41,8 @@ std::optional<Colours> AskForGround(const Colours& present) {
 
 void ApplyScheme(DiagramDocument& doc, Colour back, Colour fore) {
     ApplyColourScheme(doc.surface, back, fore);
-    ShowColourSettings(doc);
+    doc.LegendBackColor = back;
+    ShowDesign(doc);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "dialogs/diagram/settings_panel.h"
 
 #include "diagrams/curve_slots.h"
+#include "diagrams/plot_extent.h"
 #include "diagrams/plot_places.h"
 #include "dialogs/diagram/diagram_legend.h"
 #include "platform/host.h"
@@ -53,10 +54,32 @@ void ShowLegendSettings(DiagramDocument& doc) {
     design.cmdLegBColor.backColour = legend.colours.back;
     design.cmdLegFColor.backColour = legend.colours.fore;
     doc.LegendBackColor = legend.colours.back;
+    ShowLegendPlace(doc);
+}
+
+void ShowLegendPlace(DiagramDocument& doc) {
     const Location place = PresentLegendPlace(doc.surface);
-    design.chkAutoLegend.checked = place.automatic;
-    design.scrLegH.value = Thousandths(place.x);
-    design.scrlegV.value = Thousandths(place.y);
+    doc.design.chkAutoLegend.checked = place.automatic;
+    doc.design.scrLegH.value = Thousandths(place.x);
+    doc.design.scrlegV.value = Thousandths(place.y);
+}
+
+void cmdLegCorner_Click(DiagramDocument& doc) {
+    const PixelRect& picture = doc.surface.layout.picture;
+    ShowLegend(doc, true); // its size is known when it is laid out
+    const PixelRect legend = doc.surface.layout.legend;
+    if (!(picture.width > 0) || !(legend.width > 0))
+        return;
+    const DataPoint corner = FreeCorner(doc.surface, legend.width, legend.height);
+    ChangeLegend(doc, [&](PlotLegend& of) {
+        of.location = {corner.x / picture.width, corner.y / picture.height, false};
+    });
+    // Without the legend beside it the plot area is wider, and its corners lie elsewhere.
+    const DataPoint again = FreeCorner(doc.surface, legend.width, legend.height);
+    ChangeLegend(doc, [&](PlotLegend& of) {
+        of.location = {again.x / picture.width, again.y / picture.height, false};
+    });
+    ShowLegendPlace(doc);
 }
 
 void optLegOrient_Click(DiagramDocument& doc, int index) {

@@ -32,6 +32,7 @@ void Change(DiagramDocument& doc, Changed& control, void (*handler)(DiagramDocum
 void WireAxisPages(Workspace& ps, DiagramDocument& doc) {
     Click(doc, doc.design.cmdZoom, cmdZoom_Click);
     doc.design.cmdZoomReset.onClick = [&ps, &doc] { cmdZoomReset_Click(ps, doc); };
+    doc.design.cmdShowAll.onClick = [&ps, &doc] { cmdShowAll_Click(ps, doc); };
     Choice(doc, doc.design.opt1Gitter, opt1Gitter_Click);
     Choice(doc, doc.design.opt2Gitter, opt2Gitter_Click);
     Click(doc, doc.design.cmdGitterFarbe, cmdGitterFarbe_Click);
@@ -45,6 +46,7 @@ void WireAxisPages(Workspace& ps, DiagramDocument& doc) {
 void WireLegendPage(DiagramDocument& doc) {
     Choice(doc, doc.design.optLegOrient, optLegOrient_Click);
     Click(doc, doc.design.chkAutoLegend, chkAutoLegend_Click);
+    Click(doc, doc.design.cmdLegCorner, cmdLegCorner_Click);
     Change(doc, doc.design.scrLegH, scrLegH_Change);
     Change(doc, doc.design.scrlegV, scrlegV_Change);
     Click(doc, doc.design.chkLegFrame, chkLegFrame_Click);
@@ -113,6 +115,8 @@ DesignControls::DesignControls(Form& owner)
     optLegOrient.selected = 1;
     cmdZoom.toolTip = "Draw a rectangle around what you want to see larger (Ctrl++)";
     cmdZoomReset.toolTip = "Back to the coordinates given last (Ctrl+0)";
+    cmdShowAll.toolTip = "All curves and points (Ctrl+9)";
+    cmdLegCorner.toolTip = "Inside the axes, where it hides least";
     cmdRandCol_out.toolTip = "Background of the whole chart";
     cmdRandCol_in.toolTip = "Background behind the axes with their numbers and titles";
     cmdColor_in.toolTip = "Background between the axes";

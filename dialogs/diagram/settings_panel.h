@@ -14,6 +14,8 @@ void WireDesign(Workspace& ps, DiagramDocument& doc);
 void ShowDesign(DiagramDocument& doc);
 /// The same for single pages.
 void ShowLegendSettings(DiagramDocument& doc);
+/// Where the legend stands, on its sliders.
+void ShowLegendPlace(DiagramDocument& doc);
 void ShowLabelSettings(DiagramDocument& doc);
 void ShowColourSettings(DiagramDocument& doc);
 void ShowFrameSettings(DiagramDocument& doc);
@@ -52,6 +54,8 @@ void ChartAreaSlider_Change(DiagramDocument& doc, Edge edge);
 
 void optLegOrient_Click(DiagramDocument& doc, int index);
 void chkAutoLegend_Click(DiagramDocument& doc);
+/// Into the corner of the plot area where it hides least.
+void cmdLegCorner_Click(DiagramDocument& doc);
 void scrLegH_Change(DiagramDocument& doc);
 void scrlegV_Change(DiagramDocument& doc);
 void chkLegFrame_Click(DiagramDocument& doc);

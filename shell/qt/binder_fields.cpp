@@ -158,6 +158,8 @@ void Binder::BindComboBox(ComboBox& box) {
         if (shown != box.items)
             ShowItems(*widget, shown = box.items);
         if (QLineEdit* const line = widget->lineEdit()) {
+            if (box.index >= 0 && widget->currentIndex() != box.index)
+                widget->setCurrentIndex(box.index); // marked in the open list
             ShowText(*line, ToQt(box.text));
             if (std::exchange(box.selectAll, false))
                 SelectAll(*line);

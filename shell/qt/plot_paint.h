@@ -20,6 +20,8 @@ QPen ToPen(const LineStyle& style, double widthFactor);
 QPen GridPen(const PlotAxis& axis);
 QCPScatterStyle ToScatter(const SymbolStyle& style);
 
+/// Labels with the lines to their points, which lie below all of them.
+void DrawLabels(QCPPainter& painter, const std::vector<TextBox>& labels);
 void DrawTextBox(QCPPainter& painter, const TextBox& box);
 void DrawBorder(QCPPainter& painter, const QRectF& rect, const Border& border,
                 const QColor& colour);

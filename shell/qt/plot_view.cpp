@@ -299,8 +299,7 @@ void PlotView::Canvas::PaintBackground(QCPPainter& painter) const {
 void PlotView::Canvas::PaintTexts(QCPPainter& painter) const {
     if (surface_ == nullptr)
         return;
-    for (const TextBox& label : layout_.labels)
-        DrawTextBox(painter, label);
+    DrawLabels(painter, layout_.labels);
     if (layout_.header)
         DrawTextBox(painter, *layout_.header);
     if (layout_.footer)

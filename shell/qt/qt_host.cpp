@@ -2,17 +2,14 @@
 
 #include "platform/host.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/plot_text.h"
 #include "shell/qt/qt_text.h"
+#include "shell/qt/text_pages.h"
 
-#include <QtPrintSupport/QPrintDialog>
-#include <QtPrintSupport/QPrinter>
 #include <QtWidgets>
 
 namespace zorvant {
 namespace {
-
-/// Font size of printed plain text, points.
-constexpr double kPrintPoints = 10;
 
 QMessageBox::Icon IconOf(Icon icon) {
     switch (icon) {
@@ -167,15 +164,13 @@ std::optional<std::uint32_t> ChooseColour(std::uint32_t present) {
 
 std::optional<FontChoice> ChooseFont(const FontChoice& present) {
     const PlainPointer pointer;
-    QFont font(ToQt(present.family));
+    QFont font = ToFont(present, 1); // the family that is drawn
     font.setPointSizeF(present.size);
-    font.setBold(present.bold);
-    font.setItalic(present.italic);
     bool chosen = false;
     font = QFontDialog::getFont(&chosen, font, QApplication::activeWindow());
     if (!chosen)
         return std::nullopt;
-    return FontChoice{.family = FromQt(font.family()),
+    return FontChoice{.family = FromQt(ClassicFontName(font)),
                       .size = font.pointSizeF(),
                       .bold = font.bold(),
                       .italic = font.italic()};
@@ -183,19 +178,7 @@ std::optional<FontChoice> ChooseFont(const FontChoice& present) {
 
 bool PrintText(const std::string& text, const std::string& title) {
     const PlainPointer pointer;
-    QPrinter printer(QPrinter::HighResolution);
-    printer.setDocName(ToQt(title));
-    QPrintDialog dialog(&printer, QApplication::activeWindow());
-    if (dialog.exec() != QDialog::Accepted)
-        return false;
-    QTextDocument document;
-    QFont font(QStringLiteral("Courier New"));
-    font.setStyleHint(QFont::Monospace);
-    font.setPointSizeF(kPrintPoints);
-    document.setDefaultFont(font);
-    document.setPlainText(ToQt(text).remove(u'\r'));
-    document.print(&printer);
-    return true;
+    return PrintTextOnPages(ToQt(text), ToQt(title));
 }
 
 double SecondsSinceMidnight() {

@@ -36,30 +36,34 @@ protected:
 };
 
 TEST_F(ExpFile, ReplacesTheTableOrGrowsItAsAsked) {
+    InitProjectState(ps); // in s
     ps.LambdaInf = 7;
-    const struct {
-        const char *name, *unit;
-        int rows;
-        bool append;
-        int count, unitIndex;
-        const char* comment;
-    } steps[] = {{"two", "min", 2, false, 2, 1, "two"},
-                 {"three", "h", 3, true, 5, 2, "two"}, // the word is replaced, no value converted
-                 {"none", "fortnight", 0, false, 0, 0, "none"}};
-    for (const auto& step : steps) {
-        EXPECT_TRUE(Load(PutRows(step.name, step.unit, step.rows), step.append));
-        EXPECT_EQ(ps.ExpPointCount, step.count);
-        EXPECT_EQ(ps.ExpComment, step.comment);
-        EXPECT_EQ(ps.TimeUnitText, step.unit);
-        EXPECT_EQ(ps.TimeUnitOldIdx, step.unitIndex);
-        EXPECT_EQ(ps.ExpDataChanged, step.append); // no file holds a table that has grown
-        EXPECT_EQ(ps.LambdaInf, 7);                // a file without one leaves it
-        if (step.append) {
-            EXPECT_EQ(ps.ExpData[2].t, 1);
-            EXPECT_EQ(ps.ExpData[3].t, 0);
-        }
-    }
-    EXPECT_GE(ps.ExpData.size(), 2U); // room for row 1
+    ps.k[1] = 0.5;
+    EXPECT_TRUE(Load(PutRows("two", "min", 2)));
+    EXPECT_EQ(ps.k[1], 30);
+    EXPECT_EQ(ps.ExpPointCount, 2);
+    EXPECT_EQ(ps.ExpComment, "two");
+    EXPECT_EQ(ps.TimeUnitText, "min");
+    EXPECT_EQ(ps.TimeUnitOldIdx, 1);
+    EXPECT_EQ(ps.LambdaInf, 7); // a file without one leaves it
+    EXPECT_FALSE(ps.ExpDataChanged);
+
+    EXPECT_TRUE(Load(PutRows("three", "h", 3), true));
+    EXPECT_EQ(ps.ExpPointCount, 5);
+    EXPECT_EQ(ps.ExpData.size(), 6U);
+    EXPECT_EQ(ps.ExpData[2].t, 1);
+    EXPECT_EQ(ps.ExpData[4].t, 60); // 1 h among minutes
+    EXPECT_EQ(ps.ExpComment, "two");
+    EXPECT_EQ(ps.TimeUnitText, "min");
+    EXPECT_EQ(ps.UnitNotice, "appended data converted from h to min");
+    EXPECT_TRUE(ps.ExpDataChanged); // no file holds this table
+
+    EXPECT_TRUE(Load(PutRows("none", "fortnight", 0)));
+    EXPECT_EQ(ps.ExpPointCount, 0);
+    EXPECT_GE(ps.ExpData.size(), 2U);
+    EXPECT_EQ(ps.ExpComment, "none");
+    EXPECT_EQ(ps.TimeUnitText, "fortnight");
+    EXPECT_EQ(ps.TimeUnitOldIdx, 0);
     EXPECT_TRUE(script.boxes.empty());
 }
 
@@ -127,24 +131,17 @@ TEST_F(ExpFile, IsChosenLoadedAndCountedByTheCommand) {
 
 TEST_F(ExpFile, IsSavedUnderTheChosenNameOrNothingChanges) {
     ASSERT_TRUE(Load(PutRows("a.ZI3", "s", 2)));
-    ps.DataFilePath = "old.ZI3";
-    for (const auto& [choice, saved] :
-         std::initializer_list<std::pair<std::optional<FileChoice>, bool>>{
-             {std::nullopt, false},
-             {FileChoice{folder / "no/such/b.ZI3"}, false},
-             {FileChoice{folder / "b.ZI3"}, true}}) {
-        ps.ExpDataChanged = true;
-        script.files = {choice};
-        std::string file;
-        bool cancelled = saved;
+    ps.ExpDataChanged = true;
+    script.files = {FileChoice{folder / "no/such/b.ZI3"}, FileChoice{folder / "b.ZI3"}};
+    std::string file;
+    bool cancelled = false;
+    for (const bool saved : {false, true}) {
         SaveExpDialog(ps, file, cancelled);
         EXPECT_EQ(cancelled, !saved);
         EXPECT_EQ(ps.ExpDataChanged, !saved);
-        EXPECT_EQ(ps.DataFilePath, saved ? folder / "b.ZI3" : "old.ZI3");
+        EXPECT_EQ(ps.DataFilePath, saved ? folder / "b.ZI3" : "");
     }
     EXPECT_EQ(script.boxes.at(0).title, "message from WriteDataFile");
-    EXPECT_EQ(ps.DataDir, folder.Path());
-    EXPECT_TRUE(FileExists(folder / "b.ZI3"));
 }
 
 } // namespace

@@ -122,7 +122,7 @@ TEST_F(Curves, ThatAreNotFiniteAreAnError) {
 
 TEST_F(Curves, CountNoMoreThanTheyHold) {
     const PointBuffer lies = {{9e9F, 0}, {1, 0.1F}, {5, 0.2F}};
-    WriteCurve(surface, 2, lies, kBlack);
+    WriteCurve(surface, 2, lies);
     EXPECT_EQ(GetSeries(surface, kLines, 2).x, (std::vector<double>{1, 5}));
     EXPECT_EQ(WithoutPoint(GetSeries(surface, kLines, 2), 1).size(), 2U);
 }

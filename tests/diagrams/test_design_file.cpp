@@ -1,10 +1,9 @@
 // Design files: every part of a diagram comes back, damaged ones are refused.
 #include "diagrams/design_file.h"
+#include "platform/encoding.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include "platform/files.h"
 
 namespace zorvant {
 namespace {

@@ -115,18 +115,16 @@ TEST_F(ApplicationTest, TheKeysOfTheMainWindowReachIt) {
             .isVisible();
     };
     EXPECT_TRUE(!shown(2) && shown(14)) << "the icon of the data editor is the fifth";
-    Key(Qt::Key_F10);
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(qobject_cast<QMenu*>(QApplication::activePopupWidget())->title(),
-              QStringLiteral("&Data"));
-    Key(Qt::Key_Escape);
-    Key(Qt::Key_Escape);
-    Settle();
     Key(Qt::Key_W, Qt::ControlModifier);
     Settle();
     EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
     Key(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(quitted);
+    Key(Qt::Key_F10);
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->title(), QStringLiteral("&Data"));
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {

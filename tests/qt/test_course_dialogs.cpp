@@ -3,11 +3,14 @@
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/graph_window.h"
+#include "shell/qt/text_pages.h"
 #include "tests/qt/qt_user.h"
 
 #include <QClipboard>
 #include <QtWidgets>
 #include <gtest/gtest.h>
+
+#include <map>
 
 namespace zorvant {
 namespace {
@@ -32,18 +35,11 @@ protected:
         Child<QAction>(program.window(), action).trigger();
         Settle();
     }
-    /// Replaces what an editor holds by typing.
-    static void Retype(QWidget& editor, const char* keys) {
-        editor.setFocus();
-        PressKey(editor, Qt::Key_A, {}, Qt::ControlModifier);
-        TypeText(editor, QString::fromLatin1(keys));
-    }
-
-    /// Shortcuts hear keys of the window system only.
-    static void PressEscape(QWidget& window) {
-        for (QShortcut* shortcut : window.findChildren<QShortcut*>())
-            if (shortcut->key() == QKeySequence(Qt::Key_Escape))
-                emit shortcut->activated();
+    /// Goes to a field and replaces what it holds.
+    static void Retype(QWidget& field, const char* keys) {
+        field.setFocus(Qt::TabFocusReason);
+        Key(Qt::Key_A, Qt::ControlModifier);
+        Keys(QString::fromLatin1(keys));
     }
 
     ScriptedHost restore_;
@@ -59,7 +55,7 @@ TEST_F(CourseDialogs, ACourseIsTypedDrawnAndPainted) {
     QWidget& dialog = Widget("frmPrepareTimeDiagram");
     Retype(Child<QLineEdit>(dialog, "Inp_0"), "0,5x");
     EXPECT_EQ(Child<QLineEdit>(dialog, "Inp_0").text(), QStringLiteral("0.5"));
-    Retype(*Child<QComboBox>(dialog, "kCombo_1").lineEdit(), "0,2");
+    Retype(Child<QComboBox>(dialog, "kCombo_1"), "0,2");
     EXPECT_EQ(program.state().k[1], 0.2);
     Child<QPushButton>(dialog, "cmdDrawctDiagram").click();
     Settle();
@@ -90,14 +86,90 @@ TEST_F(CourseDialogs, ACourseIsTypedDrawnAndPainted) {
 TEST_F(CourseDialogs, EnterGoesRoundTheFieldsAndEscCloses) {
     Trigger("mnuctGraph");
     QWidget& dialog = Widget("frmPrepareTimeDiagram");
-    auto& first = Child<QLineEdit>(dialog, "Inp_0");
-    first.setFocus();
-    PressKey(first, Qt::Key_Return, QStringLiteral("\r"));
-    EXPECT_EQ(program.window().focusWidget(), &Child<QLineEdit>(dialog, "Inp_3"));
+    Child<QLineEdit>(dialog, "Inp_0").setFocus();
+    Key(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), &Child<QLineEdit>(dialog, "Inp_3"));
+    Key(Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), &Child<QLineEdit>(dialog, "Inp_0"));
     EXPECT_FALSE(IsOpen("frmZGraph2D")); // Enter in a field is not the draw button
-    PressEscape(dialog);
+    Key(Qt::Key_Escape);
     Settle();
     EXPECT_FALSE(IsOpen("frmPrepareTimeDiagram"));
+}
+
+TEST_F(CourseDialogs, ARefusalLeadsToTheFirstFieldAtFaultAndAnotherModelKeepsWhatWasTyped) {
+    Trigger("mnuctGraph");
+    Child<QRadioButton>(Widget("frmZorModel"), "optTyp_4").click(); // A + B => P
+    QWidget& dialog = Widget("frmPrepareTimeDiagram");
+    Retype(Child<QLineEdit>(dialog, "Inp_0"), "0.75");
+    Retype(Child<QLineEdit>(dialog, "Inp_1"), "0");
+    Retype(Child<QComboBox>(dialog, "kCombo_1"), "0");
+    Child<QPushButton>(dialog, "cmdDrawctDiagram").click();
+    Settle();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(QApplication::focusWidget(), &Child<QLineEdit>(dialog, "Inp_1"));
+    Child<QRadioButton>(Widget("frmZorModel"), "optTyp_6").click();
+    EXPECT_EQ(Child<QLineEdit>(dialog, "Inp_0").text().trimmed(), QStringLiteral("0.75"));
+}
+
+/// Where the visible controls of a window stand.
+std::map<std::string, QRect> Places(QWidget& root) {
+    std::map<std::string, QRect> places;
+    for (QWidget* widget : root.findChildren<QWidget*>())
+        if (widget->isVisible() && !widget->objectName().startsWith(QStringLiteral("qt_")) &&
+            widget->parentWidget()->objectName() != widget->objectName())
+            places[widget->objectName().toStdString()] =
+                QRect(widget->mapTo(&root, QPoint()), widget->size());
+    return places;
+}
+
+TEST_F(CourseDialogs, NoControlMovesWhateverModelOrUnitIsChosen) {
+    for (const char* mode : {"mnuctGraph", "mnuvtGraph"}) {
+        Trigger(mode);
+        QWidget& model = Widget("frmZorModel");
+        QWidget& dialog = Widget("frmPrepareTimeDiagram");
+        const auto modelBefore = Places(model);
+        auto before = Places(dialog);
+        for (const char* unit : {"optZeit_1", "optZeit_0"})
+            for (int option = 0; option < 20; ++option) {
+                Child<QRadioButton>(model, unit).click();
+                const std::string name = "optTyp_" + std::to_string(option);
+                Child<QRadioButton>(model, name.c_str()).click();
+                Settle();
+                EXPECT_EQ(Places(model), modelBefore) << name;
+                for (const auto& [widget, place] : Places(dialog)) {
+                    const auto [known, fresh] = before.try_emplace(widget, place);
+                    EXPECT_EQ(known->second, place) << widget << ' ' << name << ' ' << mode;
+                }
+            }
+    }
+}
+
+TEST(TextPages, HaveTheHeadingAndWholeLinesAndLoseNone) {
+    QString text = QStringLiteral("      t/min\tcA/(mol/L)\tr(ES)/(mol/L/min)\r\n\r\n");
+    for (int i = 0; i <= 200; ++i)
+        text += QStringLiteral("      %1\t%2\t%3\r\n").arg(i).arg(1.0 / (i + 3)).arg(0.5);
+    for (const int extra : {0, 60, 200}) { // also wider than the page
+        QString wide = text;
+        wide.replace(QStringLiteral("mol/L)"), QStringLiteral("mol/L)") + QString(extra, u'x'));
+        const QSizeF page(540, 780); // A4 less margins, points
+        const TextPages pages = LayOutPages(wide, page);
+        QStringList rows;
+        for (const QStringList& lines : pages.pages) {
+            EXPECT_TRUE(lines.at(0).contains(QStringLiteral("t/min")));
+            EXPECT_EQ(lines.at(0).indexOf(QStringLiteral("cA")),
+                      lines.at(2).indexOf(QStringLiteral("0.")));
+            rows += lines.mid(2);
+            for (const QString& line : lines) // a letter of fixed width is 0.6 of its size
+                EXPECT_LE(0.59 * pages.points * static_cast<double>(line.size()),
+                          pages.landscape ? page.height() : page.width());
+            EXPECT_LE(pages.points * static_cast<double>(lines.size()),
+                      pages.landscape ? page.width() : page.height());
+        }
+        ASSERT_EQ(rows.size(), 201);
+        EXPECT_TRUE(rows.at(200).trimmed().startsWith(QStringLiteral("200")));
+        EXPECT_EQ(pages.landscape, extra > 0);
+    }
 }
 
 TEST_F(CourseDialogs, EveryModelDrawsInBothModesFromItsDefaults) {

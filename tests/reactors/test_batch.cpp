@@ -181,39 +181,6 @@ TEST(EquilibriumLimits, FulfilTheLawOfMassAction) {
                 }
 }
 
-TEST(InputRules, CollectEveryFaultInTheOrderOfTheDialog) {
-    ProjectState ps = StateOfModel(10);
-    ps.c0 = {};
-    ps.k = {};
-    EXPECT_EQ(CheckInput(ps, Reactor::Cascade, {.given = 4}).text,
-              "- number of stages N has to be between 2 and 7. \r\n"
-              "- not yet a valid input of an initial conc. c(A,0)\r\n"
-              "- not yet a valid input of an initial conc. c(B,0)\r\n"
-              "- the rate constant has to be k1 > 0\r\n"
-              "- the rate constant has to be k2 > 0\r\n"
-              "  (but you can enter an extremely small value, e. g. k2 = 1e-10)\r\n"
-              "- the rate constant has to be k3 > 0\r\n"
-              "- the specificated flow of volume has to be V* > 0\r\n"
-              "- the specificated time of reaction has to be t > 0\r\n");
-
-    ps = StateOfModel(20);
-    ps.OrderN = std::numeric_limits<float>::quiet_NaN();
-    ps.tVerweil = 5;
-    const InputCheck check = CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1});
-    EXPECT_EQ(check.text, "- input value of the reaction order has to be > 0\r\n");
-    EXPECT_TRUE(check.orderReset);
-    EXPECT_EQ(ps.OrderN, 1.5F);
-    EXPECT_EQ(CheckInput(ps, Reactor::Tubular, {.given = 0, .vRohr = 1}).text, "");
-
-    // products alone can react, but the conversion is one of A
-    ps = StateOfModel(12);
-    ps.c0 = {0, 0, 0, 0, 1, 0};
-    ps.tVerweil = 5;
-    EXPECT_EQ(CheckInput(ps, Reactor::Batch, {.given = 0}).text,
-              "- not yet a valid input of an initial conc. c(A,0)\r\n");
-    EXPECT_EQ(CheckInput(ps, Reactor::Cstr, {.given = 3, .V = 1}).text, "");
-}
-
 TEST(Extents, GiveTheFinalStateThroughTheMatrix) {
     for (const int model : AllModels()) {
         ProjectState ps = StateOfModel(model);

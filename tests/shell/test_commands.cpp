@@ -265,6 +265,14 @@ TEST_F(CommandsTest, TheLastSessionComesBackWithItsData) {
     ps.k[1] = 0.125;
     Press(form.Entry("mnuExit"));
     EXPECT_TRUE(desk.quitted);
+    { // started and closed meanwhile
+        Workspace idle;
+        MDIZOR window(idle);
+        frmZorModel model(idle);
+        idle.desktop.forms = {&window, &model};
+        ShowForm(idle.desktop, window);
+        Press(window.Entry("mnuExit"));
+    }
 
     Workspace later;
     MDIZOR again(later);

@@ -71,3 +71,33 @@ TEST(TimeUnits, ReachTheOpenDialogs) {
     ResetConstants(*ps);
     EXPECT_EQ(ps->tMax, 100);
 }
+
+TEST(TimeUnits, OfAProjectConvertTheRowsAndThoseOfRowsTheProject) {
+    Workspace ps;
+    InitProjectState(ps);
+    TestDialog tube(ps, "frmRohrreaktor", CalcTask::Tubular);
+    ps.desktop.forms.push_back(&tube);
+    tube.loaded = true;
+    ps.ExpData.resize(2);
+    ps.ExpPointCount = 1;
+    ps.ExpData[1].t = 120;
+    ps.k[1] = 0.5;
+    ps.tMax = 600;
+    ps.vRohr = 2;
+    TakeUnitOfConstants(ps, "min"); // the project's own constants come after it
+    EXPECT_EQ(ps.ExpData[1].t, 2);
+    EXPECT_EQ(ps.k[1], 0.5);
+    EXPECT_EQ(ps.UnitNotice, "data converted from s to min");
+    TellUnitOfData(ps);
+    EXPECT_EQ(ps.TimeUnitIdx, 1);
+    EXPECT_EQ(ps.vRohr, 120);
+
+    TakeUnitOfRows(ps, "s"); // new rows follow
+    TellUnitOfData(ps);
+    EXPECT_EQ(ps.ExpData[1].t, 2);
+    EXPECT_DOUBLE_EQ(ps.k[1], 0.5 / 60);
+    EXPECT_EQ(ps.tMax, 36000);
+    EXPECT_EQ(ps.vRohr, 2);
+    TakeUnitOfRows(ps, "fortnight"); // nobody knows how long
+    EXPECT_DOUBLE_EQ(ps.k[1], 0.5 / 60);
+}

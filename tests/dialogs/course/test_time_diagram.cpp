@@ -22,9 +22,13 @@ TEST(TimeDiagramDialog, DrawsTheCourseOfTheFieldsAndRemembersThem) {
     EXPECT_EQ(bench.ps.CurveCount, 2);
     EXPECT_NEAR(bench.ps.cSimA[100], 2 * std::exp(-0.05 * 20), 1e-12);
     EXPECT_EQ(bench.time.kCombo(1).items, std::vector<std::string>{"0.05"});
-    for (int i = 0; i < 9; ++i)
+    for (int i = 0; i < 9; ++i) {
+        bench.Retype(bench.time.kCombo(1), "0.0" + std::to_string(1 + i % 8));
         Press(bench.time.cmdDrawctDiagram);
-    EXPECT_EQ(bench.time.kCombo(1).items.size(), 7U);
+    }
+    EXPECT_EQ(bench.time.kCombo(1).items, // without the oldest, each once, the present one marked
+              (std::vector<std::string>{"0.03", "0.04", "0.05", "0.06", "0.07", "0.08", "0.01"}));
+    EXPECT_EQ(bench.time.kCombo(1).index, 6);
     EXPECT_EQ(bench.ps.CurveCount, 2); // each press draws a new diagram
 }
 

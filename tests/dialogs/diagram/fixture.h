@@ -31,6 +31,7 @@ struct DiagramTest : testing::Test {
     ScriptedHost scripted;
     Workspace ps;
     DiagramDocument doc{ps};
+    Form drawer{"drawer"};
 
     void SetRows(std::vector<ExpPoint> rows) {
         ps.ExpData.assign(1, {});
@@ -46,7 +47,7 @@ struct DiagramTest : testing::Test {
         ps.RateDiagram = rates;
         FuMaskenSetzen(ps, model);
         ps.DiagramKind = rates ? model + kRateKinds : model;
-        UnloadForm(ps.desktop, doc);
+        CloseFromBehind();
         bool err = false;
         calc_diagram_function(ps, model, ps.tMax, err);
         ASSERT_FALSE(err);
@@ -55,9 +56,15 @@ struct DiagramTest : testing::Test {
 
     void Open(int kind) {
         ps.DiagramKind = kind;
-        UnloadForm(ps.desktop, doc);
+        CloseFromBehind();
         FuDatenBereiche(ps, kind);
         GrafZentrale(ps, doc);
+    }
+
+    /// As a dialog does that stands in front and draws anew.
+    void CloseFromBehind() {
+        ShowForm(ps.desktop, drawer);
+        UnloadForm(ps.desktop, doc);
     }
 
     std::vector<std::string> Messages() const {

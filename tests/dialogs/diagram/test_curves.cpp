@@ -121,18 +121,65 @@ TEST_F(Curves, WithoutPointsGiveTheCountBackAndHarmNoOther) {
     EXPECT_EQ(doc.CurveSlot, 3) << "the slot of the empty draw stays taken";
 }
 
-TEST_F(Curves, SpreadTheirLabels) {
+TEST_F(Curves, CanBeToldApartFromTheStart) {
+    ps.AddCurves = true;
+    DrawModel(2);
+    for (const double k : {0.05, 0.1}) {
+        bool err = false;
+        ps.k[1] = k;
+        calc_diagram_function(ps, 2, ps.tMax, err);
+        GrafZentrale(ps, doc);
+        cmdDraw_Click(ps, doc);
+    }
+    const char* const names[] = {"c(A), k1 = 0.02", "c(P), k1 = 0.02", "c(A), k1 = 0.05",
+                                 "c(P), k1 = 0.05", "c(A), k1 = 0.1",  "c(P), k1 = 0.1"};
+    std::vector<LineStyle> looks;
+    for (int slot = 1; slot <= 6; ++slot) {
+        EXPECT_EQ(LabelOf(slot), names[slot - 1]);
+        EXPECT_EQ(GetSeriesLabel(doc.surface, kLines, slot), names[slot - 1]);
+        looks.push_back(GetLineStyle(doc.surface, kLines, slot));
+        EXPECT_EQ(looks.back().pattern, looks[(slot - 1) % 2].pattern)
+            << "a species keeps its dash";
+        EXPECT_EQ(std::ranges::count(looks, looks.back()), 1) << slot;
+    }
+    EXPECT_NE(looks[0].pattern, looks[1].pattern) << "also without colours";
+    SetText(doc.txtLabel(3), "mine");
+    cmdDelKurv_Click(ps, doc);
+    FuKurveLoeschen(ps, doc, 1);
+    FuKurveLoeschen(ps, doc, 2);
+    ps.k[1] = 0.2;
+    bool err = false;
+    calc_diagram_function(ps, 2, ps.tMax, err);
+    GrafZentrale(ps, doc);
+    cmdDraw_Click(ps, doc);
+    EXPECT_EQ(LabelOf(3), "mine") << "what the user wrote stays";
+    EXPECT_EQ(LabelOf(1), "c(A), k1 = 0.2");
+}
+
+TEST_F(Curves, HaveTheirLabelsWhereTheyAreFarthestApart) {
     OpenForBuffers();
     ps.Frame.xMax = 300;
-    for (const int point : {196, 142, 88, 34, 1, 1}) {
-        DrawBuffer(301);
-        const int slot = doc.CurveSlot;
-        EXPECT_EQ(doc.scrShiftLab(slot).value, point) << slot;
-        EXPECT_EQ(GetLabel(doc.surface, slot).point, point);
-        EXPECT_EQ(doc.scrShiftLab(slot).maximum, 301);
-    }
-    Move(doc.scrShiftLab(2), 300);
-    EXPECT_EQ(LabelPosition(doc.surface, 2)->x, 299);
+    ps.Frame.yMax = 1;
+    FuKoordSetzen(ps.Frame, doc.surface);
+    const auto ramp = [&](float upTo) { // apart at the end only
+        DrawBuffer(301, 0);
+        PointBuffer curve(302);
+        curve[0].x = 301;
+        for (int i = 1; i <= 301; ++i) {
+            const float x = static_cast<float>(i - 1);
+            curve[static_cast<std::size_t>(i)] = {x, x < 150 ? 0.1F : 0.1F + (x - 150) * upTo};
+        }
+        FuKurveZeichnen(ps, doc, doc.CurveSlot, curve);
+    };
+    ramp(0.001F);
+    ramp(0.005F);
+    DrawBuffer(301, 0.9F);
+    for (const int slot : {1, 2})
+        EXPECT_GT(GetLabel(doc.surface, slot).point, 200) << slot;
+    EXPECT_EQ(doc.scrShiftLab(2).value, GetLabel(doc.surface, 2).point);
+    Move(doc.scrShiftLab(2), 30);
+    DrawBuffer(301, 0.5F);
+    EXPECT_EQ(LabelPosition(doc.surface, 2)->x, 29) << "moved by hand: it stays";
 }
 
 TEST_F(Curves, OutsideTheFrameAreWarnedOf) {

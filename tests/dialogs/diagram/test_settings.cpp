@@ -272,6 +272,7 @@ TEST_F(Settings, KeysWalkAlongCurvesAndSets) {
     Choose(doc.tabKurven, 0);
     key(ChartKey::Home);
     EXPECT_EQ(at(), (SeriesPoint{kLines, 1, 1}));
+    scripted.answers = {Answer::Yes};
     key(ChartKey::Delete);
     EXPECT_EQ(scripted.boxes.size(), 1U);
     EXPECT_EQ(GetPointCount(surface, kLines, 1), 200);
