@@ -15,6 +15,8 @@ namespace {
 constexpr int kHelpDataEditor = 10100;
 /// Widths in characters; all columns have room beside each other, and the user can widen them.
 constexpr int kNumberWidth = 4, kMarkWidth = 3, kTimeWidth = 10, kConcWidth = 11, kValueWidth = 9;
+/// The last two share a label.
+constexpr int kTemperatureWidth = 11, kRateWidth = 15;
 
 using Heads = std::array<std::string, 6>;
 
@@ -45,8 +47,9 @@ ListRules RulesOfData() {
     std::vector<ListColumn> columns{
         {"No.", kNumberWidth}, {"aus", kMarkWidth}, {"", kTimeWidth}}; // heads follow the model
     columns.resize(columns.size() + kSpecies, {"", kConcWidth});
-    for (const char* head : {"lambda", "T/K", "k"})
-        columns.push_back({head, kValueWidth});
+    columns.push_back({"lambda", kValueWidth});
+    columns.push_back({"T/K", kTemperatureWidth});
+    columns.push_back({"k", kRateWidth});
     return {.columns = columns,
             .storedColumns = kExpColumns + 3, // the mark and two reserved ones
             .mostRows = kMaxExpPoints,

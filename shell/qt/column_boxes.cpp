@@ -35,26 +35,32 @@ ColumnBoxes::ColumnBoxes(QTableView& view, QGridLayout& boxes, int firstColumn)
     connect(view_.horizontalHeader(), &QHeaderView::sectionResized, this, &ColumnBoxes::Align);
     connect(view_.horizontalHeader(), &QHeaderView::geometriesChanged, this, &ColumnBoxes::Align);
     view_.viewport()->installEventFilter(this);
+    boxes_.parentWidget()->installEventFilter(this); // its margins are known only with its layout
 }
 
 bool ColumnBoxes::eventFilter(QObject*, QEvent* event) {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::Show)
-        Align();
+    const QEvent::Type type = event->type();
+    if (type == QEvent::Resize || type == QEvent::Show || type == QEvent::LayoutRequest)
+        QMetaObject::invokeMethod(this, &ColumnBoxes::Align, Qt::QueuedConnection);
     return false;
 }
 
 void ColumnBoxes::Align() {
-    const QWidget* const frame = boxes_.parentWidget();
+    const QLayoutItem* const first = boxes_.itemAtPosition(boxes_.rowCount() - 1, 0);
+    if (first == nullptr)
+        return;
     const QWidget* const window = view_.window();
-    const int start = view_.viewport()->mapTo(window, QPoint(0, 0)).x() +
-                      view_.horizontalHeader()->sectionPosition(first_) -
-                      frame->mapTo(window, QPoint(0, 0)).x();
+    const int wanted = view_.viewport()->mapTo(window, QPoint(0, 0)).x() +
+                       view_.horizontalHeader()->sectionPosition(first_);
+    const int present = first->widget()->mapTo(window, QPoint(0, 0)).x();
     const QMargins margins = boxes_.contentsMargins();
-    const int left = std::max(start - boxes_.geometry().left(), 0);
-    if (left != margins.left())
+    const int left = std::max(margins.left() + wanted - present, 0);
+    if (left != margins.left()) // the layout then asks for this again, until it fits
         boxes_.setContentsMargins(left, margins.top(), margins.right(), margins.bottom());
     for (int column = first_; column < view_.horizontalHeader()->count(); ++column)
-        boxes_.setColumnMinimumWidth(column - first_, view_.columnWidth(column) - kGap);
+        if (const int width = view_.columnWidth(column) - kGap;
+            width != boxes_.columnMinimumWidth(column - first_))
+            boxes_.setColumnMinimumWidth(column - first_, width);
 }
 
 } // namespace zorvant

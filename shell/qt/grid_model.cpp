@@ -151,19 +151,26 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 GridDelegate::GridDelegate(Grid& grid, GridModel::Runner run, QTableView* view)
     : QStyledItemDelegate(view), grid_(grid), run_(std::move(run)), view_(view) {
     view->installEventFilter(this);
+    // The hint tells Enter from the other ways to leave a cell; its text is in the table then.
+    connect(
+        this, &QAbstractItemDelegate::closeEditor, this,
+        [this](QWidget*, EndEditHint hint) {
+            if (hint == SubmitModelCache)
+                GoDown();
+        },
+        Qt::QueuedConnection);
 }
 
 bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
-    const bool press = event->type() == QEvent::KeyPress;
-    const int key = press ? static_cast<QKeyEvent*>(event)->key() : 0;
+    if (watched != view_)
+        return QStyledItemDelegate::eventFilter(watched, event);
+    const int key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent*>(event)->key() : 0;
     const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
-    const bool ofView = watched == view_;
-    const bool handled = !ofView && QStyledItemDelegate::eventFilter(watched, event);
-    if (!enter || (ofView && !At(grid_.editableColumns, view_->currentIndex().column())))
-        return handled;
-    // Behind the editor's text, which is handed over by a queued call as well.
-    QMetaObject::invokeMethod(this, &GridDelegate::GoDown, Qt::QueuedConnection);
-    return ofView || handled;
+    // An Enter in a cell's editor passes here too.
+    if (!enter || !view_->hasFocus() || !At(grid_.editableColumns, view_->currentIndex().column()))
+        return false;
+    GoDown();
+    return true;
 }
 
 void GridDelegate::GoDown() {

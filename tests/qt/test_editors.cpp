@@ -38,6 +38,25 @@ protected:
         Key(Qt::Key_Z, Qt::ControlModifier);
         Settle();
     }
+    /// Acts in a dialog that waits for its end, once it is open; a test that fails must not wait in
+    /// it for ever.
+    void ActIn(Form& form, const Handler& act) {
+        constexpr int kMoment = 20; // ms
+        QTimer::singleShot(kMoment, &guard, [this, &form, act] {
+            if (QApplication::activeModalWidget() == nullptr) {
+                ActIn(form, act);
+                return;
+            }
+            windows.WidgetOf(form)->window()->activateWindow();
+            Settle();
+            act();
+            Settle();
+            if (!form.loaded)
+                return;
+            ADD_FAILURE() << form.name << " is still open";
+            Binder::Run(nullptr, [&] { UnloadForm(ps.desktop, form); });
+        });
+    }
     QTableView& Table(Form& form) { return Child<QTableView>(*windows.WidgetOf(form), "Grid"); }
     static QString Shown(const QTableView& table, int row, int column) {
         return table.model()->index(row, column).data().toString();
@@ -48,6 +67,7 @@ protected:
     }
 
     ScriptedHost restore;
+    QObject guard;
     QTemporaryDir folder;
     Application program;
     FormWindows& windows = program.windows();
@@ -144,7 +164,7 @@ TEST_F(EditorsInWindows, StandWithTheirBoxesOverTheColumns) {
         Open(*form);
         QWidget& window = *windows.WidgetOf(*form);
         QTableView& table = Table(*form);
-        table.setColumnWidth(2, 170);
+        table.setColumnWidth(2, 70);
         Settle();
         for (const int box : {0, 1}) {
             const auto& line = Child<QLineEdit>(window, box == 0 ? "y_0" : "y_1");
@@ -162,15 +182,19 @@ TEST_F(EditorsInWindows, AFileThatWasDeletedLeavesNoneChosen) {
     ps.DataDir = folder.path().toStdString();
     Open(data);
     auto& dialog = Find<frmZCmnDlg>("frmZCmnDlg");
-    host().messageBox = [](const MessageBox&) { // takes the focus as a box does
-        QDialog box;
-        box.show();
-        box.activateWindow();
+    host().messageBox = [&](const MessageBox&) {
+        { // takes the focus and gives it back as a box does
+            QDialog box;
+            box.show();
+            box.activateWindow();
+            Settle();
+        }
+        windows.WidgetOf(dialog)->window()->activateWindow();
         Settle();
         return Answer::Yes;
     };
     bool looked = false;
-    QTimer::singleShot(0, [&] {
+    ActIn(dialog, [&] {
         Child<QListWidget>(*windows.WidgetOf(dialog), "filOpenList").setFocus();
         Settle();
         EXPECT_EQ(dialog.filOpenList.index, -1); // the focus alone chooses nothing
@@ -188,11 +212,12 @@ TEST_F(EditorsInWindows, AFileThatWasDeletedLeavesNoneChosen) {
 
 TEST_F(EditorsInWindows, EscKeepsTheCommentOfTheProject) {
     ps.ProjectComment = "kept";
-    QTimer::singleShot(0, [] {
+    Form& dialog = *FindForm(ps.desktop, "frmCommentInput");
+    ActIn(dialog, [] {
         Keys(QStringLiteral("x"));
         Key(Qt::Key_Escape);
     });
-    ShowForm(ps.desktop, *FindForm(ps.desktop, "frmCommentInput"));
+    ShowForm(ps.desktop, dialog);
     EXPECT_EQ(ps.ProjectComment, "kept");
 }
 
