@@ -30,9 +30,10 @@ protected:
     }
     /// What is typed; "\n" stands for the Enter key.
     static void Write(const QString& text) {
-        for (const QChar c : text)
+        for (const QChar c : text) {
             c == u'\n' ? Key(Qt::Key_Return, {}, QStringLiteral("\r")) : Keys(c);
-        Settle();
+            Settle();
+        }
     }
     static void Undo() {
         Key(Qt::Key_Z, Qt::ControlModifier);
