@@ -322,7 +322,8 @@ void GraphWindow::ArrangeDock() {
     const bool changes = open != dock_->isVisibleTo(this);
     dock_->setVisible(open);
     if (changes) // the window's new size leads here again
-        open ? GrowFor(dock_->width()) : ShrinkBack();
+        open ? GrowFor(dock_->width())
+             : QTimer::singleShot(0, this, [this] { ShrinkBack(); }); // its least size comes first
 }
 
 /// The window grows, at most to the work area, while a panel would leave too little of the chart.
@@ -337,13 +338,14 @@ void GraphWindow::GrowFor(int dockWidth) {
                               before_.width(), std::max(before_.width(), area.width())));
     grown.moveLeft(std::max(0, std::min(grown.left(), area.width() - grown.width())));
     frame->setGeometry(grown);
-    grown_ = grown;
+    grown_ = frame->geometry();
 }
 
 /// Back to the size before, unless the user has given it another.
 void GraphWindow::ShrinkBack() {
     QWidget* const frame = Frame();
-    if (frame != nullptr && !frame->isMaximized() && frame->geometry() == grown_)
+    if (frame != nullptr && !dock_->isVisibleTo(this) && !frame->isMaximized() &&
+        frame->geometry() == grown_)
         frame->setGeometry(before_);
 }
 
