@@ -322,7 +322,8 @@ void GraphWindow::ArrangeDock() {
     const bool changes = open != dock_->isVisibleTo(this);
     dock_->setVisible(open);
     if (changes) // the window's new size leads here again
-        open ? GrowFor(dock_->width()) : ShrinkBack();
+        open ? GrowFor(dock_->width())
+             : QTimer::singleShot(0, this, [this] { ShrinkBack(); }); // its least size comes first
 }
 
 /// The window grows, at most to the work area, while a panel would leave too little of the chart.
@@ -333,17 +334,19 @@ void GraphWindow::GrowFor(int dockWidth) {
     before_ = frame->geometry();
     const QRect area = frame->parentWidget()->rect();
     QRect grown = before_;
-    grown.setWidth(std::clamp(kUsefulChart + dockWidth + before_.width() - chart_->width(),
-                              before_.width(), std::max(before_.width(), area.width())));
+    const int missing = kUsefulChart + dockWidth - std::min(width(), before_.width());
+    grown.setWidth(std::clamp(before_.width() + missing, before_.width(),
+                              std::max(before_.width(), area.width())));
     grown.moveLeft(std::max(0, std::min(grown.left(), area.width() - grown.width())));
     frame->setGeometry(grown);
-    grown_ = grown;
+    grown_ = frame->geometry();
 }
 
 /// Back to the size before, unless the user has given it another.
 void GraphWindow::ShrinkBack() {
     QWidget* const frame = Frame();
-    if (frame != nullptr && !frame->isMaximized() && frame->geometry() == grown_)
+    if (frame != nullptr && !dock_->isVisibleTo(this) && !frame->isMaximized() &&
+        frame->geometry() == grown_)
         frame->setGeometry(before_);
 }
 

@@ -95,6 +95,19 @@ void DrawCrisp(QCPPainter& painter, const QLineF& line, double width, const QCol
     painter.fillRect(toDevice.inverted().mapRect(snapped), colour);
 }
 
+void DrawFrame(QCPPainter& painter, const QRectF& area, double width, const QColor& colour) {
+    if (painter.modes().testFlag(QCPPainter::pmVectorized)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+        painter.drawRect(area);
+        return;
+    }
+    for (const QLineF& side :
+         {QLineF(area.topLeft(), area.topRight()), QLineF(area.bottomLeft(), area.bottomRight()),
+          QLineF(area.topLeft(), area.bottomLeft()), QLineF(area.topRight(), area.bottomRight())})
+        DrawCrisp(painter, side, width, colour);
+}
+
 /// A tick crosses a line inside the plot area and points away from it at the edge.
 QLineF TickLine(bool ofX, double at, double line, double edgeMin, double edgeMax, double length) {
     const double outward = ofX ? 1 : -1; // downward, to the left
@@ -272,12 +285,7 @@ void DrawAxes(QCPPainter& painter, const PlotSurface& surface, const PictureLayo
     const PlotAxis& y = GetAxis(surface, AxisId::Y);
     if (surface.plotAreaFrame && surface.plotAreaFrameWidth > 0) {
         painter.setAntialiasing(false);
-        const QRectF& area = layout.plotArea;
-        for (const QLineF& side : {QLineF(area.topLeft(), area.topRight()),
-                                   QLineF(area.bottomLeft(), area.bottomRight()),
-                                   QLineF(area.topLeft(), area.bottomLeft()),
-                                   QLineF(area.topRight(), area.bottomRight())})
-            DrawCrisp(painter, side, surface.plotAreaFrameWidth, ToColour(x.colour, kBlack));
+        DrawFrame(painter, layout.plotArea, surface.plotAreaFrameWidth, ToColour(x.colour, kBlack));
     }
     DrawAxis(painter, x, layout.x, layout.y, true, pixelsPerPoint);
     DrawAxis(painter, y, layout.y, layout.x, false, pixelsPerPoint);

@@ -21,6 +21,8 @@ protected:
         };
         host().programDirectory = folder_.path().toStdString();
         program.Start("");
+        program.window().showNormal();
+        program.window().resize(1280, 800);
         Settle();
         Child<QAction>(program.window(), "mnuctGraph").trigger();
         Child<QPushButton>(Widget("frmPrepareTimeDiagram"), "cmdDrawctDiagram").click();
