@@ -3,8 +3,8 @@
 // and a key in a list of the largest length. Prints times in ms, the median of several runs.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window
-#include "dialogs/data/frm_datedit.h"
 #include "dialogs/course/frm_zor_model.h"
+#include "dialogs/data/frm_datedit.h"
 #include "platform/host.h"
 #include "shell/qt/application.h"
 #include "shell/qt/binder.h"
@@ -113,11 +113,9 @@ void MeasureEditor(Application& program) {
         const char* text;
     };
     // Digits go into the cell's editor, Enter into the table.
-    for (const Pressed& each : {
-             Pressed{"the cursor down",   Qt::Key_Down,   ""  },
-             Pressed{"a digit in a cell", Qt::Key_7,      "7" },
-             Pressed{"Enter in a cell",   Qt::Key_Return, "\r"}
-    }) {
+    for (const Pressed& each : {Pressed{"the cursor down", Qt::Key_Down, ""},
+                                Pressed{"a digit in a cell", Qt::Key_7, "7"},
+                                Pressed{"Enter in a cell", Qt::Key_Return, "\r"}}) {
         Times times;
         for (int i = 0; i < kKeys; ++i) {
             const QModelIndex cell = table.model()->index(100 + i, 3);

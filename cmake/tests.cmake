@@ -25,15 +25,13 @@ zorvant_tests(data zorvant_data)
 zorvant_tests(reactors zorvant_reactors)
 target_sources(test_reactors PRIVATE # searches and curves likewise
   ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
-  ${CMAKE_SOURCE_DIR}/bench/reference/reactors_reference.cpp
-  ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+  ${CMAKE_SOURCE_DIR}/bench/reference/reactors_reference.cpp)
 zorvant_tests(residence zorvant_residence)
 zorvant_tests(evaluation zorvant_evaluation)
 target_sources(test_evaluation PRIVATE # the fits likewise
   ${CMAKE_SOURCE_DIR}/bench/reference/course_reference.cpp
   ${CMAKE_SOURCE_DIR}/bench/reference/rate_laws_reference.cpp
-  ${CMAKE_SOURCE_DIR}/bench/reference/fit_reference.cpp
-  ${CMAKE_SOURCE_DIR}/tests/simulations/allocations.cpp)
+  ${CMAKE_SOURCE_DIR}/bench/reference/fit_reference.cpp)
 # The table of agreeing digits in docs/numerics.md.
 add_executable(certify_fits EXCLUDE_FROM_ALL ${CMAKE_SOURCE_DIR}/tools/certify_fits.cpp)
 target_link_libraries(certify_fits PRIVATE zorvant_evaluation)
@@ -62,3 +60,11 @@ foreach(source ${fuzzSources})
   add_test(NAME "fuzz corpus: ${name}"
     COMMAND replay_${name} ${CMAKE_SOURCE_DIR}/fuzz/corpus/${name})
 endforeach()
+if(TARGET zorvant_qt) # each design in each format of pictures
+  add_executable(replay_fuzz_paint ${CMAKE_SOURCE_DIR}/fuzz/qt/fuzz_paint.cpp
+    ${CMAKE_SOURCE_DIR}/fuzz/replay_main.cpp)
+  target_link_libraries(replay_fuzz_paint PRIVATE zorvant_qt)
+  add_test(NAME "fuzz corpus: fuzz_paint"
+    COMMAND replay_fuzz_paint ${CMAKE_SOURCE_DIR}/fuzz/corpus/fuzz_oc2)
+  set_tests_properties("fuzz corpus: fuzz_paint" PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8")
+endif()

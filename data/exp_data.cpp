@@ -1,7 +1,8 @@
 #include "data/exp_data.h"
 
+#include "engine/arithmetic.h"
+
 #include <algorithm>
-#include <limits>
 #include <span>
 
 namespace zorvant {
@@ -13,12 +14,6 @@ constexpr double kSameTemperature = 0.01;
 constexpr double kTimeZero = 1e-8;
 /// Rows with c(A) and T that make a c-t-T set.
 constexpr int kFewestCtTRows = 3;
-
-/// Within the range of a Single, so that no infinity can reach a field.
-float NarrowToSingle(double value) {
-    const double largest = static_cast<double>(std::numeric_limits<float>::max());
-    return static_cast<float>(std::clamp(value, -largest, largest));
-}
 
 std::span<const ExpPoint> Rows(const ProjectState& ps) {
     return std::span(ps.ExpData).subspan(1, static_cast<std::size_t>(ps.ExpPointCount));
@@ -38,7 +33,7 @@ void CollectTemperatures(ProjectState& ps) {
     std::ranges::sort(sorted);
     for (std::size_t i = 0; i < sorted.size(); ++i)
         if (sorted[i] > 0 && (i == 0 || sorted[i - 1] + kSameTemperature < sorted[i]))
-            ps.Temperatures.push_back(NarrowToSingle(sorted[i]));
+            ps.Temperatures.push_back(NearestSingle(sorted[i]));
     ps.nTemperatures = std::min(static_cast<int>(ps.Temperatures.size()) - 1, kMaxTemperatures);
 }
 
@@ -76,11 +71,11 @@ void FuCheckExpData(ProjectState& ps) {
         ps.nkTPoints += p.T > 0 && p.k > 0 ? 1 : 0;
         ctTRows += p.cA > 0 && p.T > 0 ? 1 : 0;
         ps.tMaxData = std::max(ps.tMaxData, p.t);
-        ps.tMinData = std::min(ps.tMinData, NarrowToSingle(p.t));
+        ps.tMinData = std::min(ps.tMinData, NearestSingle(p.t));
         if (p.t == 0 && p.cA > 0)
-            ps.cA0Data = NarrowToSingle(p.cA);
+            ps.cA0Data = NearestSingle(p.cA);
         if (p.t == 0 && p.cB > 0)
-            ps.cB0Data = NarrowToSingle(p.cB);
+            ps.cB0Data = NearestSingle(p.cB);
         ps.nExcluded += p.exclude == -1 ? 1 : 0;
         for (int j = 1; j <= kSpecies; ++j)
             ps.ColumnHasData[static_cast<std::size_t>(j)] |= p.c(j) > 0;
@@ -96,7 +91,7 @@ void FuInitialValuesFromData(ProjectState& ps) {
         std::ranges::find_if(rows, [](const ExpPoint& p) { return p.t < kTimeZero; });
     for (int j = 1; j <= kSpecies; ++j)
         ps.c0Data[static_cast<std::size_t>(j)] =
-            start == rows.end() ? 0 : NarrowToSingle(start->c(j));
+            start == rows.end() ? 0 : NearestSingle(start->c(j));
 }
 
 } // namespace zorvant

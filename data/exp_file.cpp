@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <span>
 
@@ -93,12 +94,10 @@ void LoadExpDialog(ProjectState& ps, bool append, bool& ok, bool& cancelled) {
                  cancelled);
     if (cancelled)
         return;
-    if (!append)
-        FuClearExpData(ps);
-    ps.DataDir = directory;
     LoadExpFile(ps, path, append, ok);
-    if (!ok) // the table is not that of the chosen file, so that its name does not stand either
+    if (!ok) // the table stays, and its name with it
         return;
+    ps.DataDir = directory;
     ps.DataFilePath = path;
     ps.DataFileTitle = name;
     FuCheckExpData(ps);
@@ -107,11 +106,12 @@ void LoadExpDialog(ProjectState& ps, bool append, bool& ok, bool& cancelled) {
 
 void SaveExpDialog(ProjectState& ps, std::string& file, bool& cancelled) {
     cancelled = true;
+    const SavePlace place = PlaceToSave(ps, ps.DataFilePath, ps.DataDir, ".ZI3");
     const std::optional<FileChoice> choice = host().chooseFile({
         .save = true,
         .title = "Exp. data file save as ...",
-        .directory = ps.DataDir,
-        .name = ps.DataFilePath,
+        .directory = place.directory,
+        .name = place.name,
         .extension = ".ZI3",
         .filters = {{"Exp. data file (*.ZI3)", "*.ZI3"}},
         .overwritePrompt = true,

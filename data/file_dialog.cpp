@@ -1,7 +1,7 @@
 #include "data/file_dialog.h"
 
-#include "platform/files.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {
@@ -47,6 +47,16 @@ void FuFileDialog(std::string& fullPath, std::string& fileName, std::string& dir
     fullPath = question.fullPath;
     fileName = question.fileName;
     directory = question.directory;
+}
+
+SavePlace PlaceToSave(const ProjectState& ps, const std::string& path, const std::string& directory,
+                      const std::string& ending) {
+    if (!path.empty())
+        return {directory, path};
+    const std::string project = FileName(ps.ProjectFile);
+    const std::string name = project.substr(0, project.rfind('.'));
+    return {ps.ProjectFile.empty() ? directory : DirectoryOf(ps.ProjectFile),
+            (name.empty() ? "data" : name) + ending};
 }
 
 } // namespace zorvant

@@ -2,6 +2,8 @@
 // itself here; until then the host's choice of a file answers.
 #pragma once
 
+#include "engine/project_state.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
@@ -27,5 +29,15 @@ FileDialogHook& fileDialogHook();
 /// Returned: cancelled; unless cancelled: fileName, directory, fullPath
 void FuFileDialog(std::string& fullPath, std::string& fileName, std::string& directory,
                   const std::string& pattern, const std::string& title, bool& cancelled);
+
+/// Where a dialog that saves begins, and the name that it offers.
+struct SavePlace {
+    std::string directory, name;
+};
+/// Given:    path, directory: where the contents were saved before; path empty: not yet
+///           ending: ".XY"
+/// Returned: the same again, or the project's name with this ending beside the project
+SavePlace PlaceToSave(const ProjectState& ps, const std::string& path, const std::string& directory,
+                      const std::string& ending);
 
 } // namespace zorvant

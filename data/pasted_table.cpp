@@ -54,21 +54,25 @@ std::string DoubtText(const TableGuess& guess) {
     return text;
 }
 
+Answer AskWhichReading(const char* what, const TableGuess& guess, const char* title) {
+    return Ask(JoinLines({what, "", DoubtText(guess), "", "Is this right? (No: the other way)"}),
+               title, Icon::Question, Buttons::YesNoCancel);
+}
+
 std::optional<TableNumbers> ReadPastedTable(const std::string& text) {
     const TableGuess guess = GuessTableLayout(text);
     TableLayout layout = guess.layout;
     if (!guess.doubts.empty()) {
         const Answer answer =
-            Ask(JoinLines({"The pasted text can be read in two ways. It will be read:", "",
-                           DoubtText(guess), "", "Is this right? (No: the other way)"}),
-                "Insert clipboard content", Icon::Question, Buttons::YesNoCancel);
+            AskWhichReading("The pasted text can be read in two ways. It will be read:", guess,
+                            "Insert clipboard content");
         if (answer == Answer::Cancel)
             return std::nullopt;
         if (answer == Answer::No)
             layout = OtherReading(guess);
     }
     TableNumbers table = ReadTable(text, layout);
-    if (table.values.size() == static_cast<std::size_t>(table.badCells)) {
+    if (!table.AnyNumber()) {
         ShowMessage("The clipboard holds no numbers.", "Execution not possible", Icon::Critical);
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/formats/table_text.h"
+#include "platform/host.h"
 
 #include <optional>
 #include <string>
@@ -12,6 +13,10 @@ namespace zorvant {
 /// are no numbers are told.
 /// Returned: nothing when the user cancelled or the text has no numbers.
 std::optional<TableNumbers> ReadPastedTable(const std::string& text);
+
+/// Asks which of two readings is right: Yes the guessed one, No OtherReading, Cancel none.
+/// Given: what: the sentence above the doubts
+Answer AskWhichReading(const char* what, const TableGuess& guess, const char* title);
 
 /// A box when the text had more columns than the list took; none when all found room.
 void TellSurplusColumns(const TableNumbers& table, std::size_t taken);

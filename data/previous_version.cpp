@@ -8,13 +8,12 @@ namespace zorvant {
 
 void WriteKeepingPrevious(const std::string& path, std::string_view bytes) {
     std::error_code none;
-    if (std::filesystem::is_regular_file(path, none)) { // a device has no version before
-        // A copy, not a new name: the file itself must stand at every moment.
-        const std::string before = ReadFile(path);
-        if (before != bytes)
-            WriteFileAtomically(path + "~", before);
-    }
-    WriteFileAtomically(path, bytes);
+    const bool replaces = std::filesystem::is_regular_file(path, none) && ReadFile(path) != bytes;
+    // All that needs room is done before the older version goes: a full disk costs neither.
+    PreparedFile fresh(path, bytes);
+    if (replaces)
+        PreparedFile::CopyOf(path, path + "~").Commit();
+    fresh.Commit();
 }
 
 } // namespace zorvant

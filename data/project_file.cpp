@@ -4,11 +4,13 @@
 #include "data/exp_file.h"
 #include "data/file_dialog.h"
 #include "data/formats/zc3.h"
+#include "data/previous_version.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <array>
@@ -118,6 +120,35 @@ std::string AskWhereDataAre(const ProjectState& ps, const std::string& missing) 
     return cancelled ? std::string() : path;
 }
 
+/// A project without its first line, which says when it was saved.
+std::string_view WhatIsSaved(std::string_view bytes) {
+    return bytes.substr(std::min(bytes.find('\n'), bytes.size()));
+}
+
+/// The project of a program that was just started: the model dialog has filled in its defaults.
+Zc3File FreshProject(CalcTask open) {
+    ProjectState fresh;
+    InitProjectState(fresh);
+    SelectionDefaultTimes(fresh);
+    SelectionDefaultConcentrations(fresh);
+    SelectionDefaultConstants(fresh);
+    return ProjectOf(fresh, open);
+}
+
+/// The last session takes the place of another one only where something was done in it, and the one
+/// before stays beside it.
+void WriteSession(const std::string& path, const std::string& bytes, CalcTask open) {
+    std::string before;
+    if (FileExists(path))
+        before = ReadFile(path);
+    if (!before.empty() && WhatIsSaved(bytes) == WhatIsSaved(WriteZc3(FreshProject(open))))
+        return;
+    if (WhatIsSaved(bytes) == WhatIsSaved(before))
+        WriteFileAtomically(path, bytes);
+    else
+        WriteKeepingPrevious(path, bytes);
+}
+
 } // namespace
 
 std::function<void(ProjectState&)>& commentQuestion() {
@@ -126,10 +157,12 @@ std::function<void(ProjectState&)>& commentQuestion() {
 }
 
 bool FuSaveProjectFile(ProjectState& ps, const std::string& path, CalcTask open) {
-    if (!IsLastSession(path))
+    const bool session = IsLastSession(path);
+    if (!session)
         commentQuestion()(ps);
     try {
-        WriteFileAtomically(path, WriteZc3(ProjectOf(ps, open)));
+        const std::string bytes = WriteZc3(ProjectOf(ps, open));
+        session ? WriteSession(path, bytes, open) : WriteFileAtomically(path, bytes);
         return true;
     } catch (const FileError& error) {
         ShowMessage(error.what(),

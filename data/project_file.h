@@ -15,7 +15,9 @@ std::function<void(ProjectState&)>& commentQuestion();
 
 /// Writes the project; asks for its comment unless it is the last session.
 /// Given:    open: the calculation whose dialog is open, which the file notes
-/// Returned: whether the file was written; else a box told why and the old file stands
+/// Returned: whether the file was written; else a box told why and the old file stands. A last
+///           session in which nothing was done is not written over another one; the one before is
+///           kept as `name~`
 bool FuSaveProjectFile(ProjectState& ps, const std::string& path, CalcTask open = CalcTask::None);
 
 /// Reads a project into the state.

@@ -3,18 +3,16 @@
 #include "data/exp_data.h"
 #include "data/exp_file.h"
 #include "data/formats/zi3.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <unistd.h>
 
 #include <algorithm>
-#include <cerrno>
-#include <csignal>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <utility>
 
@@ -30,49 +28,17 @@ std::string Folder(const ProjectState& ps) {
     return DirectoryOf(ps.LastSessionFile);
 }
 
-/// The process that wrote a file of this name; 0: none did.
-long long ProcessOf(const std::string& name, const std::string& ending) {
-    if (!name.starts_with(kStart) || !name.ends_with(ending) ||
-        name.size() <= kStart.size() + ending.size())
-        return 0;
-    const std::string number =
-        name.substr(kStart.size(), name.size() - kStart.size() - ending.size());
-    return ParseInteger(number).value_or(0);
+bool IsRecovery(const std::string& name, const std::string& ending) {
+    return name.starts_with(kStart) && name.ends_with(ending);
 }
 
-/// Whether a process has ended and only waits to be asked for its result.
-bool HasEnded(const std::string& process) {
-    std::ifstream file("/proc/" + process +
-                       "/stat"); // "17 (name) Z ..."; the name may hold anything
-    const std::string stat(std::istreambuf_iterator<char>(file), {});
-    const std::size_t state = stat.rfind(") ");
-    return state != std::string::npos && state + 2 < stat.size() && stat[state + 2] == 'Z';
-}
-
-/// Whether a process runs that may still be keeping its file. The number may by now be that of
-/// another program, or of this one.
-bool StillRuns(long long process) {
-    const std::string number = std::to_string(process);
-    if (process == getpid() || HasEnded(number) ||
-        (kill(static_cast<pid_t>(process), 0) != 0 && errno == ESRCH))
-        return false;
-    std::error_code error;
-    const fs::path own = fs::read_symlink("/proc/self/exe", error);
-    const fs::path other = fs::read_symlink("/proc/" + number + "/exe", error);
-    return error || own == other;
-}
-
-/// A file that is left for the next start must not stand where this process will write its own.
-void LeaveTo(const std::string& path, const std::string& own) {
-    if (path != own)
-        return;
-    constexpr long long kNoProcess = 1'000'000'000; // beyond the numbers that processes get
-    std::error_code none;
-    fs::rename(path,
-               JoinPath(DirectoryOf(path), std::string(kStart) +
-                                               std::to_string(kNoProcess + getpid()) +
-                                               fs::path(path).extension().string()),
-               none);
+/// A name that no file has: that of this process's number may be left over from another one.
+std::string FreePath(const std::string& folder, const std::string& ending) {
+    const std::string start = JoinPath(folder, kStart) + std::to_string(getpid());
+    std::string path = start + ending;
+    for (int n = 2; FileExists(path); ++n)
+        path = start + "-" + std::to_string(n) + ending;
+    return path;
 }
 
 /// The table with all that its file holds.
@@ -103,7 +69,7 @@ std::vector<std::string> DescribeData(const std::string& path) {
     const std::string dataFile = FileRecoveredFrom(bytes);
     return {std::to_string(head.count) + " measuring points, " + host().fileDate(path),
             "data file: " + (dataFile.empty() ? "(unnamed)" : dataFile),
-            "comment: " + head.comment};
+            "comment: " + Shortened(head.comment, kShownComment)};
 }
 
 bool TakeData(ProjectState& ps, const std::string& path) {
@@ -149,23 +115,23 @@ RecoveryKind DataRecovery(ProjectState& ps) {
             .take = [&ps](const std::string& path) { return TakeData(ps, path); }};
 }
 
-std::string RecoveryKeeper::Path() const {
-    return JoinPath(Folder(ps_), std::string(kStart) + std::to_string(getpid()) + kind_.ending);
-}
-
 void RecoveryKeeper::Keep() {
     if (!kind_.unsaved()) {
-        if (written_)
-            Remove();
+        Remove();
         lastError.clear();
         return;
     }
     const bool differs = kind_.differs();
-    if (written_ && !differs)
+    if (written_ && !differs && lock_.IsAt(path_))
         return;
     written_ = false; // until the copy stands in the file
     try {
-        WriteFileAtomically(Path(), kind_.bytes());
+        if (!lock_.IsAt(path_)) // another's file of this name is not written over
+            path_ = FreePath(Folder(ps_), kind_.ending);
+        PreparedFile file(path_, kind_.bytes());
+        FileLock lock(file.TemporaryPath()); // before any other program can see it
+        file.Commit();
+        lock_ = std::move(lock);
         written_ = true;
         lastError.clear();
     } catch (const FileError& error) {
@@ -175,8 +141,9 @@ void RecoveryKeeper::Keep() {
 
 void RecoveryKeeper::Remove() {
     std::error_code none;
-    fs::remove(Path(), none);
-    written_ = false;
+    if (lock_.IsAt(path_))
+        fs::remove(path_, none);
+    lock_ = FileLock();
 }
 
 std::vector<std::string> FindRecoveries(const ProjectState& ps, const std::string& ending) {
@@ -185,11 +152,11 @@ std::vector<std::string> FindRecoveries(const ProjectState& ps, const std::strin
     const std::string folder = Folder(ps).empty() ? "." : Folder(ps);
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
          entry.increment(error)) {
-        const long long process = ProcessOf(entry->path().filename().string(), ending);
-        if (process > 0 && !StillRuns(process)) {
-            std::error_code none;
-            found.emplace_back(fs::last_write_time(entry->path(), none), entry->path().string());
-        }
+        const std::string path = entry->path().string();
+        if (!IsRecovery(entry->path().filename().string(), ending) || !FileLock(path).Held())
+            continue; // none, or a running program's
+        std::error_code none;
+        found.emplace_back(fs::last_write_time(path, none), path);
     }
     std::ranges::sort(found, std::greater());
     std::vector<std::string> paths;
@@ -201,6 +168,9 @@ std::vector<std::string> FindRecoveries(const ProjectState& ps, const std::strin
 bool OfferRecovery(const ProjectState& ps, RecoveryKeeper& keeper) {
     const RecoveryKind& kind = keeper.Kind();
     for (const std::string& path : FindRecoveries(ps, kind.ending)) {
+        const FileLock held(path); // it is asked for once
+        if (!held.Held())
+            continue;
         std::string question = "The program was not closed properly: " + kind.what + kCrLf +
                                "were not saved. They were kept:" + kCrLf;
         try {
@@ -213,10 +183,8 @@ bool OfferRecovery(const ProjectState& ps, RecoveryKeeper& keeper) {
             JoinLines({"", "", "Load them now?",
                        "(No: they are deleted. Cancel: you are asked again at the next start.)"});
         const Answer answer = Ask(question, "Recovery", Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel) {
-            LeaveTo(path, keeper.Path());
+        if (answer == Answer::Cancel)
             continue;
-        }
         const bool taken = answer == Answer::Yes;
         if (taken) {
             if (!kind.take(path))
@@ -226,8 +194,7 @@ bool OfferRecovery(const ProjectState& ps, RecoveryKeeper& keeper) {
                 return true;
         }
         std::error_code none;
-        if (path != keeper.Path())
-            fs::remove(path, none);
+        fs::remove(path, none);
         if (taken)
             return true; // further ones at the next start
     }

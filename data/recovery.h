@@ -4,6 +4,7 @@
 #pragma once
 
 #include "engine/project_state.h"
+#include "platform/file_lock.h"
 
 #include <functional>
 #include <string>
@@ -36,9 +37,11 @@ public:
     RecoveryKeeper(const ProjectState& state, RecoveryKind work)
         : ps_(state), kind_(std::move(work)) {}
 
-    /// Where the file of this process stands; it exists only while there is unsaved work.
-    std::string Path() const;
-    /// Writes the file when the work has changed since, removes it when nothing is unsaved. A failure
+    /// Where the file of this process stands, locked while it runs; empty: none was needed yet. It
+    /// exists only while there is unsaved work.
+    const std::string& Path() const { return path_; }
+    /// Writes the file when the work has changed since or the file is missing, removes it when
+    /// nothing is unsaved. A failure
     /// is kept in lastError and tried again next time: no box interrupts the work.
     void Keep();
     /// When nothing has to be kept any more.
@@ -50,10 +53,12 @@ public:
 private:
     const ProjectState& ps_;
     RecoveryKind kind_;
-    bool written_ = false;
+    std::string path_;
+    FileLock lock_;        ///< on the file
+    bool written_ = false; ///< the file has the work as it was last copied
 };
 
-/// The recovery files of processes that no longer run, the newest first.
+/// The recovery files that no running program holds, the newest first.
 std::vector<std::string> FindRecoveries(const ProjectState& ps, const std::string& ending);
 
 /// Offers what processes that ended without a clean exit have left of one kind.

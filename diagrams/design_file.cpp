@@ -1,7 +1,7 @@
 #include "diagrams/design_file.h"
 
+#include "platform/encoding.h"
 #include "platform/exact_number.h"
-#include "platform/files.h"
 #include "platform/number_text.h"
 
 #include <array>
@@ -18,7 +18,7 @@ constexpr std::string_view kLastLine = "end";
 // What a file may ask for. Every diagram that the program makes stays far below.
 constexpr int kMostSeries = 200, kMostLabels = 200;
 constexpr int kMostPoints = 10'000'000;
-constexpr std::size_t kLongestText = 20'000; ///< bytes
+constexpr std::size_t kLongestText = 10'000; ///< characters
 constexpr int kMostPixels = 10'000;
 constexpr double kLargestFont = 1000; ///< points
 constexpr double kLargestShare = 100; ///< of the picture's width or height
@@ -154,7 +154,8 @@ private:
             text_ += "0123456789ABCDEF"[(item.value >> shift) & 0xF];
     }
     void Put(Text item) {
-        const std::string text = IsUtf8(item.value) ? item.value : DecodeText(item.value);
+        const std::string text =
+            Shortened(IsUtf8(item.value) ? item.value : DecodeText(item.value), kLongestText);
         text_ += '"';
         for (const char c : text) {
             const auto code = static_cast<unsigned char>(c);
@@ -288,9 +289,11 @@ private:
             if (c == '"')
                 break;
             item.value += c == '\\' ? Escaped() : c;
-            if (item.value.size() > kLongestText)
-                Fail("a text is longer than " + std::to_string(kLongestText) + " bytes");
+            if (item.value.size() > 4 * kLongestText)
+                break;
         }
+        if (CountCharacters(item.value) > kLongestText + 1) // one for the ellipsis
+            Fail("a text is longer than " + std::to_string(kLongestText) + " characters");
         PassBlanks();
     }
     char Escaped() {

@@ -1,5 +1,5 @@
-// The diagram as a picture: to the clipboard, into a file, onto paper. What to make and how large is
-// settled here; the shell puts in how it is made.
+// The diagram as a picture: to the clipboard, into a file, onto paper. What to make and how large
+// is settled here; the shell puts in how it is made.
 #pragma once
 
 #include "diagrams/plot_surface.h"

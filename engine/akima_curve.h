@@ -83,7 +83,7 @@ private:
         void Put(double* at, Pair x) const { Store(at, x); }
     };
     /// f for 0..count - 1, two at a time and the last of an odd count alone.
-    template <class F> [[gnu::always_inline]] static void InPairs(std::size_t count, F&& f) {
+    template <class F> ZORVANT_INLINE static void InPairs(std::size_t count, F&& f) {
         std::size_t i = 0;
         for (; i + 2 <= count; i += 2)
             f(Two{}, i);

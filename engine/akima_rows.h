@@ -4,6 +4,7 @@
 
 #include "engine/akima_spline.h"
 #include "engine/arithmetic.h"
+#include "engine/hot_code.h"
 #include "engine/pair.h"
 
 #include <cstddef>
@@ -53,7 +54,7 @@ public:
 
     /// The next knot.
     /// Errors: ArithmeticError "Division by zero" when it has the abscissa of the knot before
-    [[gnu::always_inline]] void Add(double x, Real y) {
+    ZORVANT_INLINE void Add(double x, Real y) {
         ++knots_;
         slots_.Store(tables_.SplineA[knots_], y);
         if (knots_ > 1) {
@@ -88,7 +89,7 @@ public:
 
     /// There are no more knots; there were at least three.
     /// Errors: ArithmeticError "Overflow" when a coefficient is not finite, "Division by zero"
-    void Finish() {
+    ZORVANT_INLINE void Finish() {
         const Beyond<Real> right(x3_, y_, x2_, x1_, m4_, m3_);
         Shift(right.slope1);
         FinishInterval(knots_ - 2, d2_);
@@ -102,7 +103,7 @@ public:
     }
 
 private:
-    [[gnu::always_inline]] void Shift(Real chord) {
+    ZORVANT_INLINE void Shift(Real chord) {
         m1_ = m2_;
         m2_ = m3_;
         m3_ = m4_;
@@ -111,14 +112,14 @@ private:
 
     /// The slope at a knot: the chords before and behind it, each weighted by how much the slope
     /// changes on the other side.
-    [[gnu::always_inline]] Real Slope() const {
+    ZORVANT_INLINE Real Slope() const {
         const Real p = Magnitude(m4_ - m3_), q = Magnitude(m2_ - m1_);
         return Select((m1_ == m2_) & (m3_ == m4_), (m2_ + m3_) * 0.5,
                       (p * m2_ + q * m3_) / (q + p));
     }
 
     /// Interval i of length d: the chords around knot i + 1 are known, and the slope at knot i.
-    [[gnu::always_inline]] void FinishInterval(std::size_t i, double d) {
+    ZORVANT_INLINE void FinishInterval(std::size_t i, double d) {
         const Real chord = m2_, t = t_, tNext = Slope();
         const Real c = (3.0 * chord - 2.0 * t - tNext) / d;
         const Real e = (tNext + t - 2.0 * chord) / (d * d);

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <cstring>
-#include <type_traits>
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -103,13 +102,12 @@ inline double Lane(double x, int) {
 inline double Lane(Pair x, int lane) {
     return x[lane];
 }
-
-/// f(lane) in every lane.
-template <class Real, class F> [[gnu::always_inline]] inline Real EachLane(F&& f) {
-    if constexpr (std::is_same_v<Real, Pair>)
-        return Pair{f(0), f(1)};
-    else
-        return f(0);
+inline void SetLane(double& x, int, double value) {
+    x = value;
 }
+inline void SetLane(Pair& x, int lane, double value) {
+    x[lane] = value;
+}
+template <class Real> inline constexpr int kLanes = sizeof(Real) / sizeof(double);
 
 } // namespace zorvant

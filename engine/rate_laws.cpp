@@ -2,9 +2,6 @@
 
 #include "engine/numeric_models.h"
 
-#include <algorithm>
-#include <cassert>
-
 namespace zorvant {
 
 void FuReactionRates(const ProjectState& ps, int model, SpeciesArray& r, const ConstantArray& kArr,
@@ -68,36 +65,11 @@ void FuReactionRates(const ProjectState& ps, int model, SpeciesArray& r, const C
         rQ = rP;
         break;
     default: // what the integrator knows, by its own right-hand side
-        WithNumericModel(model, kArr, static_cast<double>(ps.OrderN),
-                         [&](const auto& law) { SpeciesRates(law, c, r); });
+        WithNumericModel(
+            model, kArr, static_cast<double>(ps.OrderN),
+            [&]<class Law>(const Law& law) { Unpack<Law>(NodeRates(law, Packed<Law>(c)), r); });
         break;
     }
-}
-
-int PackedSize(int model) {
-    int size = 0;
-    WithNumericModel(model, {}, 1, [&]<class Law>(const Law&) { size = kSizeOf<Law>; });
-    return size;
-}
-
-void FuDerivatives(const ProjectState& ps, const PackedState& y, PackedState& dydt) {
-    if (ps.ModelId == 20 && y[1] < 0)
-        return;
-    WithNumericModel(ps.ModelId, ps.k, static_cast<double>(ps.OrderN),
-                     [&](const auto& law) { law(y.data() + 1, dydt.data() + 1); });
-}
-
-void IntegrateRK4(const ProjectState& ps, int n, const PackedState& yStart, PackedState& yOut,
-                  int nSteps, double h) {
-    yOut = yStart;
-    WithNumericModel(ps.ModelId, ps.k, static_cast<double>(ps.OrderN),
-                     [&]<class Law>(const Law& law) {
-                         assert(n == kSizeOf<Law>);
-                         StateOf<Law> start;
-                         std::copy_n(yStart.begin() + 1, start.size(), start.begin());
-                         const StateOf<Law> end = RunRK4(law, start, nSteps, h);
-                         std::ranges::copy(end, yOut.begin() + 1);
-                     });
 }
 
 } // namespace zorvant

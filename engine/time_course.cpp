@@ -3,13 +3,12 @@
 #include "engine/akima_rows.h"
 #include "engine/akima_spline.h"
 #include "engine/closed_forms.h"
-#include "engine/numeric_models.h"
 #include "engine/rate_laws.h"
 #include "engine/reaction_catalogue.h"
+#include "engine/step_doubling.h"
 #include "platform/number_text.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
@@ -92,97 +91,108 @@ void CalcEnzymeCurve(ProjectState& ps) {
 /// rounding may add another.
 constexpr int kSplineNodes = kCurveIntervals + 3;
 
-/// A half-life, found as it is passed between two nodes.
-struct HalfLife {
-    double half;
-    float& result;
-    bool found = false;
-    void Look(double c, double t, double cBefore, double tBefore) {
-        if (found || !(half > c))
+/// The time at which half of the start concentration is passed between two nodes.
+class PassedHalf {
+public:
+    explicit PassedHalf(double c0) : half_(c0 / 2) {}
+    ZORVANT_INLINE void Look(double c, double t, double cBefore, double tBefore) {
+        if (found_ || !(half_ > c))
             return;
-        found = true;
-        result = Interpolate(half, t, c, tBefore, cBefore);
+        found_ = true;
+        time_ = Interpolate(half_, t, c, tBefore, cBefore);
     }
+    float Time() const { return time_; }
+
+private:
+    double half_;
+    bool found_ = false;
+    float time_ = 0;
 };
 
-/// The splines of a model's species, formed two at a time; of three the last one stands twice.
-template <class Law> class CourseSplines {
+/// What is kept of the nodes of an integrated course: the tables of the state, their splines, and
+/// the half-lives that are passed.
+template <class Law> class NodeTables {
 public:
-    explicit CourseSplines(AkimaTables& tables)
-        : rows_(tables, {Slot(0), Slot(1)}), more_(tables, {Slot(2), Slot(3)}) {}
-    [[gnu::always_inline]] void Add(double x, const StateOf<Law>& y) {
-        rows_.Add(x, Pair{y[0], y[1]});
-        if constexpr (kTwoPairs)
-            more_.Add(x, Pair{y[2], y.back()});
+    ZORVANT_INLINE explicit NodeTables(ProjectState& ps)
+        : ps_(ps), halfA_(ps.c0[1]), halfB_(ps.c0[2]), first_(ps, {Slot(0), Slot(1)}),
+          second_(ps, {Slot(2), Slot(3)}) {
+        ZORVANT_UNROLL
+        for (int i = 0; i < n; ++i) {
+            c_[At(i)] = cSim(ps, Law::kSlots[At(i)]).data();
+            r_[At(i)] = rSim(ps, Law::kSlots[At(i)]).data();
+        }
     }
-    void Finish() {
-        rows_.Finish();
-        if constexpr (kTwoPairs)
-            more_.Finish();
+
+    /// The next node, whose rates are those of the law.
+    ZORVANT_INLINE void Add(double t, const StateOf<Law>& y, const StateOf<Law>& rate) {
+        const std::size_t j = nodes_++;
+        ps_.tSim[j] = t;
+        ps_.SplineX[j + 1] = t;
+        SpeciesArray& row = ps_.SplineY[j + 1];
+        row = ps_.SplineA[j + 1] = ps_.SplineB[j + 1] = ps_.SplineC[j + 1] =
+            ps_.SplineD[j + 1] = {};
+        ZORVANT_UNROLL
+        for (std::size_t i = 0; i < n; ++i) {
+            c_[i][j] = y[i];
+            row[Slot(i)] = y[i];
+            r_[i][j] = static_cast<float>(rate[i]);
+            spoilt_ += static_cast<double>(r_[i][j] - r_[i][j]);
+        }
+        if (j > 0) {
+            halfA_.Look(y[0], t, c_[0][j - 1], ps_.tSim[j - 1]);
+            if constexpr (n == 4)
+                halfB_.Look(y[1], t, c_[1][j - 1], ps_.tSim[j - 1]);
+        }
+        first_.Add(t, Pair{y[0], y[1]});
+        if constexpr (n > 2)
+            second_.Add(t, Pair{y[2], y.back()});
+    }
+
+    /// There are no more nodes.
+    /// Errors: ArithmeticError "Overflow" when a rate or a coefficient is beyond its range
+    ZORVANT_INLINE void Finish() {
+        ps_.SplineX[0] = static_cast<double>(nodes_);
+        first_.Finish();
+        if constexpr (n > 2)
+            second_.Finish();
+        ps_.cEnd = ps_.SplineY[nodes_];
+        ps_.tHalfA = halfA_.Time();
+        ps_.tHalfB = halfB_.Time();
+        if (spoilt_ != 0)
+            ThrowArithmetic(kOverflow);
     }
 
 private:
-    static constexpr bool kTwoPairs = Law::kSlots.size() > 2;
+    static constexpr int n = kSizeOf<Law>;
+    /// The species at place i; of three the last one stands twice.
     static constexpr std::size_t Slot(std::size_t i) {
         return static_cast<std::size_t>(Law::kSlots[std::min(i, Law::kSlots.size() - 1)]);
     }
-    AkimaRows<TwoSlots> rows_, more_;
+
+    ProjectState& ps_;
+    std::size_t nodes_ = 0;
+    std::array<double*, n> c_;
+    std::array<float*, n> r_;
+    double spoilt_ = 0; ///< stays 0 while every rate fits into a Single
+    PassedHalf halfA_, halfB_;
+    AkimaRows<TwoSlots> first_, second_; ///< the splines, formed two at a time
 };
 
 template <class Law> void CalcNumeric(ProjectState& ps, const Law& law, double tEnd, double dt) {
     if (!(dt > 0))
         ThrowArithmetic(kInvalidCall);
-    constexpr int n = kSizeOf<Law>;
-    constexpr auto slot = [](int i) {
-        return static_cast<std::size_t>(Law::kSlots[static_cast<std::size_t>(i)]);
-    };
-    StateOf<Law> y;
-    std::array<double*, n> c;
-    std::array<float*, n> r;
-    for (int i = 0; i < n; ++i) {
-        y[At(i)] = ps.c0[slot(i)];
-        c[At(i)] = cSim(ps, Law::kSlots[At(i)]).data();
-        r[At(i)] = rSim(ps, Law::kSlots[At(i)]).data();
-    }
-
     if (ps.SplineX.size() != ps.SplineD.size() || ps.SplineX.size() != kSplineNodes + 6)
         ReserveAkima(ps, kSplineNodes);
-    CourseSplines<Law> splines(ps);
-    HalfLife halfA{ps.c0[1] / 2, ps.tHalfA}, halfB{ps.c0[2] / 2, ps.tHalfB};
+    NodeTables<Law> tables(ps);
+    StateOf<Law> y = Packed<Law>(ps.c0);
     int m = 1;
-    std::size_t j = 0;
-    double spoilt = 0; // stays 0 while every rate fits into a Single
-    for (double t = 0; t <= tEnd + dt && j < kSplineNodes; t += dt, ++j) {
-        const StateOf<Law> node = y;
-        IntegrateInterval(
-            law, y, dt, m, [&]() __attribute__((always_inline)) {
-                StateOf<Law> rate;
-                NodeRates(law, node, rate);
-                ps.tSim[j] = t;
-                ps.SplineX[j + 1] = t;
-                SpeciesArray& row = ps.SplineY[j + 1];
-                row = ps.SplineA[j + 1] = ps.SplineB[j + 1] = ps.SplineC[j + 1] =
-                    ps.SplineD[j + 1] = {};
-                ForEach<n>([&](auto i) __attribute__((always_inline)) {
-                    c[i][j] = node[i];
-                    row[slot(i)] = node[i];
-                    r[i][j] = static_cast<float>(rate[i]);
-                    spoilt += static_cast<double>(r[i][j] - r[i][j]);
-                });
-                if (j > 0) {
-                    halfA.Look(node[0], t, c[0][j - 1], ps.tSim[j - 1]);
-                    if constexpr (n == 4)
-                        halfB.Look(node[1], t, c[1][j - 1], ps.tSim[j - 1]);
-                }
-                splines.Add(t, node);
-            });
-        m = std::max(m / 4, 1);
+    int nodes = 0;
+    for (double t = 0; t <= tEnd + dt && nodes < kSplineNodes; t += dt, ++nodes) {
+        tables.Add(t, y, NodeRates(law, y));
+        IntegrateInterval(law, y, dt, m);
+        m = SubStepsAfter(m);
     }
-    ps.SplineX[0] = static_cast<double>(j);
-    splines.Finish();
-    ps.cEnd = ps.SplineY[j];
-    if (spoilt != 0)
-        ThrowArithmetic(kOverflow);
+    tables.Finish();
 }
 
 void CalcBloodAlcohol(ProjectState& ps) {
@@ -238,18 +248,6 @@ void Widen(Extent& extent, const std::vector<Value>& values, std::size_t count) 
 }
 
 } // namespace
-
-void IntegrateInterval(const ProjectState& ps, int n, std::array<double, 5>& y, double step,
-                       int& m) {
-    WithNumericModel(ps.ModelId, ps.k, static_cast<double>(ps.OrderN),
-                     [&]<class Law>(const Law& law) {
-                         assert(n == kSizeOf<Law>);
-                         StateOf<Law> state;
-                         std::copy_n(y.begin() + 1, state.size(), state.begin());
-                         IntegrateInterval(law, state, step, m);
-                         std::ranges::copy(state, y.begin() + 1);
-                     });
-}
 
 float Interpolate(double x, double ya, double xa, double yb, double xb) {
     if (!(std::abs(xb - xa) > 0))

@@ -3,8 +3,6 @@
 
 #include "engine/project_state.h"
 
-#include <array>
-
 namespace zorvant {
 
 /// Asks calc_diagram_function for the blood-alcohol curve.
@@ -24,10 +22,5 @@ float Interpolate(double x, double ya, double xa, double yb, double xb);
 
 /// Extents of the calculated arrays with their margins, into the memory of ranges.
 void CourseExtents(ProjectState& ps, double tEnd);
-
-/// One interval of a numeric model (ModelId, k, OrderN of the state); see IntegrateInterval in
-/// numeric_models.h, which callers with constants of their own use.
-void IntegrateInterval(const ProjectState& ps, int n, std::array<double, 5>& y, double step,
-                       int& m);
 
 } // namespace zorvant

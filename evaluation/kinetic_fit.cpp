@@ -32,12 +32,10 @@ constexpr const char* kErrorTitle = "message from Sub MarquardtNashFitting";
 
 FitLimits LimitsOfFit(int fitMode, int n) {
     const bool ofT = fitMode >= kFirstTemperatureMode;
-    return {
-        (ofT ? kSumsPerParameterT : kSumsPerParameter) * n,
-        ofT ? kJacobiansT : kJacobians,
-        {0, kLower,                   kLower,  kLower },
-        {0, ofT ? kUpper1T : kUpper1, kUpper2, kUpper3}
-    };
+    return {(ofT ? kSumsPerParameterT : kSumsPerParameter) * n,
+            ofT ? kJacobiansT : kJacobians,
+            {0, kLower, kLower, kLower},
+            {0, ofT ? kUpper1T : kUpper1, kUpper2, kUpper3}};
 }
 
 FitReport MarquardtNashFitting(ProjectState& ps, int n, int m, FitVector& FitParam,

@@ -3,7 +3,6 @@
 #include "engine/akima_curve.h"
 #include "engine/arithmetic.h"
 #include "engine/closed_forms.h"
-#include "engine/numeric_models.h"
 #include "engine/side_by_side.h"
 #include "evaluation/model_value.h"
 #include "evaluation/temperature.h"
@@ -226,8 +225,7 @@ public:
             return;
         announced_ = {first, second};
         const std::array<Pair, 4> k{
-            {{}, {first[1], second[1]}, {first[2], second[2]}, {first[3], second[3]}}
-        };
+            {{}, {first[1], second[1]}, {first[2], second[2]}, {first[3], second[3]}}};
         WithNumericModel(model_, k, kind, Pair{n1, n2},
                          [&](const auto& law) { knownLanes_ = MarchSideBySide(law); });
     }
@@ -241,35 +239,32 @@ private:
 
     /// The nodes of a course.
     template <class Law> void March(const Law& law) {
-        StateOf<Law> y;
+        StateOf<Law> y = Packed<Law>(c0_);
         const auto nodes = Nodes<Law>(kAlone);
-        for (std::size_t i = 0; i < y.size(); ++i)
-            y[i] = c0_[At(Law::kSlots[i])];
-        int subSteps = 1;
+        int m = 1;
         for (int j = 0; j < knots_; ++j) {
             for (std::size_t i = 0; i < y.size(); ++i)
                 nodes[i][j] = y[i];
-            IntegrateInterval(law, y, step_, subSteps);
-            subSteps = std::max(subSteps / 4, 1);
+            IntegrateInterval(law, y, step_, m);
+            m = SubStepsAfter(m);
         }
     }
 
     /// The nodes of two courses. Returned: how many came through.
     template <class Law> [[gnu::noinline]] int MarchSideBySide(const Law& law) {
-        StatesOf<Law> y;
+        const StateOf<Law> start = Packed<Law>(c0_);
+        StatesOf<Law> y = SideBySide<Law>(start, start);
         const auto first = Nodes<Law>(0), second = Nodes<Law>(1);
-        for (std::size_t i = 0; i < y.size(); ++i)
-            y[i] = Pair{} + c0_[At(Law::kSlots[i])];
         bool both = true;
-        int subSteps = 1;
+        int m = 1;
         for (int j = 0; j < knots_; ++j) {
             for (std::size_t i = 0; i < y.size(); ++i) {
                 first[i][j] = y[i][0];
                 second[i][j] = y[i][1];
             }
-            if (!IntegrateSideBySide(law, y, step_, subSteps, both))
+            if (!IntegrateSideBySide(law, y, step_, m, both))
                 return 0;
-            subSteps = std::max(subSteps / 4, 1);
+            m = SubStepsAfter(m);
         }
         return both ? 2 : 1;
     }

@@ -10,7 +10,6 @@
 
 namespace zorvant {
 
-
 /// Keeps the vector whose residuals were asked for last.
 class KineticProblem : public LeastSquaresProblem {
 public:

@@ -2,15 +2,12 @@
 // parameters of the non-isothermal fits.
 #pragma once
 
+#include "engine/constants.h"
 #include "engine/project_state.h"
 
 #include <string>
 
 namespace zorvant {
-
-inline constexpr double kGasConstant = 8.3145;    ///< J/(mol K)
-inline constexpr double kBoltzmann = 1.38066E-23; ///< J/K
-inline constexpr double kPlanck = 6.62618E-34;    ///< J s
 
 /// ProjectState::kTFunction.
 inline constexpr int kArrhenius = 1;

@@ -1,6 +1,6 @@
 // Any bytes as a number, as the picture of one, as a number's own bytes, and as text.
 #include "fuzz/require.h"
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <cmath>

@@ -1,7 +1,7 @@
 // Any bytes as an imported or pasted table; its numbers come back unchanged when copied.
 #include "data/formats/table_text.h"
 #include "fuzz/require.h"
-#include "platform/files.h"
+#include "platform/encoding.h"
 
 #include <cmath>
 #include <cstdint>

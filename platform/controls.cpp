@@ -1,6 +1,6 @@
 #include "platform/controls.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/host.h"
 
 #include <algorithm>

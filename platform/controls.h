@@ -221,7 +221,9 @@ struct GridContents {
     std::vector<std::vector<std::string>> cells; ///< cells[row][column]
     std::vector<int> columnWidths;               ///< characters; missing ones: as wide as needed
     std::vector<bool> editableColumns;
-    std::vector<bool> checkColumns; ///< columns of check boxes; their cells read "0" or "-1"
+    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no box.
+    std::vector<bool> checkColumns;
+    std::vector<bool> paleColumns; ///< columns that hold nothing: their cells "0" are pale
     int row = -1, column = -1;      ///< current cell
     GridRange selection;
     std::uint64_t revision = 0; ///< raised by whoever changes heads or cells
@@ -331,6 +333,7 @@ struct Form {
     std::function<void(bool& cancel)> onQueryUnload;
     Handler onUnload;
     Handler onResize;
+    Handler onEscape; ///< in place of the button that Esc presses
     Handler onRefresh;         ///< before the contents are shown, so often: texts made of the state
     Handler onModelChanged;    ///< another model was selected
     Handler onTimeUnitChanged; ///< times and constants were converted

@@ -18,6 +18,7 @@ struct FileCalls {
     std::function<int(int file)> fsync;
     std::function<int(int file)> close;
     std::function<int(const char* from, const char* to)> rename;
+    std::function<int(const char* from, const char* to)> link;
     std::function<int(const char* path)> unlink;
 };
 

@@ -2,6 +2,7 @@
 
 #include "platform/file_calls.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -9,10 +10,12 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdint>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <optional>
+#include <ctime>
+#include <utility>
 
 namespace zorvant {
 namespace {
@@ -24,9 +27,16 @@ constexpr std::size_t kReadBlock = std::size_t{1} << 16;
 constexpr int kMaxLinks = 40;
 /// Names tried for the temporary file.
 constexpr int kMaxTemporaries = 100;
+constexpr std::string_view kTemporaryStart = ".zorvant-";
+/// A file of another machine's process may stand in a shared folder; no saving takes so long.
+constexpr std::time_t kTemporaryAge = 60; ///< s
 
 [[noreturn]] void ThrowFileError(const std::string& path, int error) {
     throw FileError(std::string(std::strerror(error)) + ": " + path);
+}
+
+std::string FolderOf(const std::string& path) { // a backslash is a letter to the system
+    return path.substr(0, path.rfind('/') + 1);
 }
 
 /// Where a chain of links ends; the end need not exist.
@@ -43,7 +53,7 @@ std::string FollowLinks(const std::string& path) {
         if (length < 0)
             ThrowFileError(path, errno);
         const std::string to(link.data(), static_cast<std::size_t>(length));
-        target = to.starts_with('/') ? to : target.substr(0, target.rfind('/') + 1) + to;
+        target = to.starts_with('/') ? to : FolderOf(target) + to;
     }
 }
 
@@ -60,11 +70,34 @@ int WriteAll(int file, std::string_view bytes) {
     return 0;
 }
 
-/// A device or a pipe: there is nothing to replace.
+/// "/dev/stdout" and the like: the number of the file that this process has open; -1: none. Opened
+/// anew by its name it would be written from its start on.
+int InheritedFile(const std::string& path) {
+    if (path == "/dev/stdout")
+        return STDOUT_FILENO;
+    if (path == "/dev/stderr")
+        return STDERR_FILENO;
+    for (const std::string_view folder : {"/dev/fd/", "/proc/self/fd/"}) {
+        int number = -1;
+        const char* const end = path.data() + path.size();
+        if (path.starts_with(folder) &&
+            std::from_chars(path.data() + folder.size(), end, number).ptr == end)
+            return number;
+    }
+    return -1;
+}
+
+/// A device or a pipe: there is nothing to replace. A pipe that nobody reads is refused, not waited
+/// for.
 void WriteThrough(const std::string& path, std::string_view bytes) {
-    const int file = fileCalls().open(path.c_str(), O_WRONLY | O_CLOEXEC, 0);
+    const int inherited = InheritedFile(path);
+    const int file = inherited >= 0
+                         ? fcntl(inherited, F_DUPFD_CLOEXEC, 0)
+                         : fileCalls().open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK, 0);
     if (file < 0)
         ThrowFileError(path, errno);
+    if (inherited < 0)
+        (void)fcntl(file, F_SETFL, 0); // from here on it may wait for its reader
     int error = WriteAll(file, bytes);
     if (fileCalls().close(file) != 0 && error == 0)
         error = errno;
@@ -77,14 +110,40 @@ struct TemporaryFile {
     std::string path;
 };
 
+/// Removes what savings that were killed have left in a folder.
+void RemoveLeftTemporaries(const std::string& folder) {
+    DIR* const entries = opendir(folder.empty() ? "." : folder.c_str());
+    if (entries == nullptr)
+        return;
+    while (const dirent* const entry = readdir(entries)) {
+        const std::string_view name = entry->d_name;
+        pid_t process = 0;
+        if (!name.starts_with(kTemporaryStart) ||
+            *std::from_chars(name.data() + kTemporaryStart.size(), name.data() + name.size(),
+                             process)
+                    .ptr != '-')
+            continue;
+        const std::string path = folder + std::string(name);
+        struct stat info {};
+        if (process > 0 && kill(process, 0) != 0 && errno == ESRCH &&
+            lstat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) &&
+            std::time(nullptr) - info.st_mtime > kTemporaryAge)
+            (void)::unlink(path.c_str());
+    }
+    closedir(entries);
+}
+
 /// A new file in the folder. Its name does not contain the target's, which may be as long as names
 /// can be.
-TemporaryFile MakeTemporary(const std::string& folder, const std::string& target) {
+std::string TemporaryName(const std::string& folder) {
     static int counter = 0;
+    return folder + std::string(kTemporaryStart) + std::to_string(getpid()) + "-" +
+           std::to_string(++counter);
+}
+
+TemporaryFile MakeTemporary(const std::string& folder, const std::string& target) {
     for (int attempt = 0; attempt < kMaxTemporaries; ++attempt) {
-        TemporaryFile made;
-        made.path =
-            folder + ".zorvant-" + std::to_string(getpid()) + "-" + std::to_string(++counter);
+        TemporaryFile made{.path = TemporaryName(folder)};
         made.file =
             fileCalls().open(made.path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         if (made.file >= 0)
@@ -124,64 +183,6 @@ void SyncFolder(const std::string& folder) {
     (void)fileCalls().close(file);
 }
 
-// Windows-1252 0x80..0x9F; the five places that it leaves open stand for the control characters of
-// the same numbers, so that any bytes come back unchanged.
-constexpr std::array<std::uint16_t, 32> kWindows1252 = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
-
-struct CodePoint {
-    unsigned code = 0;
-    std::size_t length = 0; ///< bytes; 0: not well formed
-};
-
-/// The character at the head of a text that is not empty.
-CodePoint HeadOf(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned lead = byte(0);
-    if (lead < 0x80)
-        return {lead, 1};
-    const std::size_t length = lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (lead < 0xC2 || lead > 0xF4 || text.size() < length)
-        return {};
-    unsigned code = lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80)
-            return {};
-        code = code << 6 | (byte(i) & 0x3FU);
-    }
-    constexpr std::array<unsigned, 5> kSmallest = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-    return code < kSmallest[length] || code > 0x10FFFF || surrogate ? CodePoint{}
-                                                                    : CodePoint{code, length};
-}
-
-/// Returned: nothing where a character does not fit.
-std::optional<std::string> Windows1252Of(std::string_view utf8) {
-    std::string bytes;
-    bytes.reserve(utf8.size());
-    while (!utf8.empty()) {
-        const CodePoint head = HeadOf(utf8);
-        utf8.remove_prefix(head.length);
-        if (head.code < 0x80 || (head.code >= 0xA0 && head.code <= 0xFF)) {
-            bytes += static_cast<char>(head.code);
-            continue;
-        }
-        const auto place = std::ranges::find(kWindows1252, head.code);
-        if (place == kWindows1252.end())
-            return std::nullopt;
-        bytes += static_cast<char>(0x80 + (place - kWindows1252.begin()));
-    }
-    return bytes;
-}
-
-bool IsAscii(std::string_view text) {
-    return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 } // namespace
 
 FileCalls SystemFileCalls() {
@@ -193,6 +194,7 @@ FileCalls SystemFileCalls() {
         .fsync = ::fsync,
         .close = ::close,
         .rename = [](const char* from, const char* to) { return std::rename(from, to); },
+        .link = ::link,
         .unlink = ::unlink,
     };
 }
@@ -203,12 +205,18 @@ FileCalls& fileCalls() {
 }
 
 std::string ReadFile(const std::string& path) {
-    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    // A pipe without a writer must not be waited for.
+    const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file < 0)
         ThrowFileError(path, errno);
+    struct stat info {};
+    int error = fstat(file, &info) != 0 ? errno : S_ISDIR(info.st_mode) ? EISDIR : 0;
+    if (error == 0 && !S_ISREG(info.st_mode)) {
+        ::close(file);
+        throw FileError("Not a regular file: " + path);
+    }
     std::string bytes;
-    int error = 0;
-    for (;;) {
+    while (error == 0) {
         const std::size_t had = bytes.size();
         bytes.resize(had + kReadBlock);
         const ssize_t got = ::read(file, bytes.data() + had, kReadBlock);
@@ -217,7 +225,7 @@ std::string ReadFile(const std::string& path) {
         bytes.resize(had + static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
         if (bytes.size() > kMaxFileBytes)
             error = EFBIG;
-        if (error != 0 || got == 0)
+        if (got == 0)
             break;
     }
     ::close(file);
@@ -226,102 +234,86 @@ std::string ReadFile(const std::string& path) {
     return bytes;
 }
 
-void WriteFileAtomically(const std::string& path, std::string_view bytes) {
-    const std::string target = FollowLinks(path);
-    std::optional<struct stat> old;
+PreparedFile::PreparedFile(const std::string& path, std::string_view bytes) : path_(path) {
     struct stat info {};
-    if (stat(target.c_str(), &info) == 0) {
-        old = info;
-        if (S_ISDIR(info.st_mode))
-            ThrowFileError(path, EISDIR);
-        if (access(target.c_str(), W_OK) != 0) // a file locked against writing is not replaced
-            ThrowFileError(path, errno);
-        if (!S_ISREG(info.st_mode)) {
-            WriteThrough(target, bytes);
-            return;
-        }
-    }
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    const TemporaryFile temporary = MakeTemporary(folder, path);
-    int error = FillTemporary(temporary.file, bytes, old);
-    if (fileCalls().close(temporary.file) != 0 && error == 0)
-        error = errno;
-    if (error == 0 && fileCalls().rename(temporary.path.c_str(), target.c_str()) != 0)
-        error = errno;
-    if (error != 0) {
-        (void)fileCalls().unlink(temporary.path.c_str());
-        ThrowFileError(path, error);
-    }
-    SyncFolder(folder);
-}
-
-void AppendUtf8(std::string& text, unsigned codePoint) {
-    if (codePoint < 0x80) {
-        text += static_cast<char>(codePoint);
+    const bool exists = stat(path.c_str(), &info) == 0;
+    if (exists && S_ISDIR(info.st_mode))
+        ThrowFileError(path, EISDIR);
+    if ((exists && !S_ISREG(info.st_mode)) || InheritedFile(path) >= 0) {
+        through_ = bytes;
         return;
     }
-    const unsigned following = codePoint < 0x800 ? 1 : codePoint < 0x10000 ? 2 : 3;
-    constexpr std::array<unsigned, 4> kLead = {0, 0xC0, 0xE0, 0xF0};
-    text += static_cast<char>(kLead[following] | codePoint >> 6 * following);
-    for (unsigned i = following; i-- > 0;)
-        text += static_cast<char>(0x80 | (codePoint >> 6 * i & 0x3F));
+    target_ = FollowLinks(path);
+    if (exists && access(target_.c_str(), W_OK) != 0) // a file locked against writing stays
+        ThrowFileError(path, errno);
+    Fill(bytes, exists ? std::optional(info) : std::nullopt);
+}
+
+PreparedFile PreparedFile::CopyOf(const std::string& from, const std::string& path) {
+    PreparedFile copy;
+    copy.path_ = copy.target_ = path;
+    copy.temporary_ = TemporaryName(FolderOf(path));
+    // The same file under a second name needs no room; not every file system has that.
+    if (fileCalls().link(FollowLinks(from).c_str(), copy.temporary_.c_str()) == 0)
+        return copy;
+    copy.temporary_.clear();
+    struct stat info {};
+    if (stat(from.c_str(), &info) != 0)
+        ThrowFileError(from, errno);
+    copy.Fill(ReadFile(from), info);
+    return copy;
+}
+
+void PreparedFile::Fill(std::string_view bytes, const std::optional<struct stat>& old) {
+    const std::string folder = FolderOf(target_);
+    RemoveLeftTemporaries(folder);
+    const TemporaryFile made = MakeTemporary(folder, path_);
+    temporary_ = made.path;
+    int error = FillTemporary(made.file, bytes, old);
+    if (fileCalls().close(made.file) != 0 && error == 0)
+        error = errno;
+    if (error != 0) {
+        Discard();
+        ThrowFileError(path_, error);
+    }
+}
+
+void PreparedFile::Commit() {
+    if (through_) {
+        WriteThrough(path_, *through_);
+        return;
+    }
+    if (fileCalls().rename(temporary_.c_str(), target_.c_str()) != 0) {
+        const int error = errno;
+        Discard();
+        ThrowFileError(path_, error);
+    }
+    // Two names of one file: renaming one onto the other has left both.
+    Discard();
+    SyncFolder(FolderOf(target_));
+}
+
+void PreparedFile::Discard() {
+    if (!temporary_.empty())
+        (void)fileCalls().unlink(temporary_.c_str());
+    temporary_.clear();
+}
+
+PreparedFile::PreparedFile(PreparedFile&& other) noexcept
+    : path_(std::move(other.path_)), target_(std::move(other.target_)),
+      temporary_(std::exchange(other.temporary_, {})), through_(std::move(other.through_)) {}
+
+PreparedFile::~PreparedFile() {
+    Discard();
+}
+
+void WriteFileAtomically(const std::string& path, std::string_view bytes) {
+    PreparedFile(path, bytes).Commit();
 }
 
 bool FileExists(const std::string& path) {
     struct stat info {};
     return stat(path.c_str(), &info) == 0;
-}
-
-bool IsUtf8(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const CodePoint head = HeadOf(bytes);
-        if (head.length == 0)
-            return false;
-        bytes.remove_prefix(head.length);
-    }
-    return true;
-}
-
-std::string DecodeText(std::string_view bytes) {
-    if (IsUtf8(bytes)) {
-        if (bytes.starts_with(kUtf8Mark))
-            bytes.remove_prefix(kUtf8Mark.size());
-        return std::string(bytes);
-    }
-    std::string text;
-    text.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const unsigned byte = static_cast<unsigned char>(c);
-        AppendUtf8(text, byte >= 0x80 && byte < 0xA0 ? kWindows1252[byte - 0x80] : byte);
-    }
-    return text;
-}
-
-std::string EncodeText(std::string_view utf8) {
-    if (!IsUtf8(utf8) || IsAscii(utf8))
-        return std::string(utf8);
-    // Few texts in Windows-1252 happen to be valid UTF-8 as well and would be read as that.
-    const std::optional<std::string> bytes = Windows1252Of(utf8);
-    if (bytes && !IsUtf8(*bytes))
-        return *bytes;
-    // A text that itself begins with a mark gets one more, since reading drops one.
-    return (utf8.starts_with(kUtf8Mark) ? std::string(kUtf8Mark) : std::string()) +
-           std::string(utf8);
-}
-
-std::string FileName(std::string_view path) {
-    return std::string(path.substr(path.find_last_of("/\\") + 1));
-}
-
-std::string DirectoryOf(std::string_view path) {
-    return std::string(path.substr(0, path.find_last_of("/\\") + 1));
-}
-
-std::string JoinPath(std::string_view directory, std::string_view name) {
-    std::string path(directory);
-    if (!path.empty() && path.back() != '/' && path.back() != '\\')
-        path += '/';
-    return path.append(name);
 }
 
 } // namespace zorvant

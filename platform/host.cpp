@@ -1,5 +1,7 @@
 #include "platform/host.h"
 
+#include "platform/encoding.h"
+
 #include <chrono>
 #include <cstdio>
 #include <ctime>
@@ -46,7 +48,8 @@ std::string LocalDateAndTime() {
 Host BareHost() {
     Host bare;
     bare.messageBox = [](const MessageBox& box) {
-        std::fprintf(stderr, "%s: %s\n", box.title.c_str(), box.text.c_str());
+        std::fprintf(stderr, "%s: %s\n", TerminalText(box.title).c_str(),
+                     TerminalText(box.text).c_str());
         return PresetAnswer(box);
     };
     bare.chooseFile = [](const FileRequest&) { return std::nullopt; };

@@ -27,17 +27,6 @@ constexpr double kConverged = 1e-11; ///< of t
 /// A of model 8 may exceed A + P of the start by this share: that is no error.
 constexpr double kRounding = 1e-12;
 
-template <class Law> StateOf<Law> Packed(const SpeciesArray& c) {
-    StateOf<Law> y;
-    for (std::size_t i = 0; i < y.size(); ++i)
-        y[i] = c[static_cast<std::size_t>(Law::kSlots[i])];
-    return y;
-}
-template <class Law> void Unpack(const StateOf<Law>& y, SpeciesArray& c) {
-    for (std::size_t i = 0; i < y.size(); ++i)
-        c[static_cast<std::size_t>(Law::kSlots[i])] = y[i];
-}
-
 /// States at one or two times. Errors: ArithmeticError; err.
 void BatchStates(const ProjectState& ps, int model, std::span<const double> times,
                  std::span<SpeciesArray> states, bool& err, long long& work) {

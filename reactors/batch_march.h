@@ -19,7 +19,7 @@ constexpr double kSetInterval = 0.4;   ///< TU
 constexpr double kMostIntervals = 1e5; ///< beyond, intervals grow: a press must come to its end
 // Step doubling within an interval, beside what the engine says of it.
 constexpr int kMostDoublings = 32767; ///< sub-steps; a doubling beyond is the overflow
-constexpr int kFirstRunsPart = 5;     ///< the first run covers a fifth of the interval
+constexpr double kFirstRunsPart = 5;  ///< the first run covers a fifth of the interval
 
 /// A march towards t and where it stands.
 template <class Law> struct March {
@@ -41,7 +41,7 @@ template <class Law> struct March {
 
     /// Takes the state at the end of an interval, reached with so many sub-steps.
     void Take(const StateOf<Law>& next, int subSteps) {
-        const int before = std::exchange(m, std::max(subSteps / 4, 1));
+        const int before = std::exchange(m, SubStepsAfter(subSteps));
         resting = next == y && m == before;
         now = y;
         y = next;
@@ -49,64 +49,55 @@ template <class Law> struct March {
     }
 };
 
-/// Doubles sub-steps until two runs agree. `work` loses the sub-steps.
+/// Ends an interval whose first runs are these, the finer one with m sub-steps. `work` loses the
+/// sub-steps of the finer runs.
 /// Errors: ArithmeticError "Overflow" beyond kMostDoublings, and when the work is used up
 template <class Law>
-void Refine(const Law& law, March<Law>& march, StateOf<Law> coarse, StateOf<Law> fine, int m,
-            long long& work) {
-    work -= m;
-    while (!RunsAgree(coarse, fine)) {
-        coarse = fine;
-        m *= 2;
-        work -= m;
-        if (m > kMostDoublings)
-            ThrowArithmetic(kOverflow);
-        fine = RunRK4(law, march.y, m, march.interval / m);
-    }
+void Finish(const Law& law, March<Law>& march, TwoRuns<StateOf<Law>> runs, int m, long long& work) {
+    const int first = m;
+    if (!DoubleUntilAgreed(law, march.y, march.interval, m, kMostDoublings, runs))
+        ThrowArithmetic(kOverflow);
+    work -= 2 * m - first;
     if (work < 0)
         ThrowArithmetic(kOverflow);
-    march.Take(fine, m);
+    march.Take(runs.fine, m);
 }
 
 /// One interval. The first of the first two runs covers a fifth of it only, so that the first
 /// comparison is strict.
 template <class Law> void Next(const Law& law, March<Law>& march, long long& work) {
     const int m = march.m;
-    const auto runs =
-        RunTwoRK4(law, march.y, m, march.interval / m / kFirstRunsPart, march.interval / (2 * m));
-    Refine(law, march, runs.coarse, runs.fine, 2 * m, work);
+    Finish(law, march,
+           IntegrateTwo(law, march.y, m, march.interval / m / kFirstRunsPart,
+                        march.interval / (2 * m)),
+           2 * m, work);
 }
 
 /// Two marches at once, interval after interval as long as each begins with one sub-step and its
 /// first two runs agree; then one interval of each with more.
 template <class Law>
 void NextOfBoth(const Law& law, March<Law>& a, March<Law>& b, long long& work) {
-    const Pair half{a.interval / 2, b.interval / 2};
-    const Pair fifth{a.interval / kFirstRunsPart, b.interval / kFirstRunsPart};
-    StatesOf<Law> y, now, coarse, fine;
-    ForEach<kSizeOf<Law>>([&](auto i) __attribute__((always_inline)) {
-        y[i] = Pair{a.y[i], b.y[i]};
-        now[i] = Pair{a.now[i], b.now[i]};
-    });
+    const Pair interval{a.interval, b.interval};
+    const Pair half = interval / 2.0, fifth = interval / kFirstRunsPart;
+    StatesOf<Law> y = SideBySide<Law>(a.y, b.y), now = SideBySide<Law>(a.now, b.now);
+    TwoRuns<StatesOf<Law>> runs{};
     bool agreed = true;
     while (!a.IsAtEnd() && !b.IsAtEnd()) {
-        fine = coarse = y;
-        StepRK4(law, fine.data(), half);
-        StepRK4(law, coarse.data(), fifth);
-        StepRK4(law, fine.data(), half);
-        agreed = AllAgree<Law>(coarse, fine);
+        runs = StepOnceAndTwice(law, y, fifth, half);
+        agreed = AllAgree<Law>(runs.coarse, runs.fine);
         if (!agreed)
             break;
         work -= 2 * 2;
         if (work < 0)
             ThrowArithmetic(kOverflow);
-        auto same = fine[0] == y[0];
-        ForEach<kSizeOf<Law>>([&](auto i)
-                                  __attribute__((always_inline)) { same &= fine[i] == y[i]; });
+        auto same = runs.fine[0] == y[0];
+        ZORVANT_UNROLL
+        for (std::size_t i = 1; i < y.size(); ++i)
+            same &= runs.fine[i] == y[i];
         a.resting = same[0] != 0;
         b.resting = same[1] != 0;
         now = y;
-        y = fine;
+        y = runs.fine;
         a.tau += a.interval;
         b.tau += b.interval;
     }
@@ -114,8 +105,8 @@ void NextOfBoth(const Law& law, March<Law>& a, March<Law>& b, long long& work) {
     a.now = LaneOf<Law>(now, 0), b.now = LaneOf<Law>(now, 1);
     if (agreed)
         return;
-    Refine(law, a, LaneOf<Law>(coarse, 0), LaneOf<Law>(fine, 0), 2, work);
-    Refine(law, b, LaneOf<Law>(coarse, 1), LaneOf<Law>(fine, 1), 2, work);
+    Finish(law, a, {LaneOf<Law>(runs.coarse, 0), LaneOf<Law>(runs.fine, 0)}, 2, work);
+    Finish(law, b, {LaneOf<Law>(runs.coarse, 1), LaneOf<Law>(runs.fine, 1)}, 2, work);
 }
 
 /// The state at the last node not beyond one interval after t.

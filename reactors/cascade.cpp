@@ -1,5 +1,6 @@
 #include "reactors/cascade.h"
 
+#include "engine/arithmetic.h"
 #include "platform/number_text.h"
 #include "reactors/curve_arrays.h"
 #include "reactors/reactor_input.h"
@@ -42,8 +43,8 @@ double LargestOf(const SpeciesArray& c) {
 }
 
 void StoreRanges(ProjectState& ps, double xEnd, double yMax) {
-    ps.Memory.RngT = {0, AxisEnd(xEnd)};
-    ps.Memory.RngC = {kBelow, AxisEnd(yMax * kAbove)};
+    ps.Memory.RngT = {0, NearestSingle(xEnd)};
+    ps.Memory.RngC = {kBelow, NearestSingle(yMax * kAbove)};
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "reactors/cstr.h"
 
+#include "engine/arithmetic.h"
 #include "reactors/curve_arrays.h"
 #include "reactors/reactor_input.h"
 #include "reactors/tank_balance.h"
@@ -80,7 +81,7 @@ Range ConcentrationRange(const ProjectState& ps) {
     yMin = std::max(yMin, 0.0);
     yMax += std::abs(yMax - yMin) * kMargin;
     yMin -= std::abs(yMax - yMin) * kMargin;
-    const Range range{AxisEnd(yMin), AxisEnd(yMax)};
+    const Range range{NearestSingle(yMin), NearestSingle(yMax)};
     return range.lower < range.upper ? range : Range{0, 1}; // nothing but zeros
 }
 
@@ -141,7 +142,7 @@ bool CalcTankCurve(ProjectState& ps) {
                         ps.cEnd, ps.Ksi, bBTooLow, bNoSolution, messages);
         StorePoint(ps, j, t, ps.cEnd);
     }
-    ps.Memory.RngT = {0, AxisEnd(end)};
+    ps.Memory.RngT = {0, NearestSingle(end)};
     ps.Memory.RngC = ConcentrationRange(ps);
     return true;
 }

@@ -3,9 +3,7 @@
 
 #include "engine/project_state.h"
 
-#include <algorithm>
 #include <cassert>
-#include <limits>
 
 namespace zorvant {
 
@@ -21,12 +19,6 @@ inline void ReserveCurves(ProjectState& ps, int intervals) {
         cSim(ps, slot).assign(kLastCurveIndex + 1, 0);
         rSim(ps, slot).assign(kLastCurveIndex + 1, 0);
     }
-}
-
-/// An end of an axis as Single, within its range.
-inline float AxisEnd(double x) {
-    constexpr double kLargest = std::numeric_limits<float>::max();
-    return static_cast<float>(std::clamp(x, -kLargest, kLargest));
 }
 
 inline void StorePoint(ProjectState& ps, int index, double x, const SpeciesArray& c) {

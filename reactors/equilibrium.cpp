@@ -84,30 +84,31 @@ constexpr const char* kNegativeInTheCourse = "A negative value of the conversion
 
 constexpr ReactorTexts kBatchTexts{
     {"The initial mixture is already in equlibrium.\r\n\r\n"
-     "The specification of a conversion U(A) is therefore not possible.", kAtMost, kNotAnyTwoBlanks, kGivenComma,   true, kNotAny,   kGivenComma,   kNegativeBatch},
+     "The specification of a conversion U(A) is therefore not possible.",
+     kAtMost, kNotAnyTwoBlanks, kGivenComma, true, kNotAny, kGivenComma, kNegativeBatch},
     {"The initial mixture is already in equlibrium state;\r\n\r\n"
-     "specification of a conversion U(A) is therefor not possible.",      kAtMost, kNotAnyTwoBlanks, kMixtureGiven, true, kNotAnAny, kMixtureGiven, kNegativeBatch},
+     "specification of a conversion U(A) is therefor not possible.",
+     kAtMost, kNotAnyTwoBlanks, kMixtureGiven, true, kNotAnAny, kMixtureGiven, kNegativeBatch},
     "a numerical error occured: square root x < 0\r\nCheck your input values\r\n\r\n"
-    "Advice: Set the default values for your orientation."
-};
+    "Advice: Set the default values for your orientation."};
 constexpr ReactorTexts kTubularTexts{
     {"The initial mixture is already in equlibrium state;\r\n\r\n"
-     "specification of the conversion U(A) is not possible.", kAtMost, kNotAny, kMixtureGiven, false, kNotAny, kMixtureGiven, kNegativeInCourse},
+     "specification of the conversion U(A) is not possible.",
+     kAtMost, kNotAny, kMixtureGiven, false, kNotAny, kMixtureGiven, kNegativeInCourse},
     {"The initial mixture is already in equlibrium state;\r\n\r\n"
-     "specification of a conversion U(A) is not possible.",   kAtMost, kNotAny, kGiven,        false, kNotAny, kGiven,        kNegative        },
+     "specification of a conversion U(A) is not possible.",
+     kAtMost, kNotAny, kGiven, false, kNotAny, kGiven, kNegative},
     "numerical error occured: square root x < 0\r\nCheck your input values\r\n\r\n"
-    "Advice: for your orientation set the default values"
-};
+    "Advice: for your orientation set the default values"};
 constexpr const char* kAlreadyCstr =
     "The initial mixture is already in equlibrium state;\r\n\r\n"
     "specification of a conversion U(A) is therefore not possible.";
 constexpr ReactorTexts kCstrTexts{
-    {kAlreadyCstr, kAtMost,     kNotAny, kGivenBlank, true, kNotAnyTwoBlanks, kMixtureGiven, kNegative},
-    {kAlreadyCstr, kAtMostUpTo, kNotAny, kGiven,      true, kNotAny,          kMixtureGiven,
-     kNegativeInTheCourse                                                                             },
+    {kAlreadyCstr, kAtMost, kNotAny, kGivenBlank, true, kNotAnyTwoBlanks, kMixtureGiven, kNegative},
+    {kAlreadyCstr, kAtMostUpTo, kNotAny, kGiven, true, kNotAny, kMixtureGiven,
+     kNegativeInTheCourse},
     "numerical eeror occured: square root x < 0\r\nCheck your input values\r\n\r\n"
-    "Advice: for your orientation set the default values"
-};
+    "Advice: for your orientation set the default values"};
 
 constexpr const char* kNoteBatch = "The initial mixture is already in equlibrium state;\r\n\r\n"
                                    "any time value therefore leads to the conversation U(A) = 0.";

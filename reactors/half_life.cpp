@@ -40,14 +40,8 @@ struct ReversibleModel {
     double pPerExtent;
     SecantSearch forA, forB;
 };
-constexpr ReversibleModel kTwoP{
-    12, 2, {0.5, 1e-7, 100},
-      {0.5, 1e-8, 200}
-};
-constexpr ReversibleModel kOneP{
-    17, 1, {0.1, 1e-6, 100},
-      {0.1, 1e-6, 100}
-};
+constexpr ReversibleModel kTwoP{12, 2, {0.5, 1e-7, 100}, {0.5, 1e-8, 200}};
+constexpr ReversibleModel kOneP{17, 1, {0.1, 1e-6, 100}, {0.1, 1e-6, 100}};
 
 /// A time, or why there is none.
 struct Outcome {
@@ -198,9 +192,7 @@ constexpr auto kFormulas = [] {
 }();
 
 HalfLife Failed(const char* text, const char* title) {
-    return {
-        -1, false, MessageBox{text, title, Icon::Critical}
-    };
+    return {-1, false, MessageBox{text, title, Icon::Critical}};
 }
 
 HalfLife Evaluate(Formula formula, const Start& start, const char* errorTitle) {

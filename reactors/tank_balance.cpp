@@ -280,18 +280,12 @@ constexpr Yield kNone{}, kUsed{-1, 0}, kMade{1, 0};
 constexpr Yield kUsedTwice{-1, -1}, kBetween{1, -1}, kMadeSecond{0, 1};
 
 constexpr Yields kAToP{kUsed, kNone, kNone, kMade, kNone};
-constexpr Yields kTwoAToP{
-    Yield{-2, 0},
-    kNone, kNone, kMade, kNone
-};
+constexpr Yields kTwoAToP{Yield{-2, 0}, kNone, kNone, kMade, kNone};
 constexpr Yields kAToPAndQ{kUsed, kNone, kNone, kMade, kMade};
 constexpr Yields kAToCToP{kUsed, kNone, kBetween, kMadeSecond, kNone};
 constexpr Yields kAToPOrQ{kUsedTwice, kNone, kNone, kMade, kMadeSecond};
 constexpr Yields kABToP{kUsed, kUsed, kNone, kMade, kNone};
-constexpr Yields kABToTwoP{
-    kUsed, kUsed, kNone, Yield{2, 0},
-       kNone
-};
+constexpr Yields kABToTwoP{kUsed, kUsed, kNone, Yield{2, 0}, kNone};
 constexpr Yields kABToPAndQ{kUsed, kUsed, kNone, kMade, kMade};
 constexpr Yields kABToCToP{kUsed, kUsed, kBetween, kMadeSecond, kNone};
 constexpr Yields kABToCToPAndQ{kUsed, kUsed, kBetween, kMadeSecond, kMadeSecond};

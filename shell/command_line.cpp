@@ -1,7 +1,7 @@
 #include "shell/command_line.h"
 
-#include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <array>
@@ -11,6 +11,7 @@ namespace zorvant {
 namespace {
 
 constexpr double kLargestScale = 8;
+constexpr int kLeastWidth = 200, kLeastHeight = 150; ///< logical pixels that a diagram needs
 constexpr std::array<const char*, 6> kPictureEndings{".PNG", ".SVG", ".PDF",
                                                      ".BMP", ".WMF", ".EMF"};
 
@@ -27,15 +28,17 @@ void CheckPicture(const std::string& path) {
 /// "1200x800"
 void ReadSize(CommandLine& line, const std::string& value) {
     const std::size_t by = value.find_first_of("xX");
-    const auto side = [&](const std::string& text) {
+    const auto side = [&](const std::string& text, int least) {
         const auto number = ParseInteger(text);
-        if (!number || *number < 1 || *number > kLargestSide)
-            throw UsageError("--size " + value + ": write it as WIDTHxHEIGHT, each from 1 to " +
-                             std::to_string(kLargestSide));
+        if (!number || *number < least || *number > kLargestSide)
+            throw UsageError("--size " + value + ": write it as WIDTHxHEIGHT, from " +
+                             std::to_string(kLeastWidth) + "x" + std::to_string(kLeastHeight) +
+                             " on, each up to " + std::to_string(kLargestSide));
         return static_cast<int>(*number);
     };
-    line.width = side(value.substr(0, by));
-    line.height = side(by == std::string::npos ? std::string() : value.substr(by + 1));
+    line.width = side(value.substr(0, by), kLeastWidth);
+    line.height =
+        side(by == std::string::npos ? std::string() : value.substr(by + 1), kLeastHeight);
 }
 
 void ReadScale(CommandLine& line, const std::string& value) {
@@ -68,7 +71,7 @@ const std::array<OptionRow, 8>& Options() {
           [](CommandLine& line, const std::string&) { line.rates = true; }},
          {"--michaelis", nullptr, "enzyme model: r(P) against c(S) instead of a course",
           [](CommandLine& line, const std::string&) { line.michaelis = true; }},
-         {"--size", "WxH", "size of the picture (900x600)", ReadSize},
+         {"--size", "WxH", "size of the picture (900x600), at least 200x150", ReadSize},
          {"--scale", "N", "pixels of a .png or .bmp to each pixel of the size (1)", ReadScale},
          {"--help", nullptr, "this text",
           [](CommandLine& line, const std::string&) { line.task = Task::Help; }},

@@ -11,13 +11,13 @@ std::string Lines(std::initializer_list<const char*> lines) {
     return text;
 }
 
-void Unload(MDIZOR& form, const char* name) {
-    if (Form* const open = FindForm(form.ps.desktop, name))
+void Unload(MDIZOR& form, const char* dialog) {
+    if (Form* const open = FindForm(form.ps.desktop, dialog))
         UnloadForm(form.ps.desktop, *open);
 }
 
-void Show(MDIZOR& form, const char* name) {
-    if (Form* const known = FindForm(form.ps.desktop, name))
+void Show(MDIZOR& form, const char* dialog) {
+    if (Form* const known = FindForm(form.ps.desktop, dialog))
         ShowForm(form.ps.desktop, *known);
 }
 
@@ -30,9 +30,9 @@ void PressIn(MDIZOR& form, const char* dialog, const char* button) {
             Press(static_cast<Button&>(*control));
 }
 
-void Enable(MDIZOR& form, std::initializer_list<const char*> names) {
-    for (const char* name : names)
-        form.Entry(name).enabled = true;
+void Enable(MDIZOR& form, std::initializer_list<const char*> entries) {
+    for (const char* entry : entries)
+        form.Entry(entry).enabled = true;
 }
 
 void EnableTools(MDIZOR& form, std::initializer_list<int> indices) {

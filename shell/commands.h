@@ -33,7 +33,6 @@ struct MDIZOR : Form {
     MenuEntry& Entry(const std::string& control);
     Button& Tool(int index);
 
-    std::string protocolDate; ///< YYMMDD for the name of the protocol file; empty: today
     bool exiting = false;
     std::string savedNote; ///< for the status line: what the last command saved, and when
 };

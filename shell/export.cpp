@@ -6,11 +6,15 @@
 #include "dialogs/course/frm_zor_model.h"
 #include "dialogs/diagram/diagram_document.h"
 #include "engine/reaction_catalogue.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 
+#include <array>
 #include <cstdio>
+#include <filesystem>
 #include <utility>
+#include <vector>
 
 namespace zorvant {
 namespace {
@@ -24,12 +28,13 @@ struct CourseDesk {
     frmSimTabelle table{ps};
 };
 
-/// Notes whether a box told of a failure while it is in scope.
+/// Notes whether a box told of a failure, or warned of anything, while it is in scope.
 class FailureWatch {
 public:
     FailureWatch() : shown_(host().messageBox) {
         host().messageBox = [this](const MessageBox& box) {
             failed_ = failed_ || box.icon == Icon::Critical;
+            warned_ = warned_ || box.icon == Icon::Warning;
             return shown_(box);
         };
     }
@@ -37,11 +42,33 @@ public:
     FailureWatch(const FailureWatch&) = delete;
     FailureWatch& operator=(const FailureWatch&) = delete;
     bool Failed() const { return failed_; }
+    bool Warned() const { return warned_; }
 
 private:
     decltype(Host::messageBox) shown_;
-    bool failed_ = false;
+    bool failed_ = false, warned_ = false;
 };
+
+/// Whether two names stand for one file, whatever links lead there; none of them need exist.
+bool IsSameFile(const std::string& one, const std::string& other) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (fs::equivalent(one, other, error))
+        return true;
+    const fs::path here = fs::weakly_canonical(fs::absolute(one), error);
+    return !error && here == fs::weakly_canonical(fs::absolute(other), error) && !error;
+}
+
+/// An output must not take the place of an input or of the other output.
+void CheckOutputs(const CommandLine& line, const std::string& dataFile) {
+    const std::array<std::string, 4> files{line.picture, line.table, line.project, dataFile};
+    for (std::size_t output = 0; output < 2; ++output)
+        for (std::size_t other = output + 1; other < files.size(); ++other)
+            if (!files[output].empty() && !files[other].empty() &&
+                IsSameFile(files[output], files[other]))
+                throw FileError("\"" + files[output] + "\" would be written over \"" +
+                                files[other] + "\": they are the same file");
+}
 
 /// Columns of r(P)-c(S) pairs are no course in time.
 bool HasTimePoints(const Workspace& ps) {
@@ -68,35 +95,39 @@ void OpenProject(CourseDesk& desk, const CommandLine& line) {
 }
 
 int Fail(const std::string& why) {
-    std::fprintf(stderr, "zorvant: %s\n", why.c_str());
+    std::fprintf(stderr, "zorvant: %s\n", TerminalText(why).c_str());
     return kFailure;
 }
 
 int Export(const CommandLine& line, const DrawPicture& draw) {
+    constexpr const char* kNoSolution = "the course has no solution with these values";
     const FailureWatch watch;
     CourseDesk desk;
     OpenProject(desk, line);
-    if (watch.Failed())
+    if (watch.Failed() || watch.Warned()) // without its data it would be another picture
         return kFailure;
     if (line.michaelis && !IsEnzymeModel(desk.ps.ModelId))
         return Fail("--michaelis is for projects of the enzyme model");
+    CheckOutputs(line, desk.ps.DataFilePath);
+    std::vector<PreparedFile> ready;
     if (!line.table.empty()) {
         Press(line.michaelis ? desk.course.cmdMichaelisListe : desk.course.cmdListe);
         if (watch.Failed())
             return kFailure;
         if (!desk.table.loaded)
-            return Fail("the course has no solution with these values");
+            return Fail(kNoSolution);
+        ready.emplace_back(line.table, EncodeText(desk.table.txtSimTabelle.text));
     }
     if (!line.picture.empty()) {
         Press(line.michaelis ? desk.course.cmdMMdiagram : desk.course.cmdDrawctDiagram);
         if (watch.Failed())
             return kFailure;
         if (!desk.diagram.loaded)
-            return Fail("the course has no solution with these values");
-        draw(desk.diagram.surface, line);
+            return Fail(kNoSolution);
+        ready.emplace_back(line.picture, draw(desk.diagram.surface, line));
     }
-    if (!line.table.empty())
-        WriteFileAtomically(line.table, EncodeText(desk.table.txtSimTabelle.text));
+    for (PreparedFile& file : ready)
+        file.Commit();
     return kSuccess;
 }
 

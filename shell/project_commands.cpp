@@ -3,12 +3,14 @@
 #include "data/exp_data.h"
 #include "data/exp_file.h"
 #include "data/project_file.h"
+#include "data/protocol.h"
 #include "dialogs/common/calc_dialog.h"
 #include "dialogs/common/names.h"
 #include "dialogs/common/time_unit_change.h"
 #include "dialogs/data/frm_datedit.h"
 #include "platform/files.h"
 #include "platform/host.h"
+#include "platform/paths.h"
 #include "shell/command_steps.h"
 #include "shell/project_status.h"
 
@@ -20,7 +22,7 @@ namespace {
 
 /// Replaces the table so that the editor can take it back.
 /// Given: timeUnit: of the times that stand in the table
-void ReplaceData(MDIZOR& form, const std::string& name, ExpTableState::Extent extent,
+void ReplaceData(MDIZOR& form, const std::string& name, ListState::Extent extent,
                  const std::string& timeUnit, const Handler& replace) {
     if (auto* const editor =
             dynamic_cast<frmDatedit*>(FindForm(form.ps.desktop, name::kDataEditor)))
@@ -51,7 +53,7 @@ void TakeLoadedProject(MDIZOR& form, const std::string& path, const std::string&
         Enable(form, {"mnuEditDat"});
         EnableTools(form, {16});
     }
-    ReplaceData(form, "loading project data", ExpTableState::Extent::Data, form.ps.TimeUnitText,
+    ReplaceData(form, "loading project data", ListState::Extent::Data, form.ps.TimeUnitText,
                 [&] { LoadDataOfProject(form.ps, path, dataFile); });
     TellUnitOfData(form.ps);
     ReopenModelDialog(form);
@@ -129,10 +131,11 @@ void mnuNeudat_Click(MDIZOR& form) {
     if (ps.ExpPointCount > 0 &&
         Ask(question, "WARNING", Icon::Warning, Buttons::YesNo, Answer::No) == Answer::No)
         return;
-    ReplaceData(form, "new data", ExpTableState::Extent::File, ps.TimeUnitText, [&] {
+    ReplaceData(form, "new data", ListState::Extent::File, ps.TimeUnitText, [&] {
         FuClearExpData(ps);
         ps.ExpData.assign(2, {});
         ps.LambdaInf = ps.LambdaZero = 0;
+        ps.ExpComment.clear();
         CheckExpData(ps);
     });
     Unload(form, name::kDataEditor);
@@ -146,18 +149,6 @@ void mnuEditDat_Click(MDIZOR& form) {
 }
 
 namespace {
-
-/// The protocol of this run goes when nothing was written into it.
-void RemoveEmptyProtocol(const ProjectState& ps) {
-    if (ps.ProtocolFile.empty())
-        return;
-    const bool isName = ps.ProtocolFile.find_first_of("/\\") == std::string::npos;
-    const std::string path = isName ? JoinPath(ps.ProgramDir, ps.ProtocolFile) : ps.ProtocolFile;
-    std::error_code error;
-    if (std::filesystem::is_regular_file(path, error) &&
-        std::filesystem::file_size(path, error) == 0)
-        std::filesystem::remove(path, error);
-}
 
 /// Closing is a stop to whatever still runs in a dialog.
 void CloseAllDialogs(MDIZOR& form) {
@@ -184,7 +175,7 @@ void mnuExit_Click(MDIZOR& form) {
     RecoveryKeeper& data = form.recoveries.front();
     cancelled ? data.Keep() : data.Remove(); // nothing is lost: the next start offers the data
     FuSaveProjectFile(ps, ps.LastSessionFile, OpenCalculation(ps));
-    RemoveEmptyProtocol(ps);
+    DeleteEmptyProtocol(ps);
     CloseAllDialogs(form);
     // Likewise a list whose closing was cancelled, though the exit can't be.
     for (std::size_t i = 1; i < form.recoveries.size(); ++i)

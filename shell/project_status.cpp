@@ -4,9 +4,11 @@
 #include "data/folder_list.h"
 #include "engine/modes.h"
 #include "engine/reaction_catalogue.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {
@@ -35,7 +37,8 @@ bool AddDataFile(std::string& text, const std::string& dataFile) {
          {"    data file " + UpperCase(FileName(dataFile)) + "    (file date  " +
               host().fileDate(dataFile) + ")",
           kIndent + ("with " + std::to_string(count)) + " measuring point",
-          kIndent + ("time unit: " + unit), kIndent + ("comment: " + comment), std::string(),
+          kIndent + ("time unit: " + unit),
+          kIndent + ("comment: " + Shortened(comment, kShownComment)), std::string(),
           std::string("The table of the experimental data can be viewed at icon 5 (yellow)"),
           std::string("and at \"Data / Editor exper.data view/edit\""), std::string(),
           std::string("Now you can select the suited method for the evaluation"),
@@ -65,7 +68,8 @@ std::string ProjectStatusText(const Workspace& ps, const std::string& dataFile) 
                                  : "    no set of exper. data available");
     }
     add("project comment:");
-    add(ps.ProjectComment.empty() ? "   (none)" : kIndent + ps.ProjectComment);
+    add(ps.ProjectComment.empty() ? "   (none)"
+                                  : kIndent + Shortened(ps.ProjectComment, kShownComment));
     add("   (comment can be changed when saving the project)");
     return text;
 }

@@ -1,13 +1,13 @@
 #include "shell/start_up.h"
 
 #include "data/project_file.h"
+#include "data/protocol_name.h"
 #include "dialogs/common/names.h"
 #include "dialogs/common/time_unit_change.h"
 #include "dialogs/data/frm_zxy_editor.h"
-#include "platform/files.h"
+#include "platform/paths.h"
 #include "shell/command_steps.h"
 #include "shell/project_commands.h"
-#include "shell/protocol_name.h"
 #include "shell/user_folder.h"
 #include "simulations/blood_alcohol.h"
 
@@ -39,8 +39,7 @@ void MDIZOR_Load(MDIZOR& form) {
     for (const int index : {8, 16})
         form.Tool(index).enabled = false;
     form.Entry("mnuEditDat").enabled = false;
-    ps.ProtocolFile = NextProtocolName(
-        ps.ProgramDir, form.protocolDate.empty() ? DateDigits() : form.protocolDate);
+    ps.ProtocolFile = NextProtocolName(ps);
     PlaceDialogs(form.ps.desktop);
     KeepUnsavedWork(form);
     UpdateAvailability(form);

@@ -29,14 +29,12 @@ struct FieldSize {
 
     int N0() const { return n * n; }
 };
-inline constexpr std::array<FieldSize, 6> kFieldSizes{
-    {{"100", 10, 15, false, 0.06},
-     {"500", 23, 12, false, 0.00005},
-     {"1000", 32, 10, false, 1e-8},
-     {"5000", 70, 10, false, 1e-8},
-     {"10000", 95, 10, true, 0},
-     {"100000", 300, 10, true, 0}}
-};
+inline constexpr std::array<FieldSize, 6> kFieldSizes{{{"100", 10, 15, false, 0.06},
+                                                       {"500", 23, 12, false, 0.00005},
+                                                       {"1000", 32, 10, false, 1e-8},
+                                                       {"5000", 70, 10, false, 1e-8},
+                                                       {"10000", 95, 10, true, 0},
+                                                       {"100000", 300, 10, true, 0}}};
 
 /// A choice of the equilibrium constant K = N(P)/N(A).
 struct EquilibriumChoice {
@@ -44,8 +42,7 @@ struct EquilibriumChoice {
     float K;
 };
 inline constexpr std::array<EquilibriumChoice, 3> kEquilibriumChoices{
-    {{"K = 0.5", 0.5F}, {"K = 1", 1.0F}, {"K = 2", 2.0F}}
-};
+    {{"K = 0.5", 0.5F}, {"K = 1", 1.0F}, {"K = 2", 2.0F}}};
 
 /// The texts of a game.
 struct GameTexts {

@@ -22,6 +22,7 @@ public:
         calls.fchmod = Wrap(real.fchmod);
         calls.fsync = Wrap(real.fsync);
         calls.rename = Wrap(real.rename);
+        calls.link = Wrap(real.link);
         calls.close = [this, real](int file) { // a failing close has closed all the same
             const int result = real.close(file);
             return Strikes() ? Fail() : result;

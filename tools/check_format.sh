@@ -9,7 +9,7 @@ mapfile -d '' files < <(find "${rooms[@]}" \( -name '*.h' -o -name '*.cpp' \) -p
 status=0
 
 unformatted=$(printf '%s\0' "${files[@]}" |
-  xargs -0 -n 40 -P 2 clang-format --dry-run -Werror 2>&1 |
+  xargs -0 clang-format --dry-run -Werror 2>&1 |
   sed -n 's/:[0-9]*:[0-9]*: error: .*//p' | sort -u || true)
 if [ -n "$unformatted" ]; then
   printf 'clang-format -i is due on:\n%s\n' "$unformatted"

@@ -2,6 +2,7 @@
 
 #include "bench/reference/rate_laws_reference.h"
 #include "engine/arithmetic.h"
+#include "engine/closed_forms.h"
 #include "engine/rate_laws.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
@@ -309,7 +310,7 @@ void calc_diagram_function(ProjectState& ps, int model, double tEnd, bool& err) 
             cSim(ps, s)[0] = ps.c0[At(s)];
     ps.tHalfA = 0;
     ps.tHalfB = 0;
-    if (PackedSize(model) > 0) {
+    if (!HasClosedForm(model)) {
         IntegrateCourse(ps, model, tEnd, dt);
     } else {
         const Quadratic pre = Prepare(ps, model, err);

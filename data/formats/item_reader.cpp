@@ -1,5 +1,6 @@
 #include "data/formats/item_reader.h"
 
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <cmath>
@@ -13,6 +14,8 @@ constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kBlanks = " \t";
 /// Characters of a foreign text that a message shows.
 constexpr std::size_t kQuotedLength = 24;
+/// It stands in every caption and heading with a unit.
+constexpr std::size_t kLongestUnit = 40;
 
 } // namespace
 
@@ -53,6 +56,13 @@ std::string ItemReader::Word(const char* what) {
     std::string word(line.substr(0, line.find(',')));
     std::erase(word, '"');
     return Trim(word);
+}
+
+std::string ItemReader::TimeUnit() {
+    std::string unit = Word("time unit");
+    if (CountCharacters(unit) > kLongestUnit)
+        Fail("time unit", "longer than " + std::to_string(kLongestUnit) + " characters");
+    return unit;
 }
 
 std::string_view ItemReader::Item(const char* what) {

@@ -26,6 +26,8 @@ public:
 
     /// The rest of the line. Errors: FormatError when nothing follows.
     std::string Line(const char* what);
+    /// A time unit: a Word of at most 40 characters.
+    std::string TimeUnit();
     /// The text up to a comma or the line end, without blanks around it and without quotes; what
     /// follows the comma in this line is passed over.
     /// Errors: FormatError when nothing follows, or when the text ends without a line end: then it

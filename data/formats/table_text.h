@@ -57,11 +57,14 @@ std::optional<double> ParseCell(std::string_view cell, DecimalSign sign);
 struct TableNumbers {
     std::size_t Rows() const { return rowStart.size() - 1; }
     std::size_t Columns() const; ///< of the longest row
+    bool AnyNumber() const;      ///< of a text that was read
     std::span<const double> Row(std::size_t row) const {
         return std::span(values).subspan(rowStart[row], rowStart[row + 1] - rowStart[row]);
     }
     std::vector<double> values;
     std::vector<std::uint32_t> rowStart{0};
+    /// Whether the text held a number there, by cell; empty: all did. The others count as 0.
+    std::vector<bool> filled;
     int badCells = 0;        ///< texts that are no numbers; they count as 0
     int firstBadLine = 0;    ///< row of the text, from 1; 0: none
     bool columnsCut = false; ///< a row had more than kMaxColumns

@@ -1,6 +1,6 @@
 #include "data/formats/xy.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <cmath>

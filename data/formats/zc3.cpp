@@ -1,13 +1,12 @@
 #include "data/formats/zc3.h"
 
-#include "platform/files.h"
+#include "engine/project_state.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 namespace zorvant {
 namespace {
 
-constexpr int kModelCount = 20;
-constexpr int kSpeciesCount = 5;
 constexpr int kFirstModel = 2; ///< of a fresh program
 
 void ReadHead(ItemReader& reader, Zc3File& file) {
@@ -15,6 +14,8 @@ void ReadHead(ItemReader& reader, Zc3File& file) {
     file.comment = reader.Line("comment");
     std::string name = reader.Line("name of the data file");
     std::erase(name, '"');
+    if (std::ranges::any_of(name, [](unsigned char c) { return c < 0x20 || c == 0x7F; }))
+        throw FormatError("the name of the data file has control characters: " + Quoted(name));
     file.dataFile = name;
 }
 
@@ -37,14 +38,14 @@ void PassNumbers(ItemReader& reader, int count) {
 
 int ReadModel(ItemReader& reader) {
     const int model = IntegerLine(reader, "model number");
-    if ((model < 1 || model > kModelCount) && model != kEnzymeWithRcS)
+    if ((model < 1 || model > kModels) && model != kEnzymeWithRcS)
         throw FormatError("there is no model " + std::to_string(model));
     return model;
 }
 
 void ReadConcentrations(ItemReader& reader, Zc3File& file) {
     const int count = IntegerLine(reader, "number of concentrations");
-    if (count < 0 || count > kSpeciesCount)
+    if (count < 0 || count > kSpecies)
         throw FormatError("the number of concentrations is " + std::to_string(count));
     for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
         file.c0[i] = NumberLine(reader, "concentration");
@@ -60,13 +61,13 @@ void ReadLines(ItemReader& reader, Zc3File& file) {
     ReadConcentrations(reader, file);
     // A species that does not exist would be a wrong place in every table.
     const int species = IntegerLine(reader, "species of the scale");
-    file.scaleSpecies = species >= 1 && species <= kSpeciesCount ? species : 1;
+    file.scaleSpecies = species >= 1 && species <= kSpecies ? species : 1;
     file.scaleOneSpecies = IntegerLine(reader, "scale by one species") == -1;
     PassNumbers(reader, 4);
     file.tMax = NumberLine(reader, "end of the time axis");
     file.tVerweil = NumberLine(reader, "residence time");
     PassNumbers(reader, 2);
-    file.timeUnit = reader.Word("time unit");
+    file.timeUnit = reader.TimeUnit();
     // The last line is empty and reserved; that it was written shows in the end of the line before.
 }
 
@@ -104,7 +105,7 @@ std::string WriteZc3(const Zc3File& file) {
     line(std::to_string(file.model.value_or(kFirstModel)));
     line(number(file.k[0]) + "," + number(file.k[1]) + "," + number(file.k[2]));
     line(std::to_string(file.window));
-    line(std::to_string(kSpeciesCount));
+    line(std::to_string(kSpecies));
     for (const auto& c : file.c0)
         line(number(c));
     line(std::to_string(file.scaleSpecies.value_or(1)));

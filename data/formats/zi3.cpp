@@ -1,6 +1,6 @@
 #include "data/formats/zi3.h"
 
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "platform/number_text.h"
 
 #include <cmath>
@@ -16,7 +16,7 @@ constexpr std::size_t kRowBytes = 64;
 Zi3Head ReadHead(ItemReader& reader) {
     Zi3Head head;
     head.comment = reader.Line("comment");
-    head.timeUnit = reader.Word("time unit");
+    head.timeUnit = reader.TimeUnit();
     (void)reader.Line("column heads");
     head.count = reader.Integer("number of measuring points");
     if (head.count < 0)

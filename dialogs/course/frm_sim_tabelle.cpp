@@ -2,9 +2,11 @@
 
 #include "dialogs/common/names.h"
 #include "engine/sim_table.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {

@@ -7,7 +7,7 @@ frmCommentInput::frmCommentInput(Workspace& state)
     modal = true;
     helpTopic = 7012;
     cmdOK.isDefault = true;
-    cmdAbort.isCancel = true;
+    onEscape = [this] { UnloadForm(ps.desktop, *this); }; // the comment stays
     onLoad = [this] {
         txtDatComm.text = ps.ProjectComment;
         txtDatComm.selectAll = true;

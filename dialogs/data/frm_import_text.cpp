@@ -1,15 +1,15 @@
 #include "dialogs/data/frm_import_text.h"
 
 #include "data/pasted_table.h"
+#include "data/table_heads.h"
 #include "dialogs/common/names.h"
 #include "engine/reaction_catalogue.h"
-#include "engine/time_units.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace zorvant {
 namespace {
@@ -30,60 +30,35 @@ struct Separator {
 constexpr std::array<Separator, 4> kSeparators{
     {{"Tab", '\t'}, {"Semicolon ;", ';'}, {"Comma ,", ','}, {"Blanks", ' '}}};
 
-/// Heads by which a field is told. They are compared without what stands behind a "/" or "[", and
-/// without blanks; those of one letter with regard to case, since t is the time and T the
-/// temperature.
-struct FieldHeads {
-    int field;
-    const char* heads; ///< blanks between them
-};
-constexpr FieldHeads kFieldHeads[] = {
-    {kExpTime, "t time zeit r(P) r rate"},
-    {1, "c(A) cA A c c(E) conc"},
-    {2, "c(B) cB B c(S) cS S"},
-    {3, "c(C) cC C c(ES) cES ES"},
-    {4, "c(P) cP P product produkt"},
-    {5, "c(Q) cQ Q"},
-    {kExpLambda, "lambda signal absorbance extinction abs"},
-    {kExpTemperature, "T temperature temperatur temp"},
-    {kExpRate, "k k1 k(1) rateconstant"},
-};
-
 std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
 }
 
-std::string PlainHead(const std::string& head) {
-    std::string plain = head.substr(0, head.find_first_of("/["));
-    std::erase(plain, ' ');
-    return plain;
+/// The heading of the column that was chosen for a field.
+std::string HeadOf(const frmImportText& form, int field) {
+    const int column = form.cmbField(field).index - 1;
+    return column >= 0 && Index(column) < form.guess.heads.size() ? form.guess.heads[Index(column)]
+                                                                  : std::string();
 }
 
-/// Returned: -1 when the head names no field.
-int FieldOfHead(const std::string& head) {
-    const std::string plain = PlainHead(head);
-    for (const FieldHeads& row : kFieldHeads)
-        for (const auto word : std::views::split(std::string_view(row.heads), ' ')) {
-            const std::string_view known(word.begin(), word.end());
-            if (known.size() == 1 ? plain == known : UpperCase(plain) == UpperCase(known))
-                return row.field;
-        }
-    return -1;
+bool Appends(const frmImportText& form) {
+    return form.optTarget.selected == 1 && form.ps.ExpPointCount > 0;
 }
 
-/// The time unit that the head of the column of times names: "Time/min", "t [h]"; empty: none.
-std::string UnitOfTimes(const frmImportText& form) {
-    const int column = form.cmbField(kExpTime).index - 1;
-    if (column < 0 || Index(column) >= form.guess.heads.size())
-        return {};
-    const std::string& head = form.guess.heads[Index(column)];
-    const std::size_t at = head.find_first_of("/[(");
-    if (at == std::string::npos)
-        return {};
-    std::string word = Trim(head.substr(at + 1));
-    while (word.ends_with(']') || word.ends_with(')'))
-        word.pop_back();
-    return std::ranges::find(kTimeUnits, word) == kTimeUnits.end() ? std::string() : word;
+/// The time unit that the list will have: its own when it is appended to, else that of the text.
+std::string UnitOfList(const frmImportText& form) {
+    const std::string unit = UnitOfHead(HeadOf(form, kExpTime), kExpTime).timeUnit;
+    return unit.empty() || Appends(form) ? form.ps.TimeUnitText : unit;
+}
+
+/// A row's value for a field in the units of the list; 0 where the text holds none.
+double ValueFor(const frmImportText& form, const TableNumbers& numbers, std::size_t row,
+                int field) {
+    const std::size_t column = Index(form.cmbField(field).index - 1);
+    const std::size_t cell = numbers.rowStart[row] + column;
+    if (cell >= numbers.rowStart[row + 1] || !numbers.filled[cell])
+        return 0;
+    return UnitOfHead(HeadOf(form, field), field).In(UnitOfList(form), numbers.values[cell]);
 }
 
 /// Entries "1: time/min" of the columns that can be chosen.
@@ -146,41 +121,82 @@ void ShowText(frmImportText& form) {
     ++grid.revision;
 }
 
+/// The fields that have a column.
+std::vector<int> ChosenFields(const frmImportText& form) {
+    std::vector<int> fields;
+    for (int field = 0; field < kExpColumns; ++field)
+        if (form.cmbField(field).index > 0)
+            fields.push_back(field);
+    return fields;
+}
+
+/// What happens to the units: "T in \u00B0C is converted", "c(A) in g/L is taken as it stands".
+std::string UnitsText(const frmImportText& form) {
+    std::string text;
+    for (int field = 0; field < kExpColumns; ++field) {
+        const HeadUnit unit = UnitOfHead(HeadOf(form, field), field);
+        const std::string column = kExpColumnNames[Index(field)] + (" in " + unit.text);
+        if (!unit.known)
+            text += "; " + column + " is not known and taken as it stands";
+        else if (unit.Converts(UnitOfList(form)))
+            text += "; " + column + " is converted";
+    }
+    return text;
+}
+
+/// Columns of the text that no field takes.
+std::string UnusedText(const frmImportText& form) {
+    std::string text;
+    for (std::size_t column = 0; column < form.numbers.Columns(); ++column) {
+        const int entry = static_cast<int>(column) + 1;
+        bool used = false;
+        for (const ComboBox& box : form.cmbField.items)
+            used = used || box.index == entry;
+        if (!used)
+            text += (text.empty() ? "" : ", ") + form.cmbField(0).items.at(Index(entry));
+    }
+    return text.empty() ? text : kCrLf + ("Columns not used: " + text);
+}
+
+/// How much will be read, and what will not.
+std::string CountText(const frmImportText& form) {
+    if (!form.numbers.AnyNumber())
+        return "The text holds no numbers.";
+    std::string text = std::to_string(form.numbers.Rows()) + " rows";
+    if (form.cmbField(kExpTime).index > 0)
+        text += "; times in " + UnitOfList(form);
+    text += UnitsText(form);
+    if (form.numbers.badCells > 0)
+        text += "; " + std::to_string(form.numbers.badCells) +
+                " cells are no numbers and count as 0, first in line " +
+                std::to_string(form.numbers.firstBadLine);
+    if (form.numbers.columnsCut)
+        text += "; columns behind the " + std::to_string(kMaxColumns) + "th are left out";
+    return text + UnusedText(form);
+}
+
 void ShowNumbers(frmImportText& form) {
     auto& grid = form.GridRead;
-    std::vector<int> fields;
+    const std::vector<int> fields = ChosenFields(form);
     grid.heads = {"row"};
     grid.columnWidths = {kNumberWidth};
-    for (int field = 0; field < kExpColumns; ++field)
-        if (form.cmbField(field).index > 0) {
-            fields.push_back(field);
-            grid.heads.emplace_back(kExpColumnNames[Index(field)]);
-            grid.columnWidths.push_back(kTextWidth);
-        }
+    for (const int field : fields) {
+        grid.heads.emplace_back(kExpColumnNames[Index(field)]);
+        grid.columnWidths.push_back(kTextWidth);
+    }
     grid.cells.clear();
     for (std::size_t row = 0; row < std::min(form.numbers.Rows(), kPreviewRows); ++row) {
-        const auto values = form.numbers.Row(row);
         std::vector<std::string> cells{std::to_string(row + 1)};
         for (const int field : fields) {
-            const std::size_t column = Index(form.cmbField(field).index - 1);
             ExpPoint point;
-            SetExpValue(point, field, column < values.size() ? values[column] : 0);
+            SetExpValue(point, field, ValueFor(form, form.numbers, row, field));
             cells.push_back(ExpCellText(point, field));
         }
         grid.cells.push_back(std::move(cells));
     }
     ++grid.revision;
-    std::string count = std::to_string(form.numbers.Rows()) + " rows";
-    if (const std::string unit = UnitOfTimes(form); !unit.empty())
-        count += "; times in " + unit;
-    if (form.numbers.badCells > 0)
-        count += "; " + std::to_string(form.numbers.badCells) +
-                 " cells are no numbers and count as 0, first in line " +
-                 std::to_string(form.numbers.firstBadLine);
-    if (form.numbers.columnsCut)
-        count += "; columns behind the " + std::to_string(kMaxColumns) + "th are left out";
-    form.lblCount.text = count;
-    form.cmdOK.enabled = form.numbers.Rows() > 0 && !fields.empty();
+    form.lblCount.text = CountText(form);
+    form.cmdOK.enabled = form.numbers.AnyNumber() && !fields.empty();
 }
 
 /// The controls as the guess has it.
@@ -211,8 +227,13 @@ bool AskForTextFile(frmImportText& form) {
 
 void Form_Load(frmImportText& form) {
     const std::string path = std::exchange(form.path, {});
+    const std::string pasted = std::exchange(form.pasted, {});
     form.optTarget(1).enabled = form.ps.ExpPointCount > 0;
     form.optTarget.selected = 0;
+    if (!pasted.empty()) {
+        TakeText(form, pasted, "clipboard", "");
+        return;
+    }
     if (!(path.empty() ? AskForTextFile(form) : TakeFile(form, path)))
         UnloadForm(form.ps.desktop, form);
 }
@@ -227,50 +248,98 @@ void SeparatorChosen(frmImportText& form) {
     ShowNumbers(form);
 }
 
+void SetChoices(frmImportText& form) {
+    for (const Separator& separator : kSeparators)
+        form.cmbSep.items.emplace_back(separator.caption);
+    form.cmbSep.index = 0;
+    form.cmbDecimal.items = {"as found", "point", "comma"};
+    form.cmbDecimal.index = kAsFound;
+    form.cmbDecimal.toolTip = " as found: told for each column from its numbers ";
+    form.updSkip.maximum = kMostSkipped;
+    for (int field = 0; field < kExpColumns; ++field)
+        form.lblField(field).text = kExpColumnNames[Index(field)];
+}
+
+void WireReading(frmImportText& form) {
+    form.cmdFile.onClick = [&form] { AskForTextFile(form); };
+    form.cmbSep.onClick = [&form] { SeparatorChosen(form); };
+    form.cmbDecimal.onClick = [&form] {
+        form.corrected = true;
+        ShowReading(form);
+    };
+    form.updSkip.onChange = [&form] { ShowReading(form); };
+    for (ComboBox& box : form.cmbField.items)
+        box.onClick = [&form] { ShowNumbers(form); };
+    form.optTarget.onClick = [&form](int) { ShowNumbers(form); };
+}
+
+void WireEnd(frmImportText& form) {
+    form.cmdOK.isDefault = true;
+    form.cmdOK.disabledTip = "no row of numbers, or no column for a field";
+    form.cmdCancel.isCancel = true;
+    form.cmdOK.onClick = [&form] { cmdOK_Click(form); };
+    form.cmdCancel.onClick = [&form] { UnloadForm(form.ps.desktop, form); };
+}
+
+/// The numbers as the user wants them read, who is asked where there are two ways.
+/// Returned: nothing when the user cancelled.
+std::optional<TableNumbers> DecidedNumbers(const frmImportText& form) {
+    if (form.corrected || form.guess.doubts.empty())
+        return form.numbers;
+    const Answer answer = AskWhichReading(
+        "The text can be read in two ways. It will be read:", form.guess, "Import text/CSV");
+    if (answer == Answer::Cancel)
+        return std::nullopt;
+    if (answer == Answer::Yes)
+        return form.numbers;
+    TableLayout other = OtherReading(form.guess);
+    other.skipLines = form.updSkip.value;
+    return ReadTable(form.text, other);
+}
+
+/// The numbers of these fields in the units of the list.
+TableNumbers Converted(const frmImportText& form, const TableNumbers& numbers,
+                       const std::vector<int>& fields) {
+    TableNumbers table;
+    for (std::size_t row = 0; row < numbers.Rows(); ++row) {
+        for (const int field : fields)
+            table.values.push_back(ValueFor(form, numbers, row, field));
+        table.rowStart.push_back(static_cast<std::uint32_t>(table.values.size()));
+    }
+    return table;
+}
+
 } // namespace
 
 frmImportText::frmImportText(Workspace& state, frmDatedit& dataEditor)
     : Form(name::kImportText, "Import text/CSV"), ps(state), editor(dataEditor) {
     modal = true;
     helpTopic = kHelpImport;
-    for (const Separator& separator : kSeparators)
-        cmbSep.items.emplace_back(separator.caption);
-    cmbSep.index = 0;
-    cmbDecimal.items = {"as found", "point", "comma"};
-    cmbDecimal.index = kAsFound;
-    cmbDecimal.toolTip = " as found: told for each column from its numbers ";
-    updSkip.maximum = kMostSkipped;
-    for (int field = 0; field < kExpColumns; ++field)
-        lblField(field).text = kExpColumnNames[Index(field)];
-    cmdOK.isDefault = true;
-    cmdOK.disabledTip = "no row of numbers, or no column for a field";
-    cmdCancel.isCancel = true;
-
     onLoad = [this] { Form_Load(*this); };
-    cmdFile.onClick = [this] { AskForTextFile(*this); };
-    cmbSep.onClick = [this] { SeparatorChosen(*this); };
-    cmbDecimal.onClick = [this] {
-        corrected = true;
-        ShowReading(*this);
-    };
-    updSkip.onChange = [this] { ShowReading(*this); };
-    for (int field = 0; field < kExpColumns; ++field)
-        cmbField(field).onClick = [this] { ShowNumbers(*this); };
-    cmdOK.onClick = [this] { cmdOK_Click(*this); };
-    cmdCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
+    SetChoices(*this);
+    WireReading(*this);
+    WireEnd(*this);
     Declare();
 }
 
 bool TakeFile(frmImportText& form, const std::string& path) {
+    std::string text;
     try {
-        form.text = DecodeTableText(ReadFile(path));
+        text = DecodeTableText(ReadFile(path));
     } catch (const FileError& error) {
         ShowMessage(error.what(), kRefused, Icon::Critical);
         return false;
     }
-    form.lblFile.text = FileName(path);
-    form.lblFile.toolTip = path;
     form.ps.DataDir = DirectoryOf(path);
+    TakeText(form, text, FileName(path), path);
+    return true;
+}
+
+void TakeText(frmImportText& form, const std::string& text, const std::string& title,
+              const std::string& toolTip) {
+    form.text = text;
+    form.lblFile.text = title;
+    form.lblFile.toolTip = toolTip;
     ShowGuess(form);
     ShowText(form);
     form.numbers = ReadTable(form.text, LayoutOf(form));
@@ -278,7 +347,34 @@ bool TakeFile(frmImportText& form, const std::string& path) {
     ListColumns(form, columns);
     AssignColumns(form, columns);
     ShowReading(form);
-    return true;
+}
+
+/// Headings that contradict the columns from the cursor on, or units that are not the list's.
+bool frmDatedit::PastedElsewhere(const std::string& text, int firstColumn) {
+    Form* const form = FindForm(ps.desktop, name::kImportText);
+    auto* const dialog = dynamic_cast<frmImportText*>(form);
+    const std::vector<std::string> headings = GuessTableLayout(text).heads;
+    const std::vector<int> fields = ColumnsForPaste(firstColumn, headings.size());
+    std::string contradictions;
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const int field = FieldOfHead(headings[i]);
+        if ((field >= 0 && field != fields[i]) ||
+            UnitOfHead(headings[i], fields[i]).Converts(ps.TimeUnitText))
+            contradictions += "    " + Trim(headings[i]) + " in the column of " +
+                              kExpColumnNames[Index(fields[i])] + kCrLf;
+    }
+    if (dialog == nullptr || contradictions.empty())
+        return false;
+    const Answer answer = Ask(
+        "The headings of the text do not fit the columns from the cursor on:" + std::string(kCrLf) +
+            kCrLf + contradictions + kCrLf +
+            "Open the import, which sorts columns and converts units? (No: paste as it stands)",
+        "Insert clipboard content", Icon::Question, Buttons::YesNoCancel);
+    if (answer == Answer::Yes) {
+        dialog->pasted = text;
+        ShowForm(ps.desktop, *dialog);
+    }
+    return answer != Answer::No;
 }
 
 TableLayout LayoutOf(const frmImportText& form) {
@@ -300,33 +396,17 @@ void ShowReading(frmImportText& form) {
 }
 
 void cmdOK_Click(frmImportText& form) {
-    TableNumbers numbers = form.numbers;
-    if (!form.corrected && !form.guess.doubts.empty()) {
-        const Answer answer =
-            Ask(JoinLines({"The text can be read in two ways. It will be read:", "",
-                           DoubtText(form.guess), "", "Is this right? (No: the other way)"}),
-                "Import text/CSV", Icon::Question, Buttons::YesNoCancel);
-        if (answer == Answer::Cancel)
-            return;
-        if (answer == Answer::No) {
-            TableLayout other = OtherReading(form.guess);
-            other.skipLines = form.updSkip.value;
-            numbers = ReadTable(form.text, other);
-        }
-    }
-    std::vector<int> columns(numbers.Columns(), -1);
-    for (int field = 0; field < kExpColumns; ++field) {
-        const int chosen = form.cmbField(field).index - 1;
-        if (chosen >= 0 && Index(chosen) < columns.size())
-            columns[Index(chosen)] = field;
-    }
+    const std::optional<TableNumbers> numbers = DecidedNumbers(form);
+    if (!numbers)
+        return;
+    const std::vector<int> fields = ChosenFields(form);
+    const TableNumbers table = Converted(form, *numbers, fields);
     frmDatedit& editor = form.editor;
-    const bool append = form.optTarget.selected == 1 && form.ps.ExpPointCount > 0;
     if (!editor.loaded) // its history must know the table before the import
         ShowForm(form.ps.desktop, editor);
     const bool done =
-        append ? PutNumbers(editor, numbers, columns, form.ps.ExpPointCount + 1, "importing")
-               : ReplaceByNumbers(editor, numbers, columns, "importing", UnitOfTimes(form));
+        Appends(form) ? PutNumbers(editor, table, fields, form.ps.ExpPointCount + 1, "importing")
+                      : ReplaceByNumbers(editor, table, fields, "importing", UnitOfList(form));
     if (!done)
         return;
     UnloadForm(form.ps.desktop, form);

@@ -39,15 +39,20 @@ struct frmImportText : Form {
     Button cmdOK{*this, "cmdOK", "Import"};
     Button cmdCancel{*this, "cmdCancel", "Cancel <Esc>"};
 
-    std::string path; ///< to be read at the next load; empty: the dialog asks
-    std::string text; ///< of the file
-    TableGuess guess; ///< of the text
+    std::string pasted; ///< to be read at the next load
+    std::string path;   ///< to be read at the next load; empty: the dialog asks
+    std::string text;   ///< of the file
+    TableGuess guess;   ///< of the text
     TableNumbers numbers;
     bool corrected = false; ///< the user has chosen separator or decimal sign
 };
 
 /// Reads a file and shows it. Returned: false when it can't be read (a box told).
 bool TakeFile(frmImportText& form, const std::string& path);
+/// Shows a text.
+/// Given: title, toolTip: where it comes from
+void TakeText(frmImportText& form, const std::string& text, const std::string& title,
+              const std::string& toolTip);
 /// The layout that the controls show.
 TableLayout LayoutOf(const frmImportText& form);
 /// Reads the text anew by the controls and shows the result.

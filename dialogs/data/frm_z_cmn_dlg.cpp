@@ -3,9 +3,11 @@
 #include "data/exp_file.h"
 #include "data/folder_list.h"
 #include "data/project_file.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,7 +18,6 @@ namespace {
 
 constexpr int kHelpFiles = 7011;
 constexpr int kPathWidth = 60;
-constexpr int kDeleteKey = 127;
 constexpr const char* kUp = "..";
 
 void Report(const frmZCmnDlg& form, const std::string& text) {
@@ -68,7 +69,7 @@ void PreviewData(frmZCmnDlg& form, const std::string& path) {
     if (!ok)
         return;
     form.Text1.enabled = true;
-    form.Text1.text = comment;
+    form.Text1.text = Shortened(comment, kShownComment);
     form.lblFileComment.text = "File comment:";
     form.lblFileComment.visible = true;
     form.Label7.text = " " + std::to_string(count) + " Measuring points";
@@ -82,7 +83,7 @@ void PreviewProject(frmZCmnDlg& form, const std::string& path) {
     if (!ok)
         return;
     form.Text1.enabled = true;
-    form.Text1.text = comment;
+    form.Text1.text = Shortened(comment, kShownComment);
     form.lblFileComment.text = "Project Comment";
     form.lblFileComment.visible = true;
     if (dataFile.empty()) {
@@ -91,6 +92,18 @@ void PreviewProject(frmZCmnDlg& form, const std::string& path) {
     }
     form.txtDatum.text = "   from  " + date;
     form.Label7.text = " " + dataFile + "   from  " + date;
+}
+
+/// The path of a file whose name may be written in capitals; the one that is given without such.
+std::string PathAnyCase(const std::string& path) {
+    std::error_code none;
+    if (std::filesystem::exists(path, none))
+        return path;
+    const std::string name = UpperCase(FileName(path));
+    for (const auto& entry : std::filesystem::directory_iterator(DirectoryOf(path), none))
+        if (UpperCase(entry.path().filename().string()) == name)
+            return entry.path().string();
+    return path;
 }
 
 void Accept(frmZCmnDlg& form) {
@@ -116,6 +129,49 @@ void SelectPresent(frmZCmnDlg& form) {
     filOpenList_Click(form);
 }
 
+void WireLists(frmZCmnDlg& form) {
+    form.dirOpenList.onDoubleClick = [&form] { dirOpenList_DoubleClick(form); };
+    form.filOpenList.onClick = [&form] { filOpenList_Click(form); };
+    form.filOpenList.onDoubleClick = [&form] {
+        filOpenList_Click(form);
+        if (form.filOpenList.index >= 0)
+            Accept(form);
+    };
+    form.filOpenList.onKeyPress = [&form](int& key) { filOpenList_KeyPress(form, key); };
+}
+
+void WireNameAndButtons(frmZCmnDlg& form) {
+    form.txtOpenFile.onChange = [&form] { form.dirOpenList.index = -1; };
+    form.txtOpenFile.onGotFocus = [&form] { form.txtOpenFile.selectAll = true; };
+    form.cmdOpenOK.onClick = [&form] { cmdOpenOK_Click(form); };
+    form.cmdOpenCancel.onClick = [&form] { UnloadForm(form.ps.desktop, form); };
+    form.cmdReturn.onClick = [&form] { cmdReturn_Click(form); };
+    form.cmdOpenOK.isDefault = true;
+    form.cmdOpenCancel.isCancel = true;
+}
+
+void SetUpPreview(frmZCmnDlg& form) {
+    form.Text1.locked = true;
+    form.Text1.multiLine = true;
+    form.Text1.enabled = false;
+    form.lblFileComment.visible = false;
+    form.cmdReturn.toolTip = " to higher directory ";
+}
+
+/// What the dialog shows when a question begins.
+void ShowQuestion(frmZCmnDlg& form, const FileQuestion& question) {
+    form.caption = question.title;
+    form.pattern = question.pattern.empty() ? "*.*" : question.pattern;
+    form.directory.clear();
+    GoTo(form, question.directory.empty() ? form.ps.ProgramDir : question.directory);
+    if (form.directory.empty()) // the last folder is gone
+        GoTo(form, ".");
+    form.txtOpenFile.text =
+        question.fullPath.empty() ? form.pattern : UpperCase(FileName(question.fullPath));
+    SelectPresent(form);
+    form.setFocus = &form.txtOpenFile;
+}
+
 } // namespace
 
 frmZCmnDlg::frmZCmnDlg(Workspace& state) : Form("frmZCmnDlg"), ps(state) {
@@ -123,43 +179,15 @@ frmZCmnDlg::frmZCmnDlg(Workspace& state) : Form("frmZCmnDlg"), ps(state) {
     helpTopic = kHelpFiles;
     left = 20;
     top = 216;
-    Text1.locked = true;
-    Text1.multiLine = true;
-    Text1.enabled = false;
-    lblFileComment.visible = false;
-    cmdReturn.toolTip = " to higher directory ";
-    cmdOpenOK.isDefault = true;
-    cmdOpenCancel.isCancel = true;
-    dirOpenList.onDoubleClick = [this] { dirOpenList_DoubleClick(*this); };
-    filOpenList.onClick = [this] { filOpenList_Click(*this); };
-    filOpenList.onDoubleClick = [this] {
-        filOpenList_Click(*this);
-        if (filOpenList.index >= 0)
-            Accept(*this);
-    };
-    filOpenList.onKeyPress = [this](int& key) { filOpenList_KeyPress(*this, key); };
-    txtOpenFile.onChange = [this] { dirOpenList.index = -1; };
-    txtOpenFile.onGotFocus = [this] { txtOpenFile.selectAll = true; };
-    cmdOpenOK.onClick = [this] { cmdOpenOK_Click(*this); };
-    cmdOpenCancel.onClick = [this] { UnloadForm(ps.desktop, *this); };
-    cmdReturn.onClick = [this] { cmdReturn_Click(*this); };
+    SetUpPreview(*this);
+    WireLists(*this);
+    WireNameAndButtons(*this);
     Declare();
 }
 
 void AskForFile(frmZCmnDlg& form, FileQuestion& question) {
     form.accepted = false;
-    form.onLoad = [&form, &question] {
-        form.caption = question.title;
-        form.pattern = question.pattern.empty() ? "*.*" : question.pattern;
-        form.directory.clear();
-        GoTo(form, question.directory.empty() ? form.ps.ProgramDir : question.directory);
-        if (form.directory.empty()) // the last folder is gone
-            GoTo(form, ".");
-        form.txtOpenFile.text =
-            question.fullPath.empty() ? form.pattern : UpperCase(FileName(question.fullPath));
-        SelectPresent(form);
-        form.setFocus = &form.txtOpenFile;
-    };
+    form.onLoad = [&form, &question] { ShowQuestion(form, question); };
     ShowForm(form.ps.desktop, form);
     if (form.loaded) // a host without a screen does not wait
         UnloadForm(form.ps.desktop, form);
@@ -196,7 +224,7 @@ void filOpenList_Click(frmZCmnDlg& form) {
 }
 
 void filOpenList_KeyPress(frmZCmnDlg& form, int& key) {
-    if (key != kDeleteKey)
+    if (key != kKeyDel)
         return;
     key = 0;
     const std::string name = SelectedFile(form);
@@ -213,6 +241,7 @@ void filOpenList_KeyPress(frmZCmnDlg& form, int& key) {
     }
     GoTo(form, form.directory);
     form.txtOpenFile.text.clear();
+    form.setFocus = &form.txtOpenFile; // nothing is chosen until somebody chooses
 }
 
 void cmdOpenOK_Click(frmZCmnDlg& form) {
@@ -225,7 +254,8 @@ void cmdOpenOK_Click(frmZCmnDlg& form) {
         Accept(form);
         return;
     }
-    const std::string path = typed.starts_with('/') ? typed : JoinPath(form.directory, typed);
+    const std::string path =
+        PathAnyCase(typed.starts_with('/') ? typed : JoinPath(form.directory, typed));
     if (!typed.empty() && std::filesystem::is_regular_file(path)) {
         form.directory = std::filesystem::path(path).parent_path().string();
         form.txtOpenFile.text = FileName(path);

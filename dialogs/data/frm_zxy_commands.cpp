@@ -1,12 +1,12 @@
-// The commands of the X-Y editor: lines and cells, clipboard, sorting, transforms, diagram, files.
-#include "data/pasted_table.h"
+// The commands of the X-Y editor: removing all, transforms, diagram, files, print.
+#include "data/file_dialog.h"
 #include "data/previous_version.h"
 #include "dialogs/data/frm_zxy_editor.h"
-#include "dialogs/data/grid_editing.h"
 #include "engine/arithmetic.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <array>
 #include <cmath>
@@ -15,7 +15,6 @@ namespace zorvant {
 namespace {
 
 constexpr const char* kRefused = "Execution not possible";
-constexpr int kXColumn = 2, kYColumn = 3;
 constexpr int kAll = 1; ///< entry of optDeleteXY
 /// Room beside the points of a new frame, as a part of their width.
 constexpr double kMargin = 0.05;
@@ -24,38 +23,6 @@ constexpr int kNoKind = 0;
 
 std::size_t Index(int i) {
     return static_cast<std::size_t>(i);
-}
-
-MarkedLines Marked(const frmZXYEditor& form) {
-    return Marked(form.Grid, form.ps.XYCount);
-}
-
-bool HasLines(const frmZXYEditor& form) {
-    return zorvant::HasLines(form.ps.XYCount);
-}
-
-void Sort(frmZXYEditor& form, float XYPoint::*column) {
-    if (!HasLines(form))
-        return;
-    MakeChange(form, "sorting", [&] {
-        std::stable_sort(
-            form.XYData.begin() + 1, form.XYData.begin() + 1 + form.ps.XYCount,
-            [column](const XYPoint& a, const XYPoint& b) { return a.*column < b.*column; });
-    });
-    Refill(form);
-    SetEditMode(form, form.EditMode);
-}
-
-void EraseAll(frmZXYEditor& form) {
-    if (Ask("Really delete everything?", "WARNING", Icon::Question, Buttons::YesNo) != Answer::Yes)
-        return;
-    MakeChange(form, "removing", [&] {
-        form.XYData.assign(1, {});
-        form.ps.XYCount = 0;
-    });
-    Refill(form);
-    SetEditMode(form, false);
-    form.lblZeile.text = " line 1";
 }
 
 using Transform = double (*)(double value, double w);
@@ -73,18 +40,16 @@ constexpr std::array<TransformRow, 6> kTransforms{{
     {[](double x, double) { return 1 - x; }, &XYPoint::x, false},
 }};
 
-struct Extremes {
-    double lower, upper;
-};
-
-/// The range of an axis around values from lower to upper.
-Range Widened(Extremes of) {
-    if (of.lower == of.upper) {
-        const double margin = of.lower == 0 ? 1 : std::abs(of.lower * kMargin);
-        return {NearestSingle(of.lower - margin), NearestSingle(of.upper + margin)};
-    }
-    const double margin = kMargin * (of.upper - of.lower);
-    return {NearestSingle(of.lower - margin), NearestSingle(of.upper + margin)};
+/// The range of an axis around the values of a column.
+Range RangeOf(const PointBuffer& points, float CurvePoint::*column) {
+    const auto [least, most] = std::minmax_element(
+        points.begin() + 1, points.end(),
+        [column](const auto& a, const auto& b) { return a.*column < b.*column; });
+    const double lower = static_cast<double>((*least).*column);
+    const double upper = static_cast<double>((*most).*column);
+    const double same = lower == 0 ? 1 : std::abs(lower * kMargin);
+    const double margin = lower == upper ? same : kMargin * (upper - lower);
+    return {NearestSingle(lower - margin), NearestSingle(upper + margin)};
 }
 
 /// The active lines, counted in element 0.
@@ -101,20 +66,12 @@ PointBuffer ActiveLines(const frmZXYEditor& form) {
 
 void BuildFrame(frmZXYEditor& form) {
     Workspace& ps = form.ps;
-    const PointBuffer& points = ps.ManualBuf;
-    Extremes x{static_cast<double>(points[1].x), static_cast<double>(points[1].x)};
-    Extremes y{static_cast<double>(points[1].y), static_cast<double>(points[1].y)};
-    for (std::size_t i = 2; i < points.size(); ++i) {
-        x = {std::min(x.lower, static_cast<double>(points[i].x)),
-             std::max(x.upper, static_cast<double>(points[i].x))};
-        y = {std::min(y.lower, static_cast<double>(points[i].y)),
-             std::max(y.upper, static_cast<double>(points[i].y))};
-    }
-    const Range xRange = Widened(x), yRange = Widened(y);
-    ps.Frame = {.xMin = xRange.lower,
-                .yMin = yRange.lower,
-                .xMax = xRange.upper,
-                .yMax = yRange.upper,
+    const Range x = RangeOf(ps.ManualBuf, &CurvePoint::x),
+                y = RangeOf(ps.ManualBuf, &CurvePoint::y);
+    ps.Frame = {.xMin = x.lower,
+                .yMin = y.lower,
+                .xMax = x.upper,
+                .yMax = y.upper,
                 .xTitle = "x",
                 .yTitle = "y",
                 .Header = form.txtComment.text,
@@ -132,7 +89,7 @@ void TakeFolder(frmZXYEditor& form, const std::string& path) {
 
 /// The list is that of its file now.
 void NoteSaved(frmZXYEditor& form) {
-    form.XYChanged = form.commentChanged = false;
+    form.XYChanged = form.textsChanged = false;
     form.saved = form.known;
 }
 
@@ -157,68 +114,25 @@ std::string AtColumns(std::initializer_list<std::pair<std::size_t, std::string>>
 
 // ---------------------------------------------------------------- lines and cells
 
-void cmdErase_Click(frmZXYEditor& form) {
-    if (!HasLines(form))
-        return;
-    if (form.optDeleteXY.selected == kAll) {
-        EraseAll(form);
+void cmdEraseXY_Click(frmZXYEditor& form) {
+    if (form.optDeleteXY.selected != kAll || form.ps.XYCount == 0) {
+        cmdErase_Click(form);
         return;
     }
-    const MarkedLines lines = Marked(form);
-    if (lines.last == 0) {
-        ShowMessage("No marked item!", kRefused, Icon::Critical);
+    if (Ask("Really delete everything?", "WARNING", Icon::Question, Buttons::YesNo) != Answer::Yes)
         return;
-    }
-    if (Ask(lines.Text() + " Really delete?", "WARNING", Icon::Question, Buttons::YesNo) !=
-        Answer::Yes)
-        return;
-    MakeChange(form, "removing", [&] {
-        const auto start = form.XYData.begin();
-        form.XYData.erase(start + lines.first, start + lines.last + 1);
-        form.ps.XYCount -= lines.last - lines.first + 1;
-    });
-    Refill(form);
-    SetEditMode(form, form.EditMode);
-}
-
-void cmdEraseSelected_Click(frmZXYEditor& form) {
-    const MarkedLines lines = Marked(form);
-    const GridRange marked = form.Grid.selection;
-    if (lines.last == 0 || marked.lastColumn < kXColumn) {
-        host().beep();
-        return;
-    }
-    MakeChange(form, "setting cells to 0", [&] {
-        for (int line = lines.first; line <= lines.last; ++line) {
-            XYPoint& point = form.XYData[Index(line)];
-            if (marked.firstColumn <= kXColumn)
-                point.x = 0;
-            if (marked.lastColumn >= kYColumn)
-                point.y = 0;
-        }
-    });
-    FillGrid(form);
-    form.XYChanged = true;
-    SetEditMode(form, form.EditMode);
-}
-
-void XSort_Click(frmZXYEditor& form) {
-    Sort(form, &XYPoint::x);
-}
-
-void YSort_Click(frmZXYEditor& form) {
-    Sort(form, &XYPoint::y);
+    RemoveLines(form, 1, form.ps.XYCount);
+    form.lblZeile.text = " line 1";
 }
 
 void cmdChangeXY_Click(frmZXYEditor& form) {
     if (!HasLines(form))
         return;
-    MakeChange(form, "interchange of x and y", [&] {
+    MakeChange(form, "interchange of x and y", ListState::Extent::Rows, [&] {
         for (int line = 1; line <= form.ps.XYCount; ++line)
             std::swap(form.XYData[Index(line)].x, form.XYData[Index(line)].y);
     });
     Refill(form);
-    SetEditMode(form, form.EditMode);
 }
 
 void optManip_Click(frmZXYEditor& form, int index) {
@@ -246,59 +160,9 @@ void cmdExecManip_Click(frmZXYEditor& form) {
                     kRefused, Icon::Critical);
         return;
     }
-    MakeChange(form, "\"" + form.optManip(chosen).text + "\"",
+    MakeChange(form, "\"" + form.optManip(chosen).text + "\"", ListState::Extent::Rows,
                [&] { form.XYData = std::move(changed); });
     Refill(form);
-    SetEditMode(form, form.EditMode);
-}
-
-// ---------------------------------------------------------------- clipboard
-
-void cmdClipboard_Click(frmZXYEditor& form) {
-    const auto [first, last] = Marked(form);
-    const GridRange& marked = form.Grid.selection;
-    if (last == 0 || marked.lastColumn < kXColumn) {
-        host().beep();
-        return;
-    }
-    TableNumbers numbers;
-    for (int line = first; line <= last; ++line) {
-        const XYPoint& point = form.XYData[Index(line)];
-        if (marked.firstColumn <= kXColumn)
-            numbers.values.push_back(static_cast<double>(point.x));
-        if (marked.lastColumn >= kYColumn)
-            numbers.values.push_back(static_cast<double>(point.y));
-        numbers.rowStart.push_back(static_cast<std::uint32_t>(numbers.values.size()));
-    }
-    host().setClipboardText(WriteTable(numbers));
-}
-
-void cmdClipEinfuegen_Click(frmZXYEditor& form) {
-    const std::optional<std::string> text = host().clipboardText();
-    if (!text || text->empty())
-        return;
-    const std::optional<TableNumbers> numbers = ReadPastedTable(*text);
-    if (!numbers)
-        return;
-    const PastePlace place = PlaceOfPaste(form.Grid, form.ps.XYCount, kXColumn);
-    const std::size_t first = Index(place.line);
-    // One column goes where the cursor stands, more than one into both.
-    const bool onlyY = numbers->Columns() == 1 && place.column == kYColumn;
-    MakeChange(form, "pasting", [&] {
-        form.XYData.resize(std::max(form.XYData.size(), first + numbers->Rows()));
-        form.ps.XYCount = static_cast<int>(form.XYData.size() - 1);
-        for (std::size_t i = 0; i < numbers->Rows(); ++i) {
-            const auto values = numbers->Row(i);
-            XYPoint& point = form.XYData[first + i];
-            if (!values.empty())
-                (onlyY ? point.y : point.x) = NearestSingle(values[0]);
-            if (values.size() > 1)
-                point.y = NearestSingle(values[1]);
-        }
-    });
-    Refill(form);
-    SetEditMode(form, true);
-    TellSurplusColumns(*numbers, 2);
 }
 
 // ---------------------------------------------------------------- diagram
@@ -329,33 +193,58 @@ void cmdDrawManu_Click(frmZXYEditor& form) {
 
 // ---------------------------------------------------------------- files
 
-void LoadIntoEditor(frmZXYEditor& form, const std::string& path) {
-    XYFile file;
+namespace {
+
+/// Nothing when the file can't be read (a box told).
+std::optional<XYFile> ReadPairs(const std::string& path) {
     try {
-        file = ParseXY(ReadFile(path));
+        return ParseXY(ReadFile(path));
     } catch (const std::runtime_error& error) { // FileError, FormatError
         ShowMessage(error.what(), "ERROR", Icon::Critical);
-        return;
+        return std::nullopt;
     }
-    MakeChange(form, "loading", [&] {
+}
+
+/// Makes a file's pairs the list as one step.
+/// Given: path: which the list then belongs to
+void ShowPairs(frmZXYEditor& form, const XYFile& file, const std::string& path,
+               const std::string& step) {
+    MakeChange(form, step, ListState::Extent::File, [&] {
         form.ps.XYFile = path;
-        form.XYData.assign(1, {});
-        form.XYData.insert(form.XYData.end(), file.points.begin(), file.points.end());
-        form.ps.XYCount = static_cast<int>(file.points.size());
+        SetPoints(form, file.points);
     });
-    TakeFolder(form, path);
     form.txtComment.text = file.comment;
-    form.caption = "Loaded: " + FileName(path);
+    form.EditMode = true;
     Refill(form);
-    SetEditMode(form, true);
+}
+
+void TellBadLines(const XYFile& file) {
+    if (file.badLines == 0)
+        return;
+    ShowMessage(
+        std::to_string(file.badLines) +
+            (file.badLines > 1 ? " lines are no pairs of numbers" : " line is no pair of numbers") +
+            " (line " + std::to_string(file.firstBadLine) + " of the file first)." + kCrLf +
+            "What could not be read counts as 0.",
+        "Not all could be read", Icon::Warning);
+}
+
+} // namespace
+
+void LoadIntoEditor(frmZXYEditor& form, const std::string& path) {
+    const std::optional<XYFile> file = ReadPairs(path);
+    if (!file)
+        return;
+    ShowPairs(form, *file, path, "loading");
+    TakeFolder(form, path);
+    form.caption = "Loaded: " + FileName(path);
     NoteSaved(form);
-    if (file.badLines > 0)
-        ShowMessage(std::to_string(file.badLines) +
-                        (file.badLines > 1 ? " lines are no pairs of numbers"
-                                           : " line is no pair of numbers") +
-                        " (line " + std::to_string(file.firstBadLine) + " of the file first)." +
-                        kCrLf + "What could not be read counts as 0.",
-                    "Not all could be read", Icon::Warning);
+    TellBadLines(*file);
+}
+
+void frmZXYEditor::LoadPrevious(const std::string& path) {
+    if (const std::optional<XYFile> file = ReadPairs(path))
+        ShowPairs(*this, *file, std::string(ps.XYFile), "previous version");
 }
 
 void cmdLoad_Click(frmZXYEditor& form) {
@@ -375,11 +264,12 @@ void cmdLoad_Click(frmZXYEditor& form) {
 void cmdSave_Click(frmZXYEditor& form) {
     if (!HasLines(form))
         return;
+    const SavePlace place = PlaceToSave(form.ps, form.ps.XYFile, form.ps.XYDir, ".XY");
     const std::optional<FileChoice> choice = host().chooseFile({
         .save = true,
         .title = "(Curve)Points Save as ... ",
-        .directory = form.ps.XYDir,
-        .name = form.ps.XYFile,
+        .directory = place.directory,
+        .name = place.name,
         .extension = ".XY",
         .filters = {{"x-y data (*.XY)", "*.XY"}},
         .overwritePrompt = true,

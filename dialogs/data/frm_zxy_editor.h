@@ -4,48 +4,22 @@
 
 #include "data/formats/xy.h"
 #include "data/recovery.h"
-#include "data/undo_history.h"
-#include "dialogs/common/workspace.h"
-#include "dialogs/diagram/diagram_document.h"
+#include "dialogs/data/list_editor.h"
 
 #include <string>
 #include <vector>
 
 namespace zorvant {
 
-/// What a step of undo brings back.
-struct XYListState {
-    TableSnapshot table; ///< x, y, inactive
-    std::string comment, file;
-};
-
-struct frmZXYEditor : Form {
+struct frmZXYEditor : ListEditor {
     frmZXYEditor(Workspace& state, DiagramDocument& diagramDocument);
 
-    Workspace& ps;
-    DiagramDocument& diagram;
-
-    Label lblComment{*this, "lblComment", "Comment"};
-    TextField txtComment{*this, "txtComment"};
-
     // --- the input line
-    Frame fraInput{*this, "fraInput", " Input line "};
-    OptionGroup optInputMode{*this, "optInputMode", {"add line", "edit line"}};
-    Label lblZeile{*this, "lblZeile", "line 1"};
     Array<Label, 2> lblY{*this, "lblY"};
     Array<TextField, 2> y{*this, "y"}; ///< x and y
-    Button OKinput{*this, "OKinput", "Transfer input data to list <+>"};
 
     // --- the list
-    zorvant::Grid Grid{*this, "Grid"};
-    Button cmdUndo{*this, "cmdUndo", "Undo"};
-    Button cmdRedo{*this, "cmdRedo", "Redo"};
-    Button cmdAus{*this, "cmdAus", "Line active/inactive"};
-    Button cmdErase{*this, "cmdErase", "Remove line(s)"};
     OptionGroup optDeleteXY{*this, "optDeleteXY", {"Marked line(s)", "all"}};
-    Button cmdEraseSelected{*this, "cmdEraseSelected", "Marked cell(s) => 0"};
-    Button cmdClipboard{*this, "cmdClipboard", "Copy"};
-    Button cmdClipEinfuegen{*this, "cmdClipEinfuegen", "Insert clipboard content"};
     Button XSort{*this, "XSort", "x-Sorting"};
     Button YSort{*this, "YSort", "y-Sorting"};
     Button cmdChangeXY{*this, "cmdChangeXY", "x <==> y"};
@@ -74,19 +48,27 @@ struct frmZXYEditor : Form {
     Button cmdEsc{*this, "cmdEsc", "Close <Esc>"};
 
     std::vector<XYPoint> XYData = std::vector<XYPoint>(1); ///< lines from index 1; 0: count in x
-    int EditLine = 1;
-    bool EditMode = false;
     bool XYChanged = false;
-    bool commentChanged = false; ///< which undo does not take back
     bool AsCurve = false;
 
-    UndoHistory<XYListState> history;
-    TableSnapshot known; ///< the list as the history knows it
-    TableSnapshot saved; ///< the list as its file holds it
-    /// What the boxes were given; a box that still shows it leaves the value with all its digits.
-    std::array<std::string, 2> shown;
+    int Rows() const override { return ps.XYCount; }
+    double Value(int row, int column) const override;
+    void SetValue(int row, int column, double value) override;
+    std::string CellText(int row, int column) const override;
+    void Resize(int rows) override;
+    void Arrange(const std::vector<int>& order) override;
+
+    void SetChanged(bool changed) override { XYChanged = changed; }
+    void RefreshCommands() override;
+    std::vector<int> ColumnsForPaste(int first, std::size_t count) const override;
+    std::string FileOfList() const override { return ps.XYFile; }
+    void LoadPrevious(const std::string& path) override;
+    void Keep(ListState& state) const override;
+    void BringBack(const ListState& state, const ListState& other) override;
 };
 
+/// Makes points the whole list.
+void SetPoints(frmZXYEditor& form, const std::vector<XYPoint>& points);
 /// Reads a list into the editor as "Load data" does, without the question for its name.
 void LoadIntoEditor(frmZXYEditor& form, const std::string& path);
 /// What keeps a changed list for the case of a crash.
@@ -95,19 +77,7 @@ RecoveryKind ListRecovery(frmZXYEditor& form);
 /// Given: fileDate: of the file, or today's date and time without one; seconds are cut
 std::string PrintedList(const frmZXYEditor& form, const std::string& fileDate);
 
-void y_KeyPress(frmZXYEditor& form, int index, int& key);
-void OKinput_Click(frmZXYEditor& form);
-void optInputMode_Click(frmZXYEditor& form, int mode);
-void Grid_Edit(frmZXYEditor& form, int row, int column);
-void cmdAus_Click(frmZXYEditor& form);
-void cmdErase_Click(frmZXYEditor& form);
-void cmdEraseSelected_Click(frmZXYEditor& form);
-void cmdClipboard_Click(frmZXYEditor& form);
-void cmdClipEinfuegen_Click(frmZXYEditor& form);
-void cmdUndo_Click(frmZXYEditor& form);
-void cmdRedo_Click(frmZXYEditor& form);
-void XSort_Click(frmZXYEditor& form);
-void YSort_Click(frmZXYEditor& form);
+void cmdEraseXY_Click(frmZXYEditor& form);
 void cmdChangeXY_Click(frmZXYEditor& form);
 void optManip_Click(frmZXYEditor& form, int index);
 void cmdExecManip_Click(frmZXYEditor& form);
@@ -115,15 +85,5 @@ void cmdDrawManu_Click(frmZXYEditor& form);
 void cmdLoad_Click(frmZXYEditor& form);
 void cmdSave_Click(frmZXYEditor& form);
 void cmdPrint_Click(frmZXYEditor& form);
-void cmdEsc_Click(frmZXYEditor& form);
-
-// --- pieces of the commands
-void MakeChange(frmZXYEditor& form, const std::string& name, const Handler& change);
-void FillGrid(frmZXYEditor& form);
-/// Lists the changed list anew, from its first row on; refreshes the buttons.
-void Refill(frmZXYEditor& form);
-void EnableListCommands(frmZXYEditor& form);
-void SetEditMode(frmZXYEditor& form, bool edit);
-void ShowInputLine(frmZXYEditor& form);
 
 } // namespace zorvant

@@ -2,6 +2,7 @@
 // inactive lines, and behind the comment the name of the file whose changes it keeps.
 #include "data/formats/table_text.h"
 #include "dialogs/data/frm_zxy_editor.h"
+#include "platform/encoding.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -56,7 +57,8 @@ ListCopy ReadCopy(const std::string& path) {
 std::vector<std::string> Describe(const std::string& path) {
     const ListCopy list = ReadCopy(path);
     return {std::to_string(list.points.size()) + " lines, " + host().fileDate(path),
-            "file: " + (list.path.empty() ? "(unnamed)" : list.path), "comment: " + list.comment};
+            "file: " + (list.path.empty() ? "(unnamed)" : list.path),
+            "comment: " + Shortened(list.comment, kShownComment)};
 }
 
 bool Take(frmZXYEditor& form, const std::string& path) {
@@ -68,16 +70,14 @@ bool Take(frmZXYEditor& form, const std::string& path) {
         return false;
     }
     ShowForm(form.ps.desktop, form);
-    MakeChange(form, "recovery", [&] {
+    MakeChange(form, "recovery", ListState::Extent::File, [&] {
         form.ps.XYFile = list.path;
-        form.ps.XYCount = static_cast<int>(list.points.size());
-        form.XYData.assign(1, {});
-        form.XYData.insert(form.XYData.end(), list.points.begin(), list.points.end());
+        SetPoints(form, list.points);
     });
     form.txtComment.text = list.comment;
-    form.commentChanged = true;
+    form.textsChanged = true;
+    form.EditMode = true;
     Refill(form);
-    SetEditMode(form, true);
     return true;
 }
 

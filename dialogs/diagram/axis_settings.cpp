@@ -1,5 +1,6 @@
 #include "dialogs/diagram/axis_settings.h"
 
+#include "diagrams/plot_extent.h"
 #include "dialogs/diagram/coordinates.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -123,6 +124,21 @@ void cmdZoomReset_Click(Workspace& ps, DiagramDocument& doc) {
     cmdCoord_OK_Click(ps, doc);
     optScaling_Click(doc, 1);
     optScaling_Click(doc, 0);
+}
+
+void cmdShowAll_Click(Workspace& ps, DiagramDocument& doc) {
+    const std::optional<PlotExtent> all = ExtentOfAll(doc.surface);
+    if (!all)
+        return;
+    const PlotBatch batch(doc.surface);
+    CancelZoom(doc);
+    // As after a zoom the boxes keep the frame of before, so that "Zoom back" leads there.
+    ps.Frame.xMin = all->x.lower;
+    ps.Frame.xMax = all->x.upper;
+    ps.Frame.yMin = all->y.lower;
+    ps.Frame.yMax = all->y.upper;
+    FuKoordSetzen(ps.Frame, doc.surface);
+    ChooseAutomaticScaling(doc);
 }
 
 void ReleaseZoom(Workspace& ps, DiagramDocument& doc, bool leftButton, double px, double py) {

@@ -27,6 +27,8 @@ void cmdGitterFarbe_Click(DiagramDocument& doc);
 
 void cmdZoom_Click(DiagramDocument& doc);
 void cmdZoomReset_Click(Workspace& ps, DiagramDocument& doc);
+/// The frame that holds all curves and points.
+void cmdShowAll_Click(Workspace& ps, DiagramDocument& doc);
 /// A mouse button was released over the chart: the left one ends a zoom, and the frame takes what
 /// the axes show. A rectangle so small that Single can't tell its limits apart is not taken.
 void ReleaseZoom(Workspace& ps, DiagramDocument& doc, bool leftButton, double px, double py);

@@ -1,28 +1,13 @@
-// The frame of a diagram: where its numbers come from and go to, how it is applied to the plot
-// surface and how the user changes it.
+// How the user changes the frame of a diagram and the spacings of its axes.
 #pragma once
 
+#include "diagrams/ranges.h"
 #include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
 
-/// The four limits of the frame from the memory of ranges; an unknown kind leaves them.
-void FuKoordLesen(const Workspace& ps, int kind, const KoordMemory& memory, DiaKoord& frame);
-
-/// The limits back into the memory. Kinds with fixed limits store nothing.
-void FuKoordMerken(const Workspace& ps, int kind, KoordMemory& memory, const DiaKoord& frame);
-
-/// The ranges that measured points need, with a margin of a twentieth of their width.
-/// Given:    a negative kind; any other does nothing; all rows count, switched-off ones too
-/// Returned: ps.Memory
-/// Formula:  m = (upper - lower)/20; RngT, RngC and RngR grow at their upper end only
-void FuDatenBereiche(Workspace& ps, int kind);
-
-/// Applies the frame to the plot surface: axes X, Y and Y2, and the hidden series that spans it.
-void FuKoordSetzen(Workspace& ps, DiagramDocument& doc);
-
-/// Whether a point lies in the frame, its edges included.
-bool InsideFrame(const DiaKoord& frame, double x, double y);
+/// Connects the boxes and buttons of coordinates and spacings.
+void WireCoordinates(Workspace& ps, DiagramDocument& doc);
 
 // --- panels
 void mnuCoord_Click(Workspace& ps, DiagramDocument& doc);
@@ -44,8 +29,8 @@ enum class SpacingBox { XGrid, YGrid, XTick, YTick, XNumber, YNumber };
 /// A change in a spacing box is given to its axis at once. A number that the axis refuses changes
 /// nothing yet, because typing passes through such numbers.
 void SpacingBox_Change(DiagramDocument& doc, SpacingBox which);
-/// The box is left, or Enter pressed in it: where its number is refused, the axis takes the automatic
-/// value and the box shows that.
+/// The box is left, or Enter pressed in it: where its number is refused, the axis takes the
+/// automatic value and the box shows that.
 void SpacingBox_Leave(DiagramDocument& doc, SpacingBox which);
 /// Enter leaves the box.
 void SpacingBox_KeyPress(DiagramDocument& doc, SpacingBox which, int& key);

@@ -1,19 +1,17 @@
 #include "dialogs/diagram/curve_export.h"
 
+#include "data/field_separator.h"
 #include "data/formats/xy.h"
 #include "data/previous_version.h"
-#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
-
-#include <algorithm>
-#include <array>
+#include "platform/paths.h"
 
 namespace zorvant {
 namespace {
 
-constexpr std::array<const char*, 3> kDelimiters{";", ",", "\t"}; ///< by index of cmbSep
 constexpr const char* kComment = "\"Curve points\"";
 
 /// The points of a curve; holes are none.
@@ -27,6 +25,14 @@ std::vector<XYPoint> PointsOf(const PlotSeries& series) {
 }
 
 } // namespace
+
+void WireCurveExport(Workspace& ps, DiagramDocument& doc) {
+    doc.cmdClipboard.onClick = [&doc] { cmdClipboard_Click(doc); };
+    doc.cmdClipboard.toolTip = "x and y with a tab between them, one line for each point";
+    doc.cmdSaveCurveAsXY.onClick = [&ps, &doc] { cmdSaveCurveAsXY_Click(ps, doc); };
+    doc.cmbSep.items = {";", ",", "Tab"};
+    doc.cmbSep.onClick = [&ps, &doc] { cmbSep_Click(ps, doc); };
+}
 
 void cmdClipboard_Click(DiagramDocument& doc) {
     const int slot = SlotOfFrontPage(doc);
@@ -68,14 +74,12 @@ void cmdSaveCurveAsXY_Click(Workspace& ps, DiagramDocument& doc) {
 }
 
 void cmbSep_Click(Workspace& ps, DiagramDocument& doc) {
-    const auto index = static_cast<std::size_t>(std::clamp(doc.cmbSep.index, 0, 2));
-    ps.CsvSep = kDelimiters.at(index);
+    if (doc.cmbSep.index >= 0)
+        ps.CsvSep = kFieldSeparators.at(static_cast<std::size_t>(doc.cmbSep.index)).text;
 }
 
 void ShowDelimiter(const Workspace& ps, DiagramDocument& doc) {
-    const auto found = std::ranges::find(kDelimiters, ps.CsvSep);
-    doc.cmbSep.index = found == kDelimiters.end() ? static_cast<int>(kDelimiters.size()) - 1
-                                                  : static_cast<int>(found - kDelimiters.begin());
+    doc.cmbSep.index = SeparatorEntry(ps);
 }
 
 } // namespace zorvant

@@ -5,6 +5,8 @@
 
 namespace zorvant {
 
+void WireCurveExport(Workspace& ps, DiagramDocument& doc);
+
 /// The curve of the page in front as lines of x, tab, y: 7 digits without a blank in front, which
 /// spreadsheets would take for a text.
 void cmdClipboard_Click(DiagramDocument& doc);

@@ -22,6 +22,7 @@ struct DesignControls {
     // --- zoom
     Button cmdZoom{form, "cmdZoom", "Zoom"};
     Button cmdZoomReset{form, "cmdZoomReset", "Zoom back"};
+    Button cmdShowAll{form, "cmdShowAll", "Show all"};
     Label Label46{form, "Label46", "ATTENTION: Zoom resets to default setting"};
 
     // --- grid
@@ -46,6 +47,7 @@ struct DesignControls {
     // --- legend
     OptionGroup optLegOrient{form, "optLegOrient", {"horizontal", "vertical"}};
     CheckBox chkAutoLegend{form, "chkAutoLegend", "Place automatic"};
+    Button cmdLegCorner{form, "cmdLegCorner", "Free corner inside"};
     Slider scrLegH{form, "scrLegH"};
     Slider scrlegV{form, "scrlegV"};
     CheckBox chkLegFrame{form, "chkLegFrame", "Frame of the legend"};

@@ -12,7 +12,7 @@ void cmdDraw_Click(Workspace& ps, DiagramDocument& doc);
 /// Returned: whether CurveSlot holds a slot now
 bool FuKurvePlatz(Workspace& ps, DiagramDocument& doc);
 
-/// Writes a buffer into a curve slot, in the preset colour, and shows its label.
+/// Writes a buffer into a curve slot and shows its label.
 void FuKurveZeichnen(Workspace& ps, DiagramDocument& doc, int slot, const PointBuffer& curve);
 
 /// Deletes curve i; 0: all curves.
@@ -31,15 +31,6 @@ void cmdMsgDelPoint_Click();
 
 void cmdManuKurve_Click(Workspace& ps, DiagramDocument& doc);
 
-/// Writes the looks, texts and labels of the taken slots from the surface into the curve panel.
-void ShowCurveDesign(DiagramDocument& doc);
-void mnuKurvenDesign_Click(Workspace& ps, DiagramDocument& doc);
-void cmbKStil_Click(DiagramDocument& doc, int slot);
-void UpDown1_KBreite_Change(DiagramDocument& doc, int slot);
-void cmdKurvenFarbe_Click(DiagramDocument& doc, int slot);
 void cmdFarbVorwahl_Click(Workspace& ps, DiagramDocument& doc);
-
-/// The number behind the first point of the caption of the curve page in front; 0: none.
-int SlotOfFrontPage(const DiagramDocument& doc);
 
 } // namespace zorvant

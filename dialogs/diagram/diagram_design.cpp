@@ -1,12 +1,16 @@
 #include "dialogs/diagram/diagram_design.h"
 
+#include "diagrams/curve_slots.h"
 #include "diagrams/design_file.h"
+#include "diagrams/marks.h"
+#include "diagrams/point_sets.h"
 #include "dialogs/diagram/coordinates.h"
-#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "dialogs/diagram/settings_panel.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 
 #include <algorithm>
 
@@ -34,29 +38,13 @@ std::optional<std::string> AskForDesign(Workspace& ps, bool save, const char* ti
     return choice->path;
 }
 
-/// As many series and labels as a diagram has; the frame's series is the document's own.
-void FitSeries(PlotContents& contents) {
-    contents.series[kLines].resize(kLineSeries + 1);
-    contents.series[kPoints].resize(kPointSets + 1);
-    contents.labels.resize(kPlotLabels + 1);
-    contents.series[kLines][kFrameSeries] = {};
-    contents.series[kLines][kFrameSeries].display = SeriesDisplay::Hidden;
-    for (PlotLabel& label : contents.labels) {
-        const auto count = contents.series.at(static_cast<std::size_t>(label.group)).size();
-        if (static_cast<std::size_t>(label.series) >= count)
-            label.attachment = Attachment::None;
-    }
-}
-
 void TakeCurves(Workspace& ps, DiagramDocument& doc) {
-    ps.CurveCount = 0;
+    CountCurves(ps, doc);
+    doc.LabelMoved.fill(true); // as the design has them
+    doc.draws.clear();
+    doc.DrawNumber = ps.CurveCount;
     for (int slot = 1; slot <= kCurveSlots; ++slot) {
-        const int points = GetPointCount(doc.surface, kLines, slot);
-        const bool taken = points > 0;
-        ps.CurveCount += taken ? 1 : 0;
-        doc.CurveSlotFree[static_cast<std::size_t>(slot)] = !taken;
-        doc.CurveSlot = taken ? slot : doc.CurveSlot;
-        doc.mnuSubDelKurv(slot).enabled = taken;
+        doc.mnuSubDelKurv(slot).enabled = !doc.CurveSlotFree[static_cast<std::size_t>(slot)];
         doc.txtLegendCurves(slot).text = GetSeriesLabel(doc.surface, kLines, slot);
         doc.txtLabel(slot).text = GetLabel(doc.surface, slot).text;
     }
@@ -66,7 +54,7 @@ void TakeCurves(Workspace& ps, DiagramDocument& doc) {
 void TakePoints(DiagramDocument& doc) {
     bool any = false;
     for (int set = 1; set <= kPointSets; ++set) {
-        const bool shown = GetPointCount(doc.surface, kPoints, set) > 0;
+        const bool shown = HasPoints(doc.surface, set);
         ShowPage(doc.tabPunkte, set - 1, shown);
         doc.mnuSubDelPoints(set).enabled = shown;
         doc.txtLegendPoints(set).text = GetSeriesLabel(doc.surface, kPoints, set);
@@ -78,16 +66,10 @@ void TakePoints(DiagramDocument& doc) {
 }
 
 void TakeMarksAndTexts(DiagramDocument& doc) {
-    const PlotSurface& surface = doc.surface;
-    bool marks = false, labels = false;
-    for (int mark = kHalfLifeASeries; mark <= kResidenceSeries; ++mark)
-        marks = marks || GetPointCount(surface, kLines, mark) > 0;
-    for (int slot = 1; slot <= kCurveSlots; ++slot)
-        labels = labels || GetLabel(surface, slot).visible;
-    doc.mnuDelHalbAB.enabled = marks;
-    doc.mnuDelLabels.enabled = labels;
+    doc.mnuDelHalbAB.enabled = AnyMarks(doc.surface);
+    doc.mnuDelLabels.enabled = AnyCurveLabel(doc.surface);
     doc.mnuAddLabels.enabled = true;
-    doc.mnuAddText.enabled = surface.footer.text.empty();
+    doc.mnuAddText.enabled = doc.surface.footer.text.empty();
 }
 
 float ToLimit(double value) {
@@ -119,15 +101,12 @@ void TakeAxes(Workspace& ps, DiagramDocument& doc) {
 
 } // namespace
 
-void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
+void TakeContents(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
     const PlotBatch batch(doc.surface);
-    FuPanelsZu(doc);
     CancelRubberZoom(doc.surface);
-    FitSeries(contents);
+    FitContents(contents);
     static_cast<PlotContents&>(doc.surface) = std::move(contents);
     MarkChanged(doc.surface);
-    doc.StatusBar2.text.clear(); // it spoke of what was shown before
-    doc.StatusBar2.toolTip.clear();
     TakeCurves(ps, doc);
     TakePoints(doc);
     TakeMarksAndTexts(doc);
@@ -139,33 +118,65 @@ void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
         doc.mnuDelKurv.enabled || doc.mnuDelPoints.enabled || doc.mnuDelHalbAB.enabled;
 }
 
+void TakeDesign(Workspace& ps, DiagramDocument& doc, PlotContents contents) {
+    const PlotBatch batch(doc.surface);
+    FuPanelsZu(doc);
+    ClearResult(doc); // it spoke of what was shown before
+    TakeContents(ps, doc, std::move(contents));
+}
+
 void mnuSaveOC2_Click(Workspace& ps, DiagramDocument& doc) {
     const auto path = AskForDesign(ps, true, "Save this diagram design");
     if (!path)
         return;
     try {
         WriteFileAtomically(*path, WriteDesign(doc.surface));
+        NoteStep(doc);
+        doc.designEdited = false;
     } catch (const FileError& error) {
         ShowMessage(error.what(), "ERROR", Icon::Critical);
     }
 }
 
-void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc) {
-    const auto path = AskForDesign(ps, false, "Load a saved pattern (*.oc2)");
+namespace {
+
+/// The contents of a design file that the user chooses; nothing after a message.
+std::optional<PlotContents> AskForContents(Workspace& ps, const char* title) {
+    const auto path = AskForDesign(ps, false, title);
     if (!path)
-        return;
-    PlotContents contents;
+        return std::nullopt;
     try {
-        contents = ParseDesign(ReadFile(*path));
+        return ParseDesign(ReadFile(*path));
     } catch (const FileError& error) {
         ShowMessage(error.what(), "ERROR", Icon::Critical);
-        return;
     } catch (const FormatError& error) {
         ShowMessage(JoinLines({FileName(*path), error.what(), "", "The diagram stays as it was."}),
                     "ERROR", Icon::Critical);
-        return;
     }
-    TakeDesign(ps, doc, std::move(contents));
+    return std::nullopt;
+}
+
+} // namespace
+
+void mnuLoadOC2_Click(Workspace& ps, DiagramDocument& doc) {
+    auto contents = AskForContents(ps, "Load a saved pattern (*.oc2)");
+    if (!contents)
+        return;
+    TakeDesign(ps, doc, std::move(*contents));
+    NoteStep(doc);
+    doc.designEdited = false;
+}
+
+void mnuLoadLook_Click(Workspace& ps, DiagramDocument& doc) {
+    auto pattern = AskForContents(ps, "Load only the look of a saved pattern (*.oc2)");
+    if (!pattern)
+        return;
+    FitContents(*pattern);
+    const PlotBatch batch(doc.surface);
+    TakeLook(doc.surface, *pattern);
+    ShowDesign(doc);
+    NoteStep(doc);
+    doc.designEdited = false;
 }
 
 } // namespace zorvant

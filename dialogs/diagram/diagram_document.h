@@ -1,15 +1,14 @@
-// What the diagram window holds: up to 24 curves, 7 sets of measured or manual points, three marks,
-// labels, a legend, texts and the frame, all in the plot surface, and those controls of the window
-// that its logic reads or writes. One diagram exists at a time. The panels that only change looks
-// are added by the window's own record.
+// The diagram window: the diagram that it holds, and those controls of the window that its logic
+// reads or writes. One diagram exists at a time. The panels that only change looks are added by the
+// window's own record.
 #pragma once
 
-#include "diagrams/diagram_kinds.h"
-#include "diagrams/plot_surface.h"
+#include "diagrams/diagram.h"
+#include "diagrams/plot_drag.h"
 #include "dialogs/common/workspace.h"
 #include "dialogs/diagram/design_controls.h"
+#include "dialogs/diagram/diagram_history.h"
 
-#include <array>
 #include <string>
 
 namespace zorvant {
@@ -17,10 +16,6 @@ namespace zorvant {
 inline constexpr int kTwipsPerPixel = 15;
 /// Screens narrower than this get smaller fonts, pixels.
 inline constexpr int kNarrowScreen = 800;
-/// Sampling grid of curves: x step = (xMax - xMin)/300.
-inline constexpr int kCurveSteps = 300;
-/// Points that the curve buffer has room for when the window opens.
-inline constexpr int kCurveBufferPoints = 2000;
 /// A click or readout within this many pixels of a point means the point.
 inline constexpr double kHitDistance = 4;
 
@@ -30,36 +25,23 @@ inline constexpr Colour kLightGreen = 0xC0FFC0;
 /// What the pointer over the chart looks like.
 enum class ChartPointer { Default, Curve, Point, Move, CrossHair };
 
+inline constexpr int kResultOfMark = -1;
+
 /// Which text the text panel edits.
 enum class DiagramText { Header = 1, Additional = 2, XTitle = 3, YTitle = 4 };
 /// Entry of mnuTextDesign that opens the curve panel: labels and legend texts stand there.
 inline constexpr int kCurveTexts = 5;
 
-struct DiagramDocument : Form {
+struct DiagramDocument : Form, Diagram {
     explicit DiagramDocument(Workspace& state);
 
     Workspace& ps;
-    PlotSurface surface;
-
-    // --- fields of the document
-    std::array<bool, kCurveSlots + 1> CurveSlotFree{}; ///< by slot 1..24
-    int CurveSlot = 0;                                 ///< of the curve being drawn
-    int CurveSteps = kCurveSteps;
-    int ManualSet = kManualSet;
-    LinePattern GridPattern = LinePattern::Dotted;
-    int GridMode = 3; ///< 0 none, 1 y only, 2 x only, 3 both
-    Colour LegendBackColor = kWhite;
     DiagramText TextTarget = DiagramText::Header;
-    double RegressA = 0; ///< intercept and slope of the last straight line
-    double RegressB = 0;
-    float RegressR2 = 0; ///< its coefficient of determination
-    std::string DrawNote;
-    bool DrawError = false;
-    /// Rows that met the condition of the last straight line but no logarithm or division takes.
-    int RegressLeftOut = 0;
-    DiagramTexts GrafText;
     ChartPointer pointer = ChartPointer::Default;
-    SeriesPoint selected; ///< the curve or point set that the keys walk along
+    int ResultOf = 0; ///< curve slot that the result line tells of; kResultOfMark; 0: of none
+    PlotDrag drag;    ///< what the mouse has hold of
+    DiagramHistory history;
+    bool designEdited = false; ///< looks, texts or legend since it was drawn, loaded or saved
 
     /// The screen that the window opens on, pixels; the shell writes it before a load.
     int screenWidth = 1280;
@@ -168,6 +150,7 @@ struct DiagramDocument : Form {
     // --- the text panel
     TextField schrift{*this, "schrift"};
     Button cmdFont{*this, "cmdFont", "&Font ..."};
+    Button cmdZiffFont{*this, "cmdZiffFont", "Font of the &numbers ..."};
     Button cmdSchriftHFarbe{*this, "cmdSchriftHFarbe", "Back&ground ..."};
     CheckBox chkTextFrame{*this, "chkTextFrame", "F&rame"};
     Frame fraTextPlace{*this, "fraTextPlace", "Place"};
@@ -194,15 +177,15 @@ void mnuDesign_Click(Workspace& ps, DiagramDocument& doc);
 void mnuDesignMore_Click(DiagramDocument& doc);
 void mnuDesignMore_Click(DiagramDocument& doc, SettingsPage page);
 
+/// Empties the result line.
+void ClearResult(DiagramDocument& doc);
+
+/// Whether the screen asks for smaller fonts.
+bool OnSmallScreen(const DiagramDocument& doc);
+
 /// Shows or hides a page of a tab panel; its caption stays.
 void ShowPage(TabPanel& panel, int page, bool visible);
 /// Which pages of the point panel are offered: species with data, pairs, manual points.
 void ShowPointPages(Workspace& ps, DiagramDocument& doc);
-/// How many points a buffer holds by its element 0, never more than there are elements.
-int BufferCount(const PointBuffer& buffer);
-/// The rule of the pages in one place, by set 1..7.
-bool OffersPointSet(const Workspace& ps, const DiagramDocument& doc, int set);
-/// "Fu(c)" diagrams: their one set is a function of c(A).
-bool IsFunctionOfC(const Workspace& ps);
 
 } // namespace zorvant

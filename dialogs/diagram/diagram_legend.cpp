@@ -1,33 +1,17 @@
 #include "dialogs/diagram/diagram_legend.h"
 
+#include "diagrams/curve_slots.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
 namespace zorvant {
 namespace {
 
-constexpr int kCurveLabelOffset = 10; // pixels from the point
-constexpr int kMarkLabelOffset = 3;
-constexpr double kCurveLabelSize = 10; // points
-constexpr double kCurveLabelSizeNarrow = 9;
-constexpr double kMarkLabelSize = 11;
-constexpr double kMarkLabelSizeNarrow = 9;
-constexpr const char* kFontFamily = "ARIAL";
-
-bool AnyLegendText(const PlotSurface& surface) {
-    for (int slot = 1; slot <= kCurveSlots; ++slot)
-        if (!GetSeriesLabel(surface, kLines, slot).empty())
-            return true;
-    for (int set = 1; set <= kPointSets; ++set)
-        if (!GetSeriesLabel(surface, kPoints, set).empty())
-            return true;
-    return false;
-}
-
 void ShowAllLabels(DiagramDocument& doc, bool on) {
-    const PlotBatch batch(doc.surface);
+    ShowCurveLabels(doc.surface, on);
     for (int slot = 1; slot <= kCurveSlots; ++slot)
-        ShowCurveLabel(doc, slot, on);
+        doc.chkEinzelLabelSichtbar(slot).checked = on;
     doc.mnuAddLabels.enabled = !on;
     doc.mnuDelLabels.enabled = on;
     doc.chkLabelNotVisible.checked = !on;
@@ -44,6 +28,7 @@ void ShowLegend(DiagramDocument& doc, bool on) {
         doc.chkLegend2(set).checked = on;
     doc.mnuAddLegend.enabled = !on;
     doc.mnuDelLegend.enabled = doc.mnuDelLegendZeile.enabled = on;
+    ShowLegendPlace(doc);
 }
 
 void mnuAddLegend_Click(DiagramDocument& doc) {
@@ -101,46 +86,12 @@ void mnuDelLabels_Click(DiagramDocument& doc) {
 }
 
 void scrShiftLab_Change(DiagramDocument& doc, int slot) {
-    const PlotBatch batch(doc.surface);
-    AttachLabelToPoint(doc.surface, slot, kLines, slot, doc.scrShiftLab(slot).value);
-    SetLabelOffset(doc.surface, slot, kCurveLabelOffset);
-    SetLabelAnchor(doc.surface, slot, LabelAnchor::NorthEast);
+    MoveCurveLabel(doc, slot, doc.scrShiftLab(slot).value);
 }
 
 void SetCurveLabel(DiagramDocument& doc, int slot, const std::string& text) {
     doc.txtLabel(slot).text = text;
     SetLabelText(doc.surface, slot, text);
-}
-
-void ShowCurveLabel(DiagramDocument& doc, int slot, bool on) {
-    doc.chkEinzelLabelSichtbar(slot).checked = on;
-    SetLabelVisible(doc.surface, slot, on);
-}
-
-void ResetLabels(DiagramDocument& doc) {
-    const bool narrow = doc.screenWidth < kNarrowScreen;
-    PlotLabel curveLabel;
-    curveLabel.offset = kCurveLabelOffset;
-    curveLabel.font = {.family = kFontFamily,
-                       .size = narrow ? kCurveLabelSizeNarrow : kCurveLabelSize};
-    PlotLabel markLabel = curveLabel;
-    markLabel.offset = kMarkLabelOffset;
-    markLabel.font = {.family = kFontFamily,
-                      .size = narrow ? kMarkLabelSizeNarrow : kMarkLabelSize,
-                      .bold = true,
-                      .italic = true};
-    markLabel.colours.fore = kRed;
-
-    const PlotBatch batch(doc.surface);
-    doc.surface.labels.clear();
-    for (int number = 1; number <= kPlotLabels; ++number) {
-        AddLabel(doc.surface, number >= kHalfLifeASeries ? markLabel : curveLabel);
-        if (number > kCurveSlots)
-            continue;
-        SetCurveLabel(doc, number, std::to_string(number));
-        AttachLabelToPoint(doc.surface, number, kLines, number, 1);
-        ShowCurveLabel(doc, number, false);
-    }
 }
 
 } // namespace zorvant

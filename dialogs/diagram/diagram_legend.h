@@ -22,11 +22,7 @@ void mnuDelLabels_Click(DiagramDocument& doc);
 /// Moves the label along its curve.
 void scrShiftLab_Change(DiagramDocument& doc, int slot);
 
-/// Labels 1..28 as a window has them when it opens.
-void ResetLabels(DiagramDocument& doc);
 /// A curve's label: its text, and the field that shows it.
 void SetCurveLabel(DiagramDocument& doc, int slot, const std::string& text);
-/// A curve's label shown or hidden, and the check box that says so.
-void ShowCurveLabel(DiagramDocument& doc, int slot, bool on);
 
 } // namespace zorvant

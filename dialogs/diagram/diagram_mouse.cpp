@@ -1,11 +1,15 @@
 #include "dialogs/diagram/diagram_mouse.h"
 
 #include "dialogs/diagram/axis_settings.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "dialogs/diagram/diagram_curves.h"
-#include "dialogs/diagram/diagram_points.h"
 #include "dialogs/diagram/diagram_texts.h"
 #include "dialogs/diagram/diagram_walk.h"
+#include "dialogs/diagram/point_panel.h"
+#include "dialogs/diagram/settings_panel.h"
 #include "platform/number_text.h"
+
+#include <utility>
 
 namespace zorvant {
 namespace {
@@ -71,8 +75,17 @@ void ReadOutPoint(DiagramDocument& doc, const SeriesPoint& at) {
 }
 
 void MouseMove(Workspace&, DiagramDocument& doc, double px, double py) {
+    if (doc.drag.part != PlotDrag::Part::None) {
+        DragTo(doc, doc.drag, px, py);
+        return;
+    }
     RubberMove(doc.surface, px, py);
     const Region region = PixelToData(doc.surface, px, py).region;
+    if (Grab(doc.surface, px, py).part == PlotDrag::Part::Label) {
+        HideReadouts(doc);
+        SetPointer(doc, ChartPointer::Move);
+        return;
+    }
     switch (region) {
     case Region::PlotArea:
         if (ReadOutHit(doc, kLines, HitPoint(doc.surface, kLines, px, py, kCurveSlots),
@@ -101,6 +114,10 @@ void MouseMove(Workspace&, DiagramDocument& doc, double px, double py) {
 }
 
 void MouseUp(Workspace& ps, DiagramDocument& doc, MouseButton button, double px, double py) {
+    if (const PlotDrag dragged = std::exchange(doc.drag, {}); dragged.moved) {
+        ShowDesign(doc);
+        return;
+    }
     ReleaseZoom(ps, doc, button == MouseButton::Left, px, py);
 }
 
@@ -111,6 +128,9 @@ void MouseDown(Workspace& ps, DiagramDocument& doc, MouseButton button, double p
             return;
         }
         SetCursor(doc.surface, std::nullopt);
+        doc.drag = Grab(doc.surface, px, py);
+        if (doc.drag.part != PlotDrag::Part::None)
+            return;
         const NearestHit curve = HitPoint(doc.surface, kLines, px, py, kCurveSlots);
         if (curve.point > 0) {
             SelectSeries(doc, kLines, curve.series, curve.point);

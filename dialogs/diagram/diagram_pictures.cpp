@@ -1,8 +1,12 @@
 #include "dialogs/diagram/diagram_pictures.h"
 
+#include "diagrams/figure.h"
 #include "platform/files.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
+
+#include <algorithm>
 
 namespace zorvant {
 namespace {
@@ -160,7 +164,8 @@ void ToFile(DiagramDocument& doc, PicturePanel& panel, const PictureSize& size) 
     if (panel.ImageFormat == PictureFormat::EnhancedFile)
         panel.ImageFormat = PictureFormat::EnhancedMetafile; // the name tells the rest
     const WaitScope wait(doc.ps);
-    if (!pictureOutput().drawToFile(doc.surface, choice->path, panel.ImageFormat, size))
+    PlotSurface figure = ScaledFigure(doc.surface, FigureScale(panel));
+    if (!pictureOutput().drawToFile(figure, choice->path, panel.ImageFormat, size))
         throw FileError("The diagram could not be drawn into this file.");
     panel.pictureDir = DirectoryOf(choice->path);
     doc.StatusBar2.text = "Picture saved: " + choice->path;
@@ -219,6 +224,11 @@ void WirePicturePanel(DiagramDocument& doc, PicturePanel& panel) {
         box->onKeyPress = [](int& key) { key = FilterNumericKey(key) ? key : 0; };
         box->onChange = [&doc, &panel] { ShowPrintSize(doc, panel); };
     }
+    for (const FigurePreset& figure : kFigures)
+        panel.cmbFigure.items.emplace_back(figure.name);
+    panel.cmbFigure.index = 0;
+    panel.cmbFigure.toolTip = "Size of the picture, with fonts, lines and symbols to match";
+    panel.cmbFigure.onClick = [&panel] { cmbFigure_Click(panel); };
     panel.cmbGraphFormat.onClick = [&panel] { cmbGraphFormat_Click(panel); };
     panel.optSM.onClick = [&doc, &panel](int) { optSM_Click(doc, panel); };
     panel.cmdPageSetup.onClick = [&doc, &panel] {
@@ -290,6 +300,27 @@ void cmbGraphFormat_Click(PicturePanel& panel) {
         break;
     }
     panel.txtPictureDpi.enabled = IsBitmap(panel.ImageFormat);
+    ShowPictureSize(panel);
+}
+
+double FigureScale(const PicturePanel& panel) {
+    const int last = static_cast<int>(kFigures.size()) - 1;
+    return kFigures[static_cast<std::size_t>(std::clamp(panel.cmbFigure.index, 0, last))].scale;
+}
+
+std::optional<PictureSize> FigureSize(const PicturePanel& panel) {
+    Boxes boxes;
+    const PictureSize size = ReadSize(panel, boxes);
+    return boxes.faults().empty() ? std::optional(size) : std::nullopt;
+}
+
+void cmbFigure_Click(PicturePanel& panel) {
+    const int last = static_cast<int>(kFigures.size()) - 1;
+    const FigurePreset& figure =
+        kFigures[static_cast<std::size_t>(std::clamp(panel.cmbFigure.index, 0, last))];
+    const PictureSize usual;
+    panel.txtPictureWidth.text = GeneralText(figure.width > 0 ? figure.width : usual.width);
+    panel.txtPictureHeight.text = GeneralText(figure.width > 0 ? figure.height : usual.height);
     ShowPictureSize(panel);
 }
 

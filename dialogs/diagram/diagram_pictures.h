@@ -24,6 +24,7 @@ struct PicturePanel {
 
     // --- size of a picture file
     Frame frPictureSize{form, "frPictureSize", "Size"};
+    ComboBox cmbFigure{form, "cmbFigure"};                ///< what the size is made for
     TextField txtPictureWidth{form, "txtPictureWidth"};   ///< cm
     TextField txtPictureHeight{form, "txtPictureHeight"}; ///< cm
     TextField txtPictureDpi{form, "txtPictureDpi"};       ///< dots per inch
@@ -54,6 +55,12 @@ void WirePicturePanel(DiagramDocument& doc, PicturePanel& panel);
 /// Opens the panel for one kind of output, unless the user would rather not with a black chart.
 void mnuBild_Click(DiagramDocument& doc, PicturePanel& panel, OutputTarget target);
 void cmbGraphFormat_Click(PicturePanel& panel);
+/// Size of the figure, and of what stands in it.
+void cmbFigure_Click(PicturePanel& panel);
+/// Of fonts, lines and symbols against those on the screen.
+double FigureScale(const PicturePanel& panel);
+/// The size in the boxes; nothing while they hold no possible one.
+std::optional<PictureSize> FigureSize(const PicturePanel& panel);
 void optSM_Click(DiagramDocument& doc, PicturePanel& panel);
 /// Does what the panel says; input that is no size is told, and the panel stays open.
 void cmdPrint_Click(DiagramDocument& doc, PicturePanel& panel);

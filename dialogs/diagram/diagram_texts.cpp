@@ -1,6 +1,6 @@
 #include "dialogs/diagram/diagram_texts.h"
 
-#include "dialogs/diagram/diagram_curves.h"
+#include "dialogs/diagram/curve_panel.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
 
@@ -100,6 +100,7 @@ void ShowText(DiagramDocument& doc) {
              &doc.cmdSchriftHFarbe, &doc.chkTextFrame, &doc.fraTextPlace, &doc.HScroll1,
              &doc.VScroll1, &doc.cmdTextPlaceAuto})
         control->visible = block;
+    doc.cmdZiffFont.visible = !block;
     doc.fraYText.visible = doc.fraYZiff.visible = doc.TextTarget == DiagramText::YTitle;
     doc.optOrientYAxText.selected = y.titleRotation == TextRotation::Vertical ? 1 : 0;
     doc.optOrientYAxZiff.selected = y.annotationRotation == TextRotation::Vertical ? 1 : 0;
@@ -156,6 +157,13 @@ void cmdFont_Click(DiagramDocument& doc) {
     const PlotAxis& axis = GetAxis(doc.surface, id);
     if (const auto font = host().chooseFont(axis.titleFont))
         SetAxisFont(doc.surface, id, axis.font, *font);
+}
+
+void cmdZiffFont_Click(DiagramDocument& doc) {
+    const AxisId id = AxisOf(doc.TextTarget);
+    const PlotAxis& axis = GetAxis(doc.surface, id);
+    if (const auto font = host().chooseFont(axis.font))
+        SetAxisFont(doc.surface, id, *font, axis.titleFont);
 }
 
 void cmdSchriftHFarbe_Click(DiagramDocument& doc) {
@@ -220,6 +228,7 @@ void WireTexts(Workspace& ps, DiagramDocument& doc) {
     doc.schrift.onChange = [&doc] { schrift_Change(doc); };
     doc.cmdSchriftFertig.onClick = [&doc] { cmdSchriftFertig_Click(doc); };
     doc.cmdFont.onClick = [&doc] { cmdFont_Click(doc); };
+    doc.cmdZiffFont.onClick = [&doc] { cmdZiffFont_Click(doc); };
     doc.cmdSchriftHFarbe.onClick = [&doc] { cmdSchriftHFarbe_Click(doc); };
     doc.chkTextFrame.onClick = [&doc] { chkTextFrame_Click(doc); };
     doc.HScroll1.onChange = doc.VScroll1.onChange = [&doc] { TextPlace_Change(doc); };

@@ -1,4 +1,4 @@
-// The texts of a diagram and the panel that edits them: header, additional text, titles of the axes.
+// The texts of a diagram and the panel that edits them: header, additional text, axis titles.
 #pragma once
 
 #include "dialogs/diagram/diagram_document.h"
@@ -17,6 +17,8 @@ void schrift_KeyPress(int& key);
 void schrift_Change(DiagramDocument& doc);
 void cmdSchriftFertig_Click(DiagramDocument& doc);
 void cmdFont_Click(DiagramDocument& doc);
+/// The numbers of the axis whose title is edited.
+void cmdZiffFont_Click(DiagramDocument& doc);
 void cmdSchriftHFarbe_Click(DiagramDocument& doc);
 void chkTextFrame_Click(DiagramDocument& doc);
 /// HScroll1 and VScroll1: the text leaves its automatic place.

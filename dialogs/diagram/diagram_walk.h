@@ -2,23 +2,10 @@
 // values in the readout.
 #pragma once
 
+#include "diagrams/chart_walk.h"
 #include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
-
-enum class ChartKey {
-    Left,     ///< the point before
-    Right,    ///< the next one
-    PageUp,   ///< kWalkStride points back
-    PageDown, ///< and on
-    Home,     ///< the first and the last point
-    End,
-    Up, ///< the series before, at the same x
-    Down,
-    Delete, ///< asks whether the point shall be deleted
-    Design, ///< the design panel of the series, as a right click
-};
-inline constexpr int kWalkStride = 10;
 
 /// Walks over the curves 1..24 and the point sets, as far as they can be seen in the frame.
 /// Returned: false where there is nothing to walk to; the key is then nobody's

@@ -1,7 +1,9 @@
 #include "dialogs/diagram/dispatcher.h"
 
-#include "dialogs/diagram/coordinates.h"
+#include "diagrams/point_sets.h"
+#include "diagrams/ranges.h"
 #include "dialogs/diagram/diagram_legend.h"
+#include "dialogs/diagram/diagram_undo.h"
 #include "engine/modes.h"
 #include "platform/host.h"
 #include "platform/number_text.h"
@@ -40,7 +42,7 @@ void NameSingleSpecies(Workspace& ps, DiagramDocument& doc) {
 void NameSpeciesSets(Workspace& ps, DiagramDocument& doc) {
     const bool function = IsFunctionOfC(ps) && ps.ColumnHasData[1];
     for (int set = 1; set <= kSpecies; ++set) {
-        if (!OffersPointSet(ps, doc, set)) {
+        if (!OffersPointSet(ps, doc.surface, set)) {
             HidePointSet(doc, set, function);
             continue;
         }
@@ -57,7 +59,7 @@ void NamePointSets(Workspace& ps, DiagramDocument& doc) {
         return;
     }
     NameSpeciesSets(ps, doc);
-    if (!OffersPointSet(ps, doc, kPairSet)) {
+    if (!OffersPointSet(ps, doc.surface, kPairSet)) {
         HidePointSet(doc, kPairSet, true);
         return;
     }
@@ -81,8 +83,11 @@ void GrafZentrale(Workspace& ps, DiagramDocument& doc) {
         ps.Frame.xTitle = doc.GrafText.xTitle;
         ps.Frame.yTitle = doc.GrafText.yTitle;
         const PlotBatch batch(doc.surface);
+        const bool anew = !doc.loaded;
         ShowForm(ps.desktop, doc);
         NamePointSets(ps, doc);
+        if (anew)
+            BeginSteps(doc);
     } catch (const std::exception& error) {
         ShowMessage(JoinLines({"error occured:" + std::string(error.what()), "",
                                "If this happens with the first diagram, the plotting component "

@@ -17,8 +17,11 @@ struct frmZGraph2D : DiagramDocument {
     // --- menus beside those of the document
     MenuEntry mnuAdd{*this, "mnuAdd", "Add"};
     MenuEntry mnuScale{*this, "mnuScale", "Scale"};
+    MenuEntry mnuUndo{*this, "mnuUndo", "Undo"};
+    MenuEntry mnuRedo{*this, "mnuRedo", "Redo"};
     MenuEntry mnuZoom{*this, "mnuZoom", "Zoom"};
     MenuEntry mnuZoomReset{*this, "mnuZoomReset", "Zoom back"};
+    MenuEntry mnuShowAll{*this, "mnuShowAll", "Show all"};
     MenuEntry mnuFullSize{*this, "mnuFullSize", "Full size"};
     MenuEntry mnuXLog{*this, "mnuXLog", "X axis logarithmic"};
     MenuEntry mnuYLog{*this, "mnuYLog", "Y axis logarithmic"};
@@ -28,6 +31,7 @@ struct frmZGraph2D : DiagramDocument {
     PicturePanel pictures{*this};
     MenuEntry mnuSaveOC2{*this, "mnuSaveOC2", "Save this diagram design"};
     MenuEntry mnuLoadOC2{*this, "mnuLoadOC2", "Load a saved pattern"};
+    MenuEntry mnuLoadLook{*this, "mnuLoadLook", "Load the look of a saved pattern"};
     MenuEntry mnuManuXY{*this, "mnuManuXY", "X-Y editor"};
     MenuEntry mnuHaupt{*this, "mnuHaupt", "to Main Menu"};
     Button cmdEscGraph{*this, "cmdEscGraph", "Close <Esc>"};
@@ -38,7 +42,17 @@ struct frmZGraph2D : DiagramDocument {
     Handler onFullSize; ///< the shell's: between full size and the size before
 
 private:
+    void WirePictures();
+    void WireScale();
+    void WireOtherWindows();
     void BuildMenu();
+    void BuildDesignMenu();
+    void BuildAddMenu();
+    void BuildScaleMenu();
+    void BuildDeleteMenu();
+    void BuildPictureMenu();
+    void Row(int level, Control& entry, const char* text = "");
+    void Line();
     std::vector<MenuRow> rows_;
     std::deque<std::string> names_; ///< of the rows that are members of an array
 };

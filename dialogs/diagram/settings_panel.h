@@ -1,6 +1,7 @@
 // Colours, frames, margins, legend and labels of a diagram, and the panels that show its design.
 #pragma once
 
+#include "diagrams/plot_places.h"
 #include "dialogs/diagram/diagram_document.h"
 
 namespace zorvant {
@@ -8,9 +9,21 @@ namespace zorvant {
 /// Connects the settings panel with its handlers.
 void WireDesign(Workspace& ps, DiagramDocument& doc);
 
-/// Writes the state of the plot surface into the controls of all design panels: settings, curves and
-/// points. For whoever has changed the surface as a whole, and whenever a panel opens.
+/// Writes the state of the plot surface into the controls of all design panels: settings, curves
+/// and points. For whoever has changed the surface as a whole, and whenever a panel opens.
 void ShowDesign(DiagramDocument& doc);
+/// The same for single pages.
+void ShowLegendSettings(DiagramDocument& doc);
+/// Where the legend stands, on its sliders.
+void ShowLegendPlace(DiagramDocument& doc);
+void ShowLabelSettings(DiagramDocument& doc);
+void ShowColourSettings(DiagramDocument& doc);
+void ShowFrameSettings(DiagramDocument& doc);
+
+/// Sliders of places on the picture count in thousandths of its width and height.
+inline constexpr double kPlaceSteps = 1000;
+int Thousandths(double share);
+inline constexpr int kWidestMargin = 400; ///< pixels
 
 // --- colour schemes: backgrounds of chart, chart area, plot area, header and footer, with the
 // foregrounds that go with them
@@ -18,14 +31,11 @@ void ShowDesign(DiagramDocument& doc);
 void cmdFullBlack_Click(DiagramDocument& doc);
 void cmdFullWhite_Click(DiagramDocument& doc);
 void cmdRandColGrau_Click(DiagramDocument& doc);
-/// One background by the colour dialog: of the whole chart (texts upon it that had its colour follow),
-/// the chart area with its axes, the plot area. What stands upon it stays readable.
+/// One background by the colour dialog: of the whole chart (texts upon it that had its colour
+/// follow), the chart area with its axes, the plot area. What stands upon it stays readable.
 void cmdRandCol_out_Click(DiagramDocument& doc);
 void cmdRandCol_in_Click(DiagramDocument& doc);
 void cmdColor_in_Click(DiagramDocument& doc);
-/// Black or white, whichever is read better upon a ground.
-/// Formula: relative luminance above 0.4 is light ground; weights of ITU-R BT.709
-Colour ReadableOn(Colour ground);
 
 // --- frame, border, margins, chart area
 
@@ -37,15 +47,15 @@ void chkAutoRand_Click(DiagramDocument& doc);
 void MarginSlider_Change(DiagramDocument& doc);
 void chkAutoChartArea_Click(DiagramDocument& doc);
 
-enum class Edge { Left, Right, Top, Bottom };
 /// Moves one edge of the chart area; the opposite one stays, at least kLeastChartArea away.
 void ChartAreaSlider_Change(DiagramDocument& doc, Edge edge);
-inline constexpr double kLeastChartArea = 0.1; ///< share of the picture
 
 // --- legend
 
 void optLegOrient_Click(DiagramDocument& doc, int index);
 void chkAutoLegend_Click(DiagramDocument& doc);
+/// Into the corner of the plot area where it hides least.
+void cmdLegCorner_Click(DiagramDocument& doc);
 void scrLegH_Change(DiagramDocument& doc);
 void scrlegV_Change(DiagramDocument& doc);
 void chkLegFrame_Click(DiagramDocument& doc);

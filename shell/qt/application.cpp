@@ -107,7 +107,8 @@ int RunWindow(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("ZORVANT"));
     Application program;
-    program.Start(FromQt(QCoreApplication::arguments().mid(1).join(u' ')));
+    // As it came: a name on the disk need not be in the encoding of the locale.
+    program.Start(argc > 1 ? argv[1] : "");
     return QApplication::exec();
 }
 

@@ -118,8 +118,10 @@ void Binder::BindListBox(ListBox& box) {
         return;
     LinkWidget(box, *widget);
     widget->installEventFilter(this);
-    connect(widget, &QListWidget::currentRowChanged, this, [this, &box](int row) {
-        box.index = row;
+    // A list that gets the focus makes its first entry the current one; chosen is what is selected.
+    connect(widget, &QListWidget::itemSelectionChanged, this, [this, widget, &box] {
+        const auto chosen = widget->selectedItems();
+        box.index = chosen.isEmpty() ? -1 : widget->row(chosen.front());
         Run(&box, box.onClick);
     });
     connect(widget, &QListWidget::itemDoubleClicked, this,
@@ -134,6 +136,8 @@ void Binder::BindListBox(ListBox& box) {
         }
         if (widget->currentRow() != box.index)
             widget->setCurrentRow(box.index);
+        if (QListWidgetItem* const item = widget->item(box.index))
+            item->setSelected(true);
     });
 }
 

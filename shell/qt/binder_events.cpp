@@ -60,7 +60,9 @@ void Binder::BindEscape() {
     auto* const escape = new QShortcut(QKeySequence(Qt::Key_Escape), &root_);
     escape->setContext(Qt::WidgetWithChildrenShortcut);
     connect(escape, &QShortcut::activated, this, [this] {
-        if (QAbstractButton* const button = UsableButton(&ButtonContents::isCancel))
+        if (form_.onEscape)
+            Run(nullptr, form_.onEscape);
+        else if (QAbstractButton* const button = UsableButton(&ButtonContents::isCancel))
             button->click();
     });
 }

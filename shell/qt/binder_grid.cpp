@@ -1,5 +1,6 @@
 // A grid and its table view: contents, current cell, selection, widths of the columns.
 #include "shell/qt/binder.h"
+#include "shell/qt/column_boxes.h"
 #include "shell/qt/grid_model.h"
 
 #include <QtWidgets>
@@ -89,6 +90,7 @@ void Binder::BindGrid(Grid& grid) {
     view->setModel(model);
     view->setItemDelegate(new GridDelegate(grid, run, view));
     PrepareView(*view);
+    ColumnBoxes::Install(*view, root_);
     const auto pushing = std::make_shared<bool>(false);
     TakeFromGrid(grid, *view, pushing);
     pushes_.emplace_back([&grid, view, model, pushing, widths = std::vector<int>(),

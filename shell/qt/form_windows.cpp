@@ -297,9 +297,10 @@ void FormWindows::KeepWhole(Entry& entry) {
     const QSize border = window->sizeHint() - scroll->sizeHint();
     const QSize room = area_.viewport()->size();
     const QSize needed = scroll->NeededSize() + border;
+    const bool follows = window->isVisible() && !window->isMaximized() && !window->isMinimized() &&
+                         window->size() == entry.fitted && entry.form->width == 0;
     window->setMinimumSize(needed.boundedTo(room.expandedTo({kLeastWidth, kLeastHeight})));
-    const bool ordinary = window->isVisible() && !window->isMaximized() && !window->isMinimized();
-    if (!ordinary || window->size() != entry.fitted || entry.form->width > 0)
+    if (!follows)
         return;
     const Flag arranging(arranging_);
     entry.fitted = WithinRoom(*scroll, scroll->sizeHint() + border, room);

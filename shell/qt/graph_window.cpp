@@ -1,9 +1,11 @@
 #include "shell/qt/graph_window.h"
 
+#include "diagrams/figure.h"
 #include "dialogs/diagram/axis_settings.h"
 #include "dialogs/diagram/diagram_texts.h"
 #include "dialogs/diagram/diagram_walk.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/plot_picture.h"
 #include "shell/qt/qt_text.h"
 #include "ui_frmZGraph2D.h"
 
@@ -12,9 +14,12 @@
 namespace zorvant {
 namespace {
 
-/// Distance of a panel from the edge of the chart where it first opens, pixels.
-constexpr int kPanelMargin = 12;
-constexpr const char* kPlaced = "placedByUser";
+/// The chart beside an open panel is never narrower than this, pixels.
+constexpr int kLeastChart = 200;
+/// As wide it stays where the work area lets the window grow.
+constexpr int kUsefulChart = 440;
+constexpr double kPreviewWidth = 280;      ///< pixels
+constexpr double kPixelsPerCm = 96 / 2.54; ///< of a picture
 constexpr const char* kCloses = "closesPanel";
 constexpr int kCloseMargin = 4;
 /// Lines of a text that its field shows at once.
@@ -69,6 +74,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     ui.setupUi(this);
     setProperty("maximizes", true);
     chart_ = ui.chart;
+    preview_ = ui.lblFigurePreview;
     // It takes what height is left: a long result line must not push it out of the window.
     smallestChart_ = chart_->minimumSize();
     chart_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
@@ -76,8 +82,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     layout->setContentsMargins(0, 0, 0, 0);
     view_ = new PlotView(chart_);
     layout->addWidget(view_);
-    if (auto* const outer = qobject_cast<QVBoxLayout*>(this->layout()))
-        outer->setStretchFactor(chart_, 1);
+    MakeDock();
     chart_->setAccessibleName(QStringLiteral("Diagram"));
     // Their names are their texts: those are what is read out.
     ui.lblMausPosNr->setAccessibleDescription(
@@ -86,7 +91,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     for (QWidget* panel :
          std::initializer_list<QWidget*>{ui.fraTabs, ui.fraKurven, ui.fraPunkte, ui.fraSchrift,
                                          ui.fraCoordInput, ui.fraPrintIt, ui.fraResolution})
-        Float(*panel);
+        Dock(*panel);
     ConnectMouse();
     auto* const copy = new QShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), this);
     copy->setContext(Qt::WidgetWithChildrenShortcut);
@@ -108,6 +113,7 @@ GraphWindow::GraphWindow(frmZGraph2D& document) : document_(document) {
     document_.onRefresh = [this] {
         refreshTexts_();
         ShowPointer();
+        ShowPreview();
     };
     document_.rightEdge = [this] {
         const QWidget* frame = this;
@@ -170,6 +176,9 @@ void GraphWindow::ConnectKeys() {
     onKey(Qt::CTRL | Qt::Key_Plus, document_.mnuZoom);
     onKey(Qt::CTRL | Qt::Key_Equal, document_.mnuZoom);
     onKey(Qt::CTRL | Qt::Key_0, document_.mnuZoomReset);
+    onKey(Qt::CTRL | Qt::Key_9, document_.mnuShowAll);
+    onKey(QKeySequence::Undo, document_.mnuUndo);
+    onKey(Qt::CTRL | Qt::Key_Y, document_.mnuRedo);
 }
 
 bool GraphWindow::KeyPressed(const QKeyEvent& key) {
@@ -207,11 +216,8 @@ void GraphWindow::ShowFocus(const QEvent& event) {
 }
 
 void GraphWindow::ToggleFullSize() {
-    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
-        if (auto* const window = qobject_cast<QMdiSubWindow*>(above)) {
-            window->isMaximized() ? window->showNormal() : window->showMaximized();
-            return;
-        }
+    if (QWidget* const frame = Frame())
+        frame->isMaximized() ? frame->showNormal() : frame->showMaximized();
 }
 
 void GraphWindow::ShowPointer() {
@@ -219,15 +225,63 @@ void GraphWindow::ShowPointer() {
         view_->setCursor(shape);
 }
 
-/// A panel leaves the layout and floats over the chart, where it can be dragged.
-void GraphWindow::Float(QWidget& panel) {
-    panel.setParent(chart_);
+/// The figure as it will be written, as large as the panel has room for.
+void GraphWindow::ShowPreview() {
+    const PicturePanel& panel = document_.pictures;
+    if (!document_.fraPrintIt.visible || panel.OutputMode != OutputTarget::File)
+        return;
+    const std::optional<PictureSize> size = FigureSize(panel);
+    const QString made = QStringLiteral("%1 %2 %3 %4")
+                             .arg(document_.surface.revision)
+                             .arg(size ? size->width : 0)
+                             .arg(size ? size->height : 0)
+                             .arg(FigureScale(panel));
+    if (std::exchange(previewOf_, made) == made)
+        return;
+    if (!size) {
+        preview_->clear();
+        return;
+    }
+    const double scale = kPreviewWidth / size->width;
+    PlotSurface figure = ScaledFigure(document_.surface, FigureScale(panel));
+    const double ratio = devicePixelRatioF();
+    QImage image = PictureImage(
+        figure, {.size = (QSizeF(size->width, size->height) * kPixelsPerCm).toSize(),
+                 .pixels = (QSizeF(size->width, size->height) * scale * ratio).toSize()});
+    image.setDevicePixelRatio(ratio);
+    preview_->setPixmap(QPixmap::fromImage(image));
+}
+
+/// Chart and, at its right, the place of the open panel.
+void GraphWindow::MakeDock() {
+    auto* const outer = static_cast<QVBoxLayout*>(layout());
+    outer->removeWidget(chart_);
+    auto* const beside = new QHBoxLayout;
+    outer->insertLayout(0, beside, 1);
+    beside->addWidget(chart_, 1);
+    dock_ = new QScrollArea;
+    beside->addWidget(dock_);
+    dock_->setFrameShape(QFrame::NoFrame);
+    dock_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    dock_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
+    dock_->setWidgetResizable(true);
+    dock_->setFocusPolicy(Qt::NoFocus);
+    auto* const column = new QWidget;
+    docked_ = new QVBoxLayout(column);
+    docked_->setContentsMargins(0, 0, 0, 0);
+    docked_->addStretch(1);
+    dock_->setWidget(column);
+    dock_->hide();
+}
+
+/// A panel stands beside the chart while it is open, and never upon it.
+void GraphWindow::Dock(QWidget& panel) {
+    docked_->insertWidget(docked_->count() - 1, &panel);
+    panel.setProperty("collapses", true); // the others keep no room for theirs
     panel.hide();
-    panel.setAutoFillBackground(true);
-    if (qobject_cast<QGroupBox*>(&panel) != nullptr) // its title inside the frame, as it floats
+    if (qobject_cast<QGroupBox*>(&panel) != nullptr) // its title inside the frame, as its button
         panel.setStyleSheet(QStringLiteral("QGroupBox#%1 {border: 1px solid palette(mid);"
-                                           " background: palette(window); margin-top: 0;"
-                                           " padding-top: 1.8em}"
+                                           " margin-top: 0; padding-top: 1.8em}"
                                            "QGroupBox#%1::title {subcontrol-origin: border;"
                                            " subcontrol-position: top left; left: 8px; top: 6px}")
                                 .arg(panel.objectName()));
@@ -250,31 +304,62 @@ void GraphWindow::AddCloseButton(QWidget& panel) {
     close->setProperty(kCloses, true);
 }
 
-/// The chart is never smaller than the panels upon it: the window scrolls before a button is cut off.
-void GraphWindow::MakeRoom() {
-    QSize needed = smallestChart_;
-    for (const QWidget* panel : panels_)
+/// Gives the open panel the width that it needs, and the chart the rest; where the panel is higher
+/// than the window it scrolls.
+void GraphWindow::ArrangeDock() {
+    QSize needed;
+    for (QWidget* panel : panels_)
         if (!panel->isHidden())
-            needed = needed.expandedTo(panel->size());
-    if (chart_->minimumSize() != needed)
-        chart_->setMinimumSize(needed);
+            needed = needed.expandedTo(panel->sizeHint().expandedTo(panel->minimumSizeHint()));
+    const bool open = needed.isValid() && !needed.isEmpty();
+    if (open) {
+        const bool scrolls = needed.height() > chart_->height();
+        dock_->setFixedWidth(needed.width() +
+                             (scrolls ? dock_->verticalScrollBar()->sizeHint().width() : 0));
+    }
+    chart_->setMinimumWidth(open ? std::min(kLeastChart, smallestChart_.width())
+                                 : smallestChart_.width());
+    const bool changes = open != dock_->isVisibleTo(this);
+    dock_->setVisible(open);
+    if (changes) // the window's new size leads here again
+        open ? GrowFor(dock_->width()) : ShrinkBack();
 }
 
-void GraphWindow::PlacePanel(QWidget& panel) {
-    panel.adjustSize();
-    panel.raise();
-    MakeRoom();
-    const QRect room = chart_->rect();
-    QPoint place = panel.pos();
-    if (!panel.property(kPlaced).toBool())
-        place = {room.width() - panel.width() - kPanelMargin, kPanelMargin};
-    place.setX(std::clamp(place.x(), 0, std::max(0, room.width() - panel.width())));
-    place.setY(std::clamp(place.y(), 0, std::max(0, room.height() - panel.height())));
-    panel.move(place);
-    for (QWidget* own : panel.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (own->property(kCloses).toBool())
+/// The window grows, at most to the work area, while a panel would leave too little of the chart.
+void GraphWindow::GrowFor(int dockWidth) {
+    QWidget* const frame = Frame();
+    if (frame == nullptr || frame->isMaximized())
+        return;
+    before_ = frame->geometry();
+    const QRect area = frame->parentWidget()->rect();
+    QRect grown = before_;
+    grown.setWidth(std::clamp(kUsefulChart + dockWidth + before_.width() - chart_->width(),
+                              before_.width(), std::max(before_.width(), area.width())));
+    grown.moveLeft(std::max(0, std::min(grown.left(), area.width() - grown.width())));
+    frame->setGeometry(grown);
+    grown_ = grown;
+}
+
+/// Back to the size before, unless the user has given it another.
+void GraphWindow::ShrinkBack() {
+    QWidget* const frame = Frame();
+    if (frame != nullptr && !frame->isMaximized() && frame->geometry() == grown_)
+        frame->setGeometry(before_);
+}
+
+QWidget* GraphWindow::Frame() const {
+    for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget())
+        if (qobject_cast<QMdiSubWindow*>(above) != nullptr)
+            return above;
+    return nullptr;
+}
+
+void GraphWindow::PlaceCloseButton(QWidget& panel) {
+    for (QWidget* own : panel.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        if (own->property(kCloses).toBool()) {
             own->move(panel.width() - own->width() - kCloseMargin, kCloseMargin);
-    }
+            own->raise();
+        }
 }
 
 /// A diagram that has come is walked along by the keys at once.
@@ -285,63 +370,46 @@ void GraphWindow::showEvent(QShowEvent* event) {
 
 void GraphWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    focusEdge_->hide(); // it would not fit any more
-    for (QWidget* panel : panels_)
-        if (panel->isVisible())
-            PlacePanel(*panel);
+    ArrangeDock();
 }
 
 bool GraphWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == view_) {
         if (event->type() == QEvent::KeyPress)
             return KeyPressed(static_cast<QKeyEvent&>(*event));
+        if (event->type() == QEvent::Resize)
+            focusEdge_->hide(); // it would not fit any more
         if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
             ShowFocus(*event);
         return false;
     }
-    auto* const panel = qobject_cast<QWidget*>(watched);
-    switch (event->type()) {
-    case QEvent::Show:
-        PlacePanel(*panel);
-        if (texts_ != nullptr && panel->isAncestorOf(texts_))
+    PanelEvent(*static_cast<QWidget*>(watched), *event);
+    return false;
+}
+
+void GraphWindow::PanelEvent(QWidget& panel, const QEvent& event) {
+    switch (event.type()) {
+    case QEvent::ShowToParent:
+        ArrangeDock();
+        dock_->ensureVisible(0, 0);
+        if (texts_ != nullptr && panel.isAncestorOf(texts_))
             QTimer::singleShot(0, texts_, [this] { texts_->moveCursor(QTextCursor::End); });
         break;
-    case QEvent::Hide:
-        MakeRoom();
+    case QEvent::HideToParent:
+        ArrangeDock();
         // Whoever worked in the panel goes on in the chart.
-        if (isVisible() && (focusWidget() == nullptr || panel->isAncestorOf(focusWidget())))
+        if (isVisible() && (focusWidget() == nullptr || panel.isAncestorOf(focusWidget())))
             view_->setFocus(Qt::OtherFocusReason);
         break;
+    case QEvent::Resize:
+        PlaceCloseButton(panel);
+        break;
     case QEvent::LayoutRequest: // its contents were shown or hidden
-        if (panel->isVisible())
-            PlacePanel(*panel);
-        break;
-    case QEvent::MouseButtonPress: {
-        const auto* const mouse = static_cast<QMouseEvent*>(event);
-        if (mouse->button() == Qt::LeftButton) {
-            dragged_ = panel;
-            grab_ = mouse->pos();
-            panel->raise();
-            return true;
-        }
-        break;
-    }
-    case QEvent::MouseMove:
-        if (dragged_ == panel) {
-            const QPoint to = panel->mapToParent(static_cast<QMouseEvent*>(event)->pos()) - grab_;
-            panel->setProperty(kPlaced, true);
-            panel->move(std::clamp(to.x(), 0, std::max(0, chart_->width() - panel->width())),
-                        std::clamp(to.y(), 0, std::max(0, chart_->height() - panel->height())));
-            return true;
-        }
-        break;
-    case QEvent::MouseButtonRelease:
-        dragged_ = nullptr;
+        ArrangeDock();
         break;
     default:
         break;
     }
-    return QWidget::eventFilter(watched, event);
 }
 
 } // namespace zorvant

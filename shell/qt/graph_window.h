@@ -1,12 +1,14 @@
-// The widget of the diagram window: the picture, and over it the floating panels.
+// The widget of the diagram window: the picture, and beside it the panel that is open.
 #pragma once
 
 #include "dialogs/diagram/frm_z_graph_2d.h"
 #include "shell/qt/plot_view.h"
 
 #include <QFrame>
+#include <QLabel>
 #include <QPlainTextEdit>
-#include <QPointer>
+#include <QScrollArea>
+#include <QVBoxLayout>
 #include <QWidget>
 
 #include <vector>
@@ -33,22 +35,31 @@ private:
     void AddCloseButton(QWidget& panel);
     void ToggleFullSize();
     void ShowFocus(const QEvent& event);
-    void Float(QWidget& panel);
-    void MakeRoom();
-    void PlacePanel(QWidget& panel);
+    void MakeDock();
+    void Dock(QWidget& panel);
+    void ArrangeDock();
+    void GrowFor(int dockWidth);
+    void ShrinkBack();
+    QWidget* Frame() const;
+    void PlaceCloseButton(QWidget& panel);
+    void PanelEvent(QWidget& panel, const QEvent& event);
     void ShowPointer();
+    void ShowPreview();
 
     frmZGraph2D& document_;
     PlotView* view_ = nullptr;
     QWidget* chart_ = nullptr;
     QSize smallestChart_;
-    Handler refreshTexts_;        ///< what the record does before it is shown
-    QFrame* focusEdge_ = nullptr; ///< around the chart when the keys have come to it
+    Handler refreshTexts_;          ///< what the record does before it is shown
+    QFrame* focusEdge_ = nullptr;   ///< around the chart when the keys have come to it
+    QScrollArea* dock_ = nullptr;   ///< beside the chart, while a panel is open
+    QVBoxLayout* docked_ = nullptr; ///< the panels in it
+    QRect before_, grown_;          ///< of the window, without and with a panel
     std::vector<QWidget*> panels_;
     QPlainTextEdit* texts_ = nullptr; ///< schrift
+    QLabel* preview_ = nullptr;       ///< of the figure that would be written
+    QString previewOf_;               ///< what it was made of
     DiagramText shownText_ = DiagramText::Header;
-    QWidget* dragged_ = nullptr; ///< the panel that the mouse has hold of
-    QPoint grab_;                ///< where, from the panel's corner
 };
 
 } // namespace zorvant

@@ -3,6 +3,10 @@
 #include "shell/qt/key_filter.h"
 #include "shell/qt/qt_text.h"
 
+#include <QGuiApplication>
+#include <QPalette>
+#include <QTableView>
+
 namespace zorvant {
 namespace {
 
@@ -69,19 +73,36 @@ bool GridModel::Holds(const QModelIndex& index) const {
                grid_.cells[static_cast<std::size_t>(index.row())].size();
 }
 
+bool GridModel::IsOff(int row) const {
+    const std::vector<std::string>& cells = grid_.cells[static_cast<std::size_t>(row)];
+    for (std::size_t column = 0; column < std::min(cells.size(), grid_.checkColumns.size());
+         ++column)
+        if (grid_.checkColumns[column] && cells[column] == kChecked)
+            return true;
+    return false;
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!Holds(index))
         return {};
     const std::string& cell =
         grid_
             .cells[static_cast<std::size_t>(index.row())][static_cast<std::size_t>(index.column())];
-    if (At(grid_.checkColumns, index.column()))
-        return role == Qt::CheckStateRole ? QVariant(cell == kChecked ? Qt::Checked : Qt::Unchecked)
-                                          : QVariant();
+    if (At(grid_.checkColumns, index.column())) {
+        if (role != Qt::CheckStateRole || cell.empty())
+            return {};
+        return cell == kChecked ? Qt::Checked : Qt::Unchecked;
+    }
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
         return ToQt(cell);
+    case Qt::ForegroundRole:
+        if (IsOff(index.row()))
+            return QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+        if (cell == kUnchecked && At(grid_.paleColumns, index.column()))
+            return QGuiApplication::palette().brush(QPalette::PlaceholderText);
+        return {};
     case Qt::TextAlignmentRole:
         return QVariant(Qt::AlignRight | Qt::AlignVCenter);
     default:
@@ -99,7 +120,8 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
 Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
     Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     if (At(grid_.checkColumns, index.column()))
-        flags |= Qt::ItemIsUserCheckable;
+        flags |=
+            data(index, Qt::CheckStateRole).isValid() ? Qt::ItemIsUserCheckable : Qt::NoItemFlags;
     else if (At(grid_.editableColumns, index.column()))
         flags |= Qt::ItemIsEditable;
     return flags;
@@ -119,14 +141,36 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
     if (cell == text)
         return true;
     cell = std::move(text);
-    emit dataChanged(index, index);
+    const QModelIndex first = this->index(index.row(), 0);
+    emit dataChanged(first, this->index(index.row(), columns_ - 1)); // a mark greys its row
     if (grid_.onEdit)
         run_([this, row = index.row(), column = index.column()] { grid_.onEdit(row, column); });
     return true;
 }
 
-GridDelegate::GridDelegate(Grid& grid, GridModel::Runner run, QObject* parent)
-    : QStyledItemDelegate(parent), grid_(grid), run_(std::move(run)) {}
+GridDelegate::GridDelegate(Grid& grid, GridModel::Runner run, QTableView* view)
+    : QStyledItemDelegate(view), grid_(grid), run_(std::move(run)), view_(view) {
+    view->installEventFilter(this);
+}
+
+bool GridDelegate::eventFilter(QObject* watched, QEvent* event) {
+    const bool press = event->type() == QEvent::KeyPress;
+    const int key = press ? static_cast<QKeyEvent*>(event)->key() : 0;
+    const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+    const bool ofView = watched == view_;
+    const bool handled = !ofView && QStyledItemDelegate::eventFilter(watched, event);
+    if (!enter || (ofView && !At(grid_.editableColumns, view_->currentIndex().column())))
+        return handled;
+    // Behind the editor's text, which is handed over by a queued call as well.
+    QMetaObject::invokeMethod(this, &GridDelegate::GoDown, Qt::QueuedConnection);
+    return ofView || handled;
+}
+
+void GridDelegate::GoDown() {
+    const QModelIndex below = view_->currentIndex().siblingAtRow(view_->currentIndex().row() + 1);
+    if (below.isValid())
+        view_->setCurrentIndex(below);
+}
 
 void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);

@@ -8,10 +8,12 @@
 
 #include <functional>
 
+class QTableView;
+
 namespace zorvant {
 
-/// Reads the record as it stands: nothing is copied, so a table of any length is shown at once. What
-/// the user writes goes into the record, then to the grid's edit event through `run`.
+/// Reads the record as it stands: nothing is copied, so a table of any length is shown at once.
+/// What the user writes goes into the record, then to the grid's edit event through `run`.
 class GridModel : public QAbstractTableModel {
 public:
     using Runner = std::function<void(const Handler&)>;
@@ -29,6 +31,8 @@ public:
 
 private:
     bool Holds(const QModelIndex& index) const;
+    /// Whether a check box of the row is set: the row takes no part.
+    bool IsOff(int row) const;
 
     Grid& grid_;
     Runner run_;
@@ -36,19 +40,24 @@ private:
     int rows_ = 0, columns_ = 0; ///< as the views know them
 };
 
-/// Gives the keys typed into a cell's editor to the grid's key event.
+/// Gives the keys typed into a cell's editor to the grid's key event; Enter leads to the cell
+/// below.
 class GridDelegate : public QStyledItemDelegate {
 public:
-    GridDelegate(Grid& grid, GridModel::Runner run, QObject* parent);
+    GridDelegate(Grid& grid, GridModel::Runner run, QTableView* view);
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
 private:
+    void GoDown();
+
     Grid& grid_;
     GridModel::Runner run_;
+    QTableView* view_;
 };
 
 } // namespace zorvant

@@ -12,9 +12,17 @@ constexpr int kDotsPerInch = 96;
 /// Curves are broken into lines as on a device this many times as fine.
 constexpr double kFineness = 16;
 constexpr double kSameLength = 1e-9;
+constexpr double kShortestStroke = 1e-6;
 
 double ScaleOf(const QTransform& transform) {
     return std::sqrt(std::abs(transform.determinant()));
+}
+
+/// A stroke of no length, which some readers draw as a dot and others not.
+bool IsPoint(const QPolygonF& stroke) {
+    return std::ranges::all_of(stroke, [&](const QPointF& point) {
+        return QLineF(stroke.first(), point).length() <= kShortestStroke;
+    });
 }
 
 QList<QPolygonF> Outlines(const QPainterPath& path, const QTransform& transform) {
@@ -233,7 +241,7 @@ MetaShape StrokesOf(const MetaShape& dashed) {
         double left = lengths[0];
         QPolygonF stroke;
         const auto end = [&] {
-            if (stroke.size() > 1)
+            if (stroke.size() > 1 && !IsPoint(stroke))
                 strokes.outlines.append(stroke);
             stroke.clear();
         };

@@ -6,6 +6,7 @@
 #include <QPolygonF>
 #include <QRectF>
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <variant>
@@ -21,7 +22,10 @@ struct MetaPen {
     QList<qreal> dashes; ///< strokes and gaps in turn; empty: solid
     Qt::PenCapStyle cap = Qt::FlatCap;
     Qt::PenJoinStyle join = Qt::RoundJoin;
-    bool operator==(const MetaPen&) const = default;
+    bool operator==(const MetaPen& other) const {
+        return colour == other.colour && width == other.width && cap == other.cap &&
+               join == other.join && std::ranges::equal(dashes, other.dashes);
+    }
 };
 
 struct MetaShape {

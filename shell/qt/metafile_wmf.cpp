@@ -1,4 +1,4 @@
-#include "platform/files.h"
+#include "platform/encoding.h"
 #include "shell/qt/metafile.h"
 #include "shell/qt/metafile_writer.h"
 

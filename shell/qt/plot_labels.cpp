@@ -15,13 +15,16 @@ namespace {
 constexpr double kPaddingX = 2, kPaddingY = 0.5; ///< points, between text and edge of the box
 constexpr double kInset = 1.5; ///< points, least distance from the frame of the plot area
 // What it costs a label to stand somewhere: nothing outweighs another label.
-constexpr double kCostOfLabel = 1e6, kCostOfSymbol = 40;
-constexpr double kCostOfLine = 1.5; ///< per pixel of a line under the box
-/// Nearer to another curve than to its own, a label misleads.
-constexpr double kCostOfOtherCurve = 35;
+constexpr double kCostOfLabel = 1e6, kCostOfSymbol = 1000;
+constexpr double kCostOfLine = 100; ///< per pixel of a line under the box
+/// Nearer to another curve than to its own, a label misleads; less so with a line to its point.
+constexpr double kCostOfOtherCurve = 110;
 /// A label leaves the side that it asks for, or the neighbourhood, only for a much better place.
 constexpr double kCostOfOtherSide = 8, kCostOfRing = 12;
-constexpr int kRings = 10; ///< how many half heights of its box a label may move away
+constexpr double kCloseShare = 0.35; ///< of its distance, where there is little room
+constexpr int kRings = 20;           ///< how many half heights of its box a label may move away
+/// A label farther from its point than this has a line to it, heights of its box.
+constexpr double kLeaderFrom = 1.25;
 
 constexpr std::array<LabelAnchor, 8> kSides{
     LabelAnchor::NorthEast, LabelAnchor::NorthWest, LabelAnchor::SouthEast, LabelAnchor::SouthWest,
@@ -74,8 +77,8 @@ QRectF Inside(QRectF rect, const QRectF& area) {
     return rect;
 }
 
-/// What labels had better not cover, in pixels, sorted into squares: a label looks only at what lies
-/// near it.
+/// What labels had better not cover, in pixels, sorted into squares: a label looks only at what
+/// lies near it.
 class Obstacles {
 public:
     struct Line {
@@ -165,6 +168,23 @@ private:
 };
 
 constexpr double kShortest = 6; ///< pixels, of a part of a line
+constexpr double kPiece = 12;   ///< and the longest one
+
+/// A segment in pieces as short as labels are high, as far as they lie in the plot area: a label
+/// looks for the ends of lines near it.
+void AddPieces(std::vector<QLineF>& parts, const QLineF& segment, const QRectF& area) {
+    if (!QRectF(segment.p1(), segment.p2()).normalized().adjusted(-1, -1, 1, 1).intersects(area))
+        return;
+    const double most = (area.width() + area.height()) / kPiece;
+    const int pieces =
+        static_cast<int>(std::clamp(std::ceil(segment.length() / kPiece), 1.0, most));
+    for (int i = 0; i < pieces; ++i) {
+        const QLineF piece(segment.pointAt(static_cast<double>(i) / pieces),
+                           segment.pointAt((i + 1.0) / pieces));
+        if (area.contains(piece.p1()) || area.contains(piece.p2()))
+            parts.push_back(piece);
+    }
+}
 
 std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& layout) {
     std::vector<QLineF> parts;
@@ -180,8 +200,8 @@ std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& lay
         const QPointF at(x.Pixel(series.x[i]), y.Pixel(series.y[i]));
         if (before && (at - *before).manhattanLength() < kShortest)
             continue; // as good as straight, against the size of a label
-        if (before && (layout.plotArea.contains(at) || layout.plotArea.contains(*before)))
-            parts.emplace_back(*before, at);
+        if (before)
+            AddPieces(parts, QLineF(*before, at), layout.plotArea);
         before = at;
     }
     return parts;
@@ -189,7 +209,6 @@ std::vector<QLineF> LineParts(const PlotSeries& series, const PictureLayout& lay
 
 /// A vertical mark, which runs through the whole plot area, in pieces as short as labels are high.
 std::vector<QLineF> MarkParts(const PlotSeries& mark, const PictureLayout& layout) {
-    constexpr double kPiece = 8; // pixels
     std::vector<QLineF> parts;
     const double x = layout.x.scale.Pixel(mark.x.front());
     if (!layout.x.scale.Shows(mark.x.front()))
@@ -287,15 +306,34 @@ double Cost(const QRectF& rect, const PlotLabel& label, const std::vector<TextBo
     return cost;
 }
 
+bool CoversLine(const QRectF& rect, Obstacles& obstacles) {
+    bool covers = false;
+    obstacles.EachLine(
+        rect.adjusted(-kPiece, -kPiece, kPiece, kPiece),
+        [&](const Obstacles::Line& line) { covers = covers || LengthInside(line.at, rect) > 0; });
+    return covers;
+}
+
+/// From the nearest place of a label's edge to its point, where that is far.
+std::optional<QLineF> Leader(const QRectF& rect, QPointF point) {
+    const QPointF edge(std::clamp(point.x(), rect.left(), rect.right()),
+                       std::clamp(point.y(), rect.top(), rect.bottom()));
+    const QLineF line(edge, point);
+    return line.length() > kLeaderFrom * rect.height() ? std::optional(line) : std::nullopt;
+}
+
 QRectF BestPlace(QPointF point, QSizeF size, const PlotLabel& label, const QRectF& area,
                  const std::vector<TextBox>& placed, const std::optional<LegendLayout>& legend,
                  Obstacles& obstacles) {
     QRectF best = Inside(Beside(point, size, label.anchor, label.offset), area);
     double least = Cost(best, label, placed, legend, obstacles, std::numeric_limits<double>::max());
-    for (int ring = 0; ring <= kRings && least > kCostOfRing * ring; ++ring) {
+    // At its distance, then close to the curve, then farther and farther away.
+    for (int ring = 0; ring <= kRings + 1 && least > kCostOfRing * ring; ++ring) {
+        const double distance = ring == 1
+                                    ? label.offset * kCloseShare
+                                    : label.offset + std::max(0, ring - 1) * size.height() / 2;
         for (const LabelAnchor side : kSides) {
-            const QRectF place =
-                Inside(Beside(point, size, side, label.offset + ring * size.height() / 2), area);
+            const QRectF place = Inside(Beside(point, size, side, distance), area);
             const double away = kCostOfRing * ring + (side == label.anchor ? 0 : kCostOfOtherSide);
             if (away >= least)
                 continue;
@@ -370,7 +408,11 @@ std::vector<TextBox> PlaceLabels(const PlotSurface& surface, const PictureLayout
         if (!label.colours.transparent)
             box.back = ToColour(label.colours.back, kWhite);
         box.border = label.border;
+        box.number = number;
         box.rect = BestPlace(*point, size, label, area, placed, layout.legend, *obstacles);
+        if (CoversLine(box.rect, *obstacles))
+            box.back.reset(); // where no place is free the curve is seen through the label
+        box.leader = Leader(box.rect, *point);
         placed.push_back(std::move(box));
     }
     return placed;

@@ -37,6 +37,12 @@ double Widest(const std::vector<TextBox>& boxes) {
         widest = std::max(widest, box.rect.width());
     return widest;
 }
+double WidthOf(const std::optional<TextBox>& box) {
+    return box ? box->rect.width() : 0;
+}
+double HeightOf(const std::optional<TextBox>& box) {
+    return box ? box->rect.height() : 0;
+}
 double Highest(const std::vector<TextBox>& boxes) {
     double highest = 0;
     for (const TextBox& box : boxes)
@@ -90,6 +96,16 @@ TextBox MakeBlock(const TextBlock& block, const QRectF& inner, const QRectF& pic
     return box;
 }
 
+/// A text at its automatic place belongs to the plot area, as far as the picture has the room.
+void CentreOverPlot(std::optional<TextBox>& box, const TextBlock& block, const QRectF& plotArea,
+                    const QRectF& inner) {
+    if (!box || !block.location.automatic)
+        return;
+    const double width = box->rect.width();
+    box->rect.moveLeft(std::clamp(plotArea.center().x() - width / 2, inner.left(),
+                                  std::max(inner.left(), inner.right() - width)));
+}
+
 /// What header and additional text leave to the chart. A text that was shifted keeps its room as
 /// long as it touches the strip that it has without being shifted.
 void ReserveBlock(QRectF& inner, const QRectF& block, bool above, double gap) {
@@ -101,14 +117,6 @@ void ReserveBlock(QRectF& inner, const QRectF& block, bool above, double gap) {
 
 // --- numbers of an axis
 
-double NumberSpacing(const PlotAxis& axis, const ShownAxisRange& range,
-                     const std::vector<double>& numbers) {
-    const double wanted = axis.number.value;
-    const bool taken = range.log || numbers.size() < 2 ||
-                       std::abs(numbers[1] - numbers[0] - wanted) < 0.01 * wanted;
-    return wanted > 0 && taken ? wanted : ChooseSpacing(range).number;
-}
-
 /// All numbers of an axis, measured but not placed.
 void MakeNumbers(AxisLayout& axis, const PlotSurface& surface, AxisId id, double ppp) {
     const PlotAxis& source = GetAxis(surface, id);
@@ -119,15 +127,21 @@ void MakeNumbers(AxisLayout& axis, const PlotSurface& surface, AxisId id, double
         return;
     axis.ticks = marks.ticks;
     axis.marks = marks.numbers;
-    const double spacing = NumberSpacing(source, axis.scale.range, marks.numbers);
+    axis.spacing = marks.spacing;
+    axis.powers = marks.log;
+    const AxisNotation notation = NotationOf(marks);
     const QFont font = ToFont(source.font, ppp);
-    for (const double mark : marks.numbers) {
-        TextBox number = NumberText(MarkText(mark, spacing, axis.scale.range.log), font);
-        number.fore = ToColour(source.colour, kBlack);
-        number.vertical = source.annotationRotation == TextRotation::Vertical;
-        number.rect.setSize(MeasureText(number));
-        axis.numbers.push_back(number);
-    }
+    const auto finish = [&](TextBox box, bool vertical) {
+        box.fore = ToColour(source.colour, kBlack);
+        box.vertical = vertical;
+        box.rect.setSize(MeasureText(box));
+        return box;
+    };
+    const bool vertical = source.annotationRotation == TextRotation::Vertical;
+    for (const double mark : marks.numbers)
+        axis.numbers.push_back(finish(NumberText(MarkText(mark, notation), font), vertical));
+    if (notation.power != 0)
+        axis.factor = finish(FactorText(notation.power, font), false);
 }
 
 bool Touch(const std::vector<TextBox>& numbers, bool horizontal, double apart) {
@@ -140,34 +154,40 @@ bool Touch(const std::vector<TextBox>& numbers, bool horizontal, double apart) {
     return false;
 }
 
+/// The numbers of which `take` says yes.
+template <class Take> void KeepNumbers(AxisLayout& axis, const AxisLayout& all, Take take) {
+    axis.numbers.clear();
+    axis.marks.clear();
+    for (std::size_t i = 0; i < all.marks.size(); ++i)
+        if (take(i)) {
+            axis.numbers.push_back(all.numbers[i]);
+            axis.marks.push_back(all.marks[i]);
+        }
+}
+
 /// Keeps the numbers that a reader expects when not all have room: powers of ten, or multiples of
-/// two, five, ten ... times the spacing.
+/// two, five, ten ... times the spacing; never fewer than two that have room.
 void ThinNumbers(AxisLayout& axis, bool horizontal, double apart) {
-    const std::vector<TextBox> all = axis.numbers;
-    const std::vector<double> marks = axis.marks;
-    if (marks.size() < 2)
+    if (axis.marks.size() < 2 || !Touch(axis.numbers, horizontal, apart))
         return;
-    const bool log = axis.scale.range.log;
-    const double spacing = marks[1] - marks[0];
+    const AxisLayout all = axis;
     constexpr std::array<int, 10> kStrides{1, 2, 5, 10, 20, 50, 100, 200, 500, 1000};
     for (const int stride : kStrides) {
-        axis.numbers.clear();
-        axis.marks.clear();
-        for (std::size_t i = 0; i < marks.size(); ++i) {
+        KeepNumbers(axis, all, [&](std::size_t i) {
             // Steps from zero; on a logarithmic axis decades, broken ones between them.
-            const double steps = log ? std::log10(marks[i]) : marks[i] / spacing;
-            const bool whole = std::abs(steps - std::round(steps)) < 1e-6;
-            const bool kept = log && stride == 1
-                                  ? true
-                                  : whole && std::llround(steps) % (log ? stride / 2 : stride) == 0;
-            if (!kept)
-                continue;
-            axis.numbers.push_back(all[i]);
-            axis.marks.push_back(marks[i]);
-        }
+            const double steps =
+                all.powers ? std::log10(all.marks[i]) : std::round(all.marks[i] / all.spacing);
+            return std::abs(steps - std::round(steps)) < 1e-6 && std::llround(steps) % stride == 0;
+        });
         if (!Touch(axis.numbers, horizontal, apart))
-            return;
+            break;
     }
+    if (axis.marks.size() >= 2)
+        return;
+    const AxisLayout thinned = axis;
+    KeepNumbers(axis, all, [&](std::size_t i) { return i == 0 || i + 1 == all.marks.size(); });
+    if (Touch(axis.numbers, horizontal, apart))
+        axis = thinned;
 }
 
 void PlaceNumbersOfX(AxisLayout& axis, Placement placement, double distance, double apart) {
@@ -248,8 +268,9 @@ Sides AutomaticMargins(const PlotSurface& surface, const PictureLayout& layout, 
     const PlotAxis& x = GetAxis(surface, AxisId::X);
     const PlotAxis& y = GetAxis(surface, AxisId::Y);
     const double distance = (kTick + kNumberGap) * ppp;
-    const auto [leftOfY, rightOfY] = NumberRoom(y, layout.x.scale.range, Widest(layout.y.numbers),
-                                                layout.chartArea.width() * 0.8, distance);
+    const double widest = std::max(Widest(layout.y.numbers), WidthOf(layout.y.factor));
+    const auto [leftOfY, rightOfY] =
+        NumberRoom(y, layout.x.scale.range, widest, layout.chartArea.width() * 0.8, distance);
     const auto [belowX, aboveX] = NumberRoom(x, layout.y.scale.range, Highest(layout.x.numbers),
                                              layout.chartArea.height() * 0.8, distance);
     // A tick stands out even where no numbers are, and the last number hangs over the corner.
@@ -258,8 +279,15 @@ Sides AutomaticMargins(const PlotSurface& surface, const PictureLayout& layout, 
                 .right = std::max({rightOfY, Widest(layout.x.numbers) / 2, tick}),
                 .top = std::max({aboveX, Highest(layout.y.numbers) / 2, tick}),
                 .bottom = std::max(belowX, tick)};
-    if (layout.x.title)
-        sides.bottom += layout.x.title->rect.height() + kTitleGap * ppp;
+    // The power of ten of x stands beside its title, that of y upon its axis.
+    const double xFactor = HeightOf(layout.x.factor);
+    if (x.annotation == Placement::Max)
+        sides.top += xFactor;
+    const double row = x.annotation == Placement::Max ? 0 : xFactor;
+    if (layout.x.title || row > 0)
+        sides.bottom += std::max(HeightOf(layout.x.title), row) + kTitleGap * ppp;
+    if (layout.y.factor)
+        sides.top = std::max(sides.top, Highest(layout.y.numbers) / 2 + HeightOf(layout.y.factor));
     if (layout.y.title && layout.y.title->vertical)
         sides.left += layout.y.title->rect.width() + kTitleGap * ppp;
     else if (layout.y.title)
@@ -416,15 +444,48 @@ void PlaceAxes(PictureLayout& layout, const PlotSurface& surface, double ppp) {
     ClearCrossing(layout.y, false, layout.x.line, area, surface.plotAreaFrame);
 }
 
-void PlaceTitles(PictureLayout& layout, double ppp) {
+/// The powers of ten that all numbers of an axis share: at its upper end, behind the numbers.
+void PlaceFactors(PictureLayout& layout, const PlotSurface& surface, double below, double ppp) {
     const QRectF& area = layout.plotArea;
+    if (layout.x.factor) {
+        QRectF& rect = layout.x.factor->rect;
+        rect.moveRight(area.right());
+        if (GetAxis(surface, AxisId::X).annotation == Placement::Max) {
+            double above = area.top() - kTick * ppp;
+            for (const TextBox& number : layout.x.numbers)
+                above = std::min(above, number.rect.top());
+            rect.moveBottom(above);
+        } else {
+            rect.moveTop(below + kTitleGap * ppp);
+        }
+    }
+    if (!layout.y.factor)
+        return;
+    QRectF& rect = layout.y.factor->rect;
+    const double distance = (kTick + kNumberGap) * ppp;
+    if (GetAxis(surface, AxisId::Y).annotation == Placement::Max)
+        rect.moveLeft(layout.y.numberLine + distance);
+    else
+        rect.moveRight(
+            std::max(layout.y.numberLine - distance, layout.chartArea.left() + rect.width()));
+    double top = area.top() - kTick * ppp;
+    for (const TextBox& number : layout.y.numbers)
+        top = std::min(top, number.rect.top());
+    rect.moveBottom(top);
+}
+
+void PlaceTitles(PictureLayout& layout, const PlotSurface& surface, double ppp) {
+    const QRectF& area = layout.plotArea;
+    double below = area.bottom() + kTick * ppp;
+    for (const TextBox& number : layout.x.numbers)
+        below = std::max(below, number.rect.bottom());
+    PlaceFactors(layout, surface, below, ppp);
     if (layout.x.title) {
         QRectF& rect = layout.x.title->rect;
-        double below = area.bottom() + kTick * ppp;
-        for (const TextBox& number : layout.x.numbers)
-            below = std::max(below, number.rect.bottom());
         rect.moveLeft(area.center().x() - rect.width() / 2);
         rect.moveTop(below + kTitleGap * ppp);
+        if (layout.x.factor && layout.x.factor->rect.intersects(rect))
+            rect.moveRight(layout.x.factor->rect.left() - kTitleGap * ppp);
     }
     if (!layout.y.title)
         return;
@@ -438,6 +499,9 @@ void PlaceTitles(PictureLayout& layout, double ppp) {
         left = std::min(left, number.rect.left());
         top = std::min(top, number.rect.top());
     }
+    for (const auto& factor : {layout.x.factor, layout.y.factor})
+        if (factor && !layout.y.title->vertical)
+            top = std::min(top, factor->rect.top());
     if (layout.y.title->vertical) {
         rect.moveRight(left - kTitleGap * ppp);
         rect.moveTop(area.center().y() - rect.height() / 2);
@@ -484,7 +548,8 @@ PictureLayout LayOut(const PlotSurface& surface, QSize size, double pixelsPerPoi
     MakeNumbers(layout.x, surface, AxisId::X, ppp);
     MakeNumbers(layout.y, surface, AxisId::Y, ppp);
     const bool vertical = GetAxis(surface, AxisId::Y).titleRotation == TextRotation::Vertical;
-    MakeTitle(layout.x, GetAxis(surface, AxisId::X), false, layout.chartArea.width() * 0.9, ppp);
+    MakeTitle(layout.x, GetAxis(surface, AxisId::X), false,
+              layout.chartArea.width() * 0.9 - WidthOf(layout.x.factor), ppp);
     MakeTitle(layout.y, GetAxis(surface, AxisId::Y), vertical,
               (vertical ? layout.chartArea.height() : layout.chartArea.width()) * 0.9, ppp);
 
@@ -492,7 +557,9 @@ PictureLayout LayOut(const PlotSurface& surface, QSize size, double pixelsPerPoi
     // The lowest value stands on the lowest row of pixels, so the range begins one row higher up.
     layout.plotArea = QRectF(layout.axisRect).translated(0, -1);
     PlaceAxes(layout, surface, ppp);
-    PlaceTitles(layout, ppp);
+    PlaceTitles(layout, surface, ppp);
+    CentreOverPlot(layout.header, surface.header, layout.plotArea, inner);
+    CentreOverPlot(layout.footer, surface.footer, layout.plotArea, inner);
     PlaceLegend(layout, surface, ppp);
     layout.chartArea = wholeArea;
     layout.labels = PlaceLabels(surface, layout, ppp);
@@ -514,6 +581,8 @@ PlotLayout ToPlotLayout(const PictureLayout& layout) {
         result.header = pixels(layout.header->rect);
     if (layout.footer)
         result.footer = pixels(layout.footer->rect);
+    for (const TextBox& label : layout.labels)
+        result.labels.push_back({label.number, pixels(label.rect)});
     return result;
 }
 

@@ -26,7 +26,10 @@ struct AxisLayout {
     std::vector<double> grid;  ///< data
     std::vector<double> ticks; ///< data
     std::vector<double> marks; ///< data, the ticks with a number
+    double spacing = 1;        ///< of the numbers, data
+    bool powers = false;       ///< the numbers are powers of ten
     std::vector<TextBox> numbers;
+    std::optional<TextBox> factor; ///< the power of ten of all numbers
     std::optional<TextBox> title;
 };
 

@@ -12,6 +12,8 @@ namespace zorvant {
 namespace {
 
 constexpr double kSymbolPen = 1.3;                        ///< pixels
+constexpr double kLeaderPen = 0.8;                        ///< pixels
+constexpr float kLeaderShade = 0.6F;                      ///< share of the full colour
 constexpr double kTickWithNumber = 3.5, kTickWithout = 2; ///< points
 
 /// Lengths of strokes and gaps in pixels, a fixed part and one for each pixel of the line's width:
@@ -71,9 +73,30 @@ QPointF LineStart(const TextBox& box, const QFontMetricsF& metrics, const QRectF
     return {left, top + metrics.ascent() + static_cast<double>(line) * metrics.lineSpacing()};
 }
 
+/// A horizontal or vertical line on whole pixels of the device: lines of one width look so at any
+/// scale. On paper and in vector files it lies where it is.
+void DrawCrisp(QCPPainter& painter, const QLineF& line, double width, const QColor& colour) {
+    if (painter.modes().testFlag(QCPPainter::pmVectorized)) {
+        QPen pen(colour, width);
+        pen.setCapStyle(Qt::SquareCap);
+        painter.setPen(pen);
+        painter.drawLine(line);
+        return;
+    }
+    const QTransform toDevice = painter.deviceTransform();
+    const double thick = std::max(1.0, std::round(width * std::abs(toDevice.m11())));
+    const double before = (width - 1) / 2; // a line of one pixel begins at its coordinate
+    const QPointF from(std::min(line.x1(), line.x2()), std::min(line.y1(), line.y2()));
+    const QPointF to(std::max(line.x1(), line.x2()), std::max(line.y1(), line.y2()));
+    const QPointF start = toDevice.map(from - QPointF(before, before));
+    const QPointF end = toDevice.map(to - QPointF(before, before));
+    const QRectF snapped(QPointF(std::round(start.x()), std::round(start.y())),
+                         QPointF(std::round(end.x()) + thick, std::round(end.y()) + thick));
+    painter.fillRect(toDevice.inverted().mapRect(snapped), colour);
+}
+
 /// A tick crosses a line inside the plot area and points away from it at the edge.
-void DrawTick(QCPPainter& painter, bool ofX, double at, double line, double edgeMin, double edgeMax,
-              double length) {
+QLineF TickLine(bool ofX, double at, double line, double edgeMin, double edgeMax, double length) {
     const double outward = ofX ? 1 : -1; // downward, to the left
     double from = line, to = line + outward * length;
     if (line == edgeMax) {
@@ -82,7 +105,7 @@ void DrawTick(QCPPainter& painter, bool ofX, double at, double line, double edge
         from = line - length / 2;
         to = line + length / 2;
     }
-    painter.drawLine(ofX ? QLineF(at, from, at, to) : QLineF(from, at, to, at));
+    return ofX ? QLineF(at, from, at, to) : QLineF(from, at, to, at);
 }
 
 void DrawAxis(QCPPainter& painter, const PlotAxis& source, const AxisLayout& axis,
@@ -90,15 +113,17 @@ void DrawAxis(QCPPainter& painter, const PlotAxis& source, const AxisLayout& axi
     if (!source.visible)
         return;
     painter.setAntialiasing(false);
-    QPen pen(ToColour(source.colour, kBlack), source.lineWidth);
-    pen.setCapStyle(Qt::FlatCap);
-    painter.setPen(pen);
+    const QColor colour = ToColour(source.colour, kBlack);
     const AxisScale& scale = axis.scale;
-    painter.drawLine(ofX ? QLineF(scale.pixelMin, axis.line, scale.pixelMax, axis.line)
-                         : QLineF(axis.line, scale.pixelMin, axis.line, scale.pixelMax));
+    DrawCrisp(painter,
+              ofX ? QLineF(scale.pixelMin, axis.line, scale.pixelMax, axis.line)
+                  : QLineF(axis.line, scale.pixelMin, axis.line, scale.pixelMax),
+              source.lineWidth, colour);
     const auto draw = [&](double mark, double length) {
-        DrawTick(painter, ofX, std::round(scale.Pixel(mark)), axis.line, other.scale.pixelMin,
-                 other.scale.pixelMax, length * ppp);
+        DrawCrisp(painter,
+                  TickLine(ofX, std::round(scale.Pixel(mark)), axis.line, other.scale.pixelMin,
+                           other.scale.pixelMax, length * ppp),
+                  source.lineWidth, colour);
     };
     for (const double tick : axis.ticks)
         draw(tick, kTickWithout);
@@ -107,8 +132,9 @@ void DrawAxis(QCPPainter& painter, const PlotAxis& source, const AxisLayout& axi
     painter.setAntialiasing(true);
     for (const TextBox& number : axis.numbers)
         DrawTextBox(painter, number);
-    if (axis.title)
-        DrawTextBox(painter, *axis.title);
+    for (const auto* text : {&axis.factor, &axis.title})
+        if (*text)
+            DrawTextBox(painter, **text);
 }
 
 /// Which part of the segment from p by d lies on the inner side of one edge; q: distance to the
@@ -227,16 +253,31 @@ void DrawTextBox(QCPPainter& painter, const TextBox& box) {
     painter.restore();
 }
 
+void DrawLabels(QCPPainter& painter, const std::vector<TextBox>& labels) {
+    painter.setAntialiasing(true);
+    for (const TextBox& label : labels)
+        if (label.leader) {
+            QColor colour = label.fore;
+            colour.setAlphaF(kLeaderShade);
+            painter.setPen(QPen(colour, kLeaderPen));
+            painter.drawLine(*label.leader);
+        }
+    for (const TextBox& label : labels)
+        DrawTextBox(painter, label);
+}
+
 void DrawAxes(QCPPainter& painter, const PlotSurface& surface, const PictureLayout& layout,
               double pixelsPerPoint) {
     const PlotAxis& x = GetAxis(surface, AxisId::X);
     const PlotAxis& y = GetAxis(surface, AxisId::Y);
     if (surface.plotAreaFrame && surface.plotAreaFrameWidth > 0) {
         painter.setAntialiasing(false);
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(ToColour(x.colour, kBlack), surface.plotAreaFrameWidth, Qt::SolidLine,
-                            Qt::SquareCap, Qt::MiterJoin));
-        painter.drawRect(layout.plotArea);
+        const QRectF& area = layout.plotArea;
+        for (const QLineF& side : {QLineF(area.topLeft(), area.topRight()),
+                                   QLineF(area.bottomLeft(), area.bottomRight()),
+                                   QLineF(area.topLeft(), area.bottomLeft()),
+                                   QLineF(area.topRight(), area.bottomRight())})
+            DrawCrisp(painter, side, surface.plotAreaFrameWidth, ToColour(x.colour, kBlack));
     }
     DrawAxis(painter, x, layout.x, layout.y, true, pixelsPerPoint);
     DrawAxis(painter, y, layout.y, layout.x, false, pixelsPerPoint);

@@ -13,13 +13,15 @@ class QCPScatterStyle;
 namespace zorvant {
 
 /// Qt::NoPen for a pattern that shows nothing.
-/// Lines as wide as print and enlarged pictures need them, against the pixels of their style. On the
-/// screen a line of one pixel is painted in a tenth of the time of a wider one.
+/// Lines as wide as print and enlarged pictures need them, against the pixels of their style. On
+/// the screen a line of one pixel is painted in a tenth of the time of a wider one.
 inline constexpr double kPictureLine = 1.3, kScreenLine = 1;
 QPen ToPen(const LineStyle& style, double widthFactor);
 QPen GridPen(const PlotAxis& axis);
 QCPScatterStyle ToScatter(const SymbolStyle& style);
 
+/// Labels with the lines to their points, which lie below all of them.
+void DrawLabels(QCPPainter& painter, const std::vector<TextBox>& labels);
 void DrawTextBox(QCPPainter& painter, const TextBox& box);
 void DrawBorder(QCPPainter& painter, const QRectF& rect, const Border& border,
                 const QColor& colour);

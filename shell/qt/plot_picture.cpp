@@ -2,14 +2,15 @@
 
 #include "platform/files.h"
 #include "platform/number_text.h"
+#include "platform/paths.h"
 #include "shell/qt/metafile.h"
 #include "shell/qt/plot_view.h"
 
 #include <QBuffer>
+#include <QImageReader>
 #include <QImageWriter>
 #include <QPageSize>
 #include <QPdfWriter>
-#include <QRegularExpression>
 #include <QSvgGenerator>
 
 #include <array>
@@ -24,14 +25,24 @@ constexpr int kPdfResolution = 1200;
 /// Diagrams are mostly ground: the first step of compression does most of it.
 constexpr int kPngQuality = 89;
 
-QByteArray Encoded(QImage image, const char* format, int quality) {
+[[noreturn]] void ThrowNoMemory() {
+    throw FileError("there is not enough memory for a picture of this size");
+}
+
+QByteArray Encoded(const QImage& image, const char* format, int quality) {
+    if (image.isNull())
+        ThrowNoMemory();
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
+    buffer.open(QIODevice::ReadWrite);
     QImageWriter writer(&buffer, format);
     writer.setQuality(quality);
     if (!writer.write(image))
         throw FileError("the picture could not be encoded");
+    // The writers work on a copy and do not notice when there is no room for it.
+    buffer.seek(0);
+    if (QImageReader(&buffer, format).size() != image.size())
+        ThrowNoMemory();
     return bytes;
 }
 
@@ -42,7 +53,22 @@ QByteArray Png(PlotSurface& surface, const PictureMeasure& measure) {
 QByteArray Bmp(PlotSurface& surface, const PictureMeasure& measure) {
     QImage image = PictureImage(surface, measure);
     image.convertTo(QImage::Format_RGB888); // the form that every program reads
-    return Encoded(std::move(image), "bmp", -1);
+    return Encoded(image, "bmp", -1);
+}
+
+/// Drops the characters that XML has no place for. In UTF-8: controls, U+FFFE and U+FFFF.
+QByteArray KnownToXml(const QByteArray& utf8) {
+    QByteArray known;
+    known.reserve(utf8.size());
+    for (qsizetype i = 0; i < utf8.size(); ++i) {
+        const char c = utf8[i];
+        const QByteArrayView next = QByteArrayView(utf8).sliced(i);
+        if (next.startsWith("\xEF\xBF\xBE") || next.startsWith("\xEF\xBF\xBF"))
+            i += 2;
+        else if (static_cast<unsigned char>(c) >= 0x20 || c == '\n' || c == '\r' || c == '\t')
+            known += c;
+    }
+    return known;
 }
 
 QByteArray Svg(PlotSurface& surface, const PictureMeasure& measure) {
@@ -53,9 +79,13 @@ QByteArray Svg(PlotSurface& surface, const PictureMeasure& measure) {
     generator.setSize(measure.size);
     generator.setViewBox(QRect(QPoint(0, 0), measure.size));
     generator.setResolution(qRound(kDotsPerInch));
-    generator.setTitle(QString::fromStdString(surface.header.text));
+    generator.setTitle(QString()); // it would be written as it is, markup and all
     PlotView().PaintOn(generator, surface, measure.size, QTransform(), true);
-    return bytes;
+    const QString title = QString::fromStdString(surface.header.text).toHtmlEscaped();
+    if (!title.isEmpty())
+        bytes.insert(bytes.indexOf('>', bytes.indexOf("<svg")) + 1,
+                     "\n<title>" + title.toUtf8() + "</title>");
+    return KnownToXml(bytes);
 }
 
 QByteArray Pdf(PlotSurface& surface, const PictureMeasure& measure) {
@@ -123,7 +153,7 @@ std::string Draw(PlotSurface& surface, const Format& format, const PictureMeasur
         return bytes.toStdString();
     } catch (const std::bad_alloc&) {
         surface.layout = kept;
-        throw FileError("there is not enough memory for a picture of this size");
+        ThrowNoMemory();
     }
 }
 
@@ -142,19 +172,36 @@ PictureMeasure MeasureOnPaper(const PictureSize& size, bool bitmap) {
     return measure;
 }
 
-QByteArray WithoutDate(const QByteArray& pdf) {
-    // Same length: the table of positions at the end stays right.
-    static const QRegularExpression kDate(QStringLiteral(R"(/CreationDate \(D:\d{14})"));
-    QString text = QString::fromLatin1(pdf);
-    text.replace(kDate, QStringLiteral("/CreationDate (D:20000101000000"));
-    return text.toLatin1();
+QByteArray WithoutDate(QByteArray pdf) {
+    const QByteArray start("/CreationDate (D:"), date("20000101000000Z");
+    const qsizetype at = pdf.indexOf(start) + start.size();
+    const qsizetype length = pdf.indexOf(')', at) - at;
+    if (at < start.size() || length < 0)
+        return pdf;
+    pdf.replace(at, length, date);
+    // How long a date is depends on the time zone. The table at the end says where the objects are.
+    const qsizetype shift = date.size() - length;
+    const qsizetype table = pdf.lastIndexOf("\nxref\n");
+    const auto move = [&](qsizetype number, qsizetype digits, qsizetype width) {
+        const qsizetype place = pdf.mid(number, digits).toLongLong();
+        if (place > at)
+            pdf.replace(number, digits,
+                        QByteArray::number(place + shift).rightJustified(width, '0'));
+    };
+    constexpr qsizetype kOffsetDigits = 10;
+    for (qsizetype line = table; line >= 0; line = pdf.indexOf('\n', line + 1))
+        if (pdf.mid(line + 1 + kOffsetDigits, 9) == " 00000 n ")
+            move(line + 1, kOffsetDigits, kOffsetDigits);
+    const qsizetype last = pdf.lastIndexOf("startxref\n") + 10;
+    move(last, pdf.indexOf(' ', last) - last, 0);
+    return pdf;
 }
 
 QImage PictureImage(PlotSurface& surface, const PictureMeasure& measure) {
     CheckPixels(measure.pixels.width(), measure.pixels.height());
     QImage image(measure.pixels, QImage::Format_RGB32);
     if (image.isNull())
-        throw FileError("there is not enough memory for a picture of this size");
+        ThrowNoMemory();
     const double scaleX = static_cast<double>(image.width()) / measure.size.width();
     const double scaleY = static_cast<double>(image.height()) / measure.size.height();
     image.fill(Qt::white);
@@ -172,17 +219,13 @@ std::string PictureBytes(PlotSurface& surface, PictureFormat format,
     throw FileError("there is no such format of pictures");
 }
 
-std::string PictureBytes(PlotSurface& surface, const std::string& ending, QSize size,
-                         double scale) {
+std::string PictureBytes(PlotSurface& surface, const std::string& name, QSize size, double scale) {
+    const std::string ending = UpperCase(Ending(name));
     for (const Format& each : kFormats)
-        if (each.ending != nullptr && UpperCase(ending) == each.ending)
+        if (each.ending != nullptr && ending == each.ending)
             return Draw(surface, each, MeasureByScale(size, scale));
-    throw FileError("a picture ends in .png, .svg, .pdf, .bmp, .wmf or .emf, not in \"" + ending +
+    throw FileError("a picture ends in .png, .svg, .pdf, .bmp, .wmf or .emf, not as \"" + name +
                     "\"");
-}
-
-void RenderPicture(PlotSurface& surface, const std::string& path, QSize size, double scale) {
-    WriteFileAtomically(path, PictureBytes(surface, Ending(path), size, scale));
 }
 
 } // namespace zorvant

@@ -24,10 +24,10 @@ PictureMeasure MeasureOnPaper(const PictureSize& size, bool bitmap);
 std::string PictureBytes(PlotSurface& surface, PictureFormat format, const PictureMeasure& measure);
 
 /// The same by the ending of a file's name.
-/// Given:    ending ".png", ".svg", ".pdf", ".bmp", ".wmf" or ".emf", in any case; size in logical
+/// Given:    name: ends in .png, .svg, .pdf, .bmp, .wmf or .emf, in any case; size in logical
 ///           pixels; scale: pixels of a bitmap to a logical pixel
 /// Errors:   FileError for another ending too
-std::string PictureBytes(PlotSurface& surface, const std::string& ending, QSize size,
+std::string PictureBytes(PlotSurface& surface, const std::string& name, QSize size,
                          double scale = 1);
 
 /// The painted bitmap. Errors: FileError
@@ -35,11 +35,6 @@ QImage PictureImage(PlotSurface& surface, const PictureMeasure& measure);
 
 /// A PDF with a fixed date in place of the one of the drawing, so that equal diagrams give equal
 /// files.
-QByteArray WithoutDate(const QByteArray& pdf);
-
-/// Draws a diagram into a file by its ending, atomically. Needs a running QApplication; the
-/// record's layout is left as it was.
-/// Errors:   FileError
-void RenderPicture(PlotSurface& surface, const std::string& path, QSize size, double scale = 1);
+QByteArray WithoutDate(QByteArray pdf);
 
 } // namespace zorvant

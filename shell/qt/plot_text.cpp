@@ -1,6 +1,7 @@
 #include "shell/qt/plot_text.h"
 
 #include <QFontMetricsF>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -13,6 +14,7 @@ namespace {
 constexpr double kSmallestShare = 0.85;
 constexpr double kShareStep = 0.05;
 constexpr double kExponentShare = 0.72;
+constexpr QChar kMinus(0x2212), kTimes(0x00B7), kCross(0x00D7);
 
 struct FontName {
     const char* classic;
@@ -56,7 +58,10 @@ QColor ToColour(Colour colour, Colour ofStyle) {
 
 QFont ToFont(const FontChoice& choice, double pixelsPerPoint) {
     const QString name = QString::fromStdString(choice.family);
-    QString family = name.isEmpty() ? QLatin1String(kFontNames[0].ours) : name;
+    // The toolkit writes names into pictures as they are; one with markup is no font's.
+    static const QRegularExpression kNoName(QStringLiteral("[<>&\"\\x00-\\x1F]"));
+    QString family =
+        name.isEmpty() || name.contains(kNoName) ? QLatin1String(kFontNames[0].ours) : name;
     for (const FontName& font : kFontNames)
         if (name.compare(QLatin1String(font.classic), Qt::CaseInsensitive) == 0)
             family = QLatin1String(font.ours);
@@ -131,9 +136,16 @@ TextBox FitText(const std::string& utf8, const QFont& font, double maxWidth) {
     return box;
 }
 
+TextBox FactorText(int power, const QFont& font) {
+    TextBox box;
+    box.font = font;
+    box.lines = {QString(kCross) + QStringLiteral("10")};
+    box.exponent = QString::number(power).replace(QLatin1Char('-'), kMinus);
+    box.rect = QRectF(QPointF(0, 0), MeasureText(box));
+    return box;
+}
+
 TextBox NumberText(const std::string& markText, const QFont& font) {
-    constexpr QChar kMinus(0x2212);
-    constexpr QChar kTimes(0x00B7);
     QString text = QString::fromStdString(markText).trimmed();
     TextBox box;
     box.font = font;

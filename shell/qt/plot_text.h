@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QFont>
+#include <QLineF>
 #include <QRectF>
 #include <QStringList>
 
@@ -28,11 +29,13 @@ struct TextBox {
     QColor fore = Qt::black;
     std::optional<QColor> back = std::nullopt; ///< none: what lies below shows through
     Border border;
-    bool vertical = false; ///< reads upward
+    bool vertical = false;                       ///< reads upward
+    int number = 0;                              ///< of a label
+    std::optional<QLineF> leader = std::nullopt; ///< from a label to its point, when that is far
 };
 
-/// The width of one line. The same few texts are measured at each painting, and shaping them takes as
-/// long as painting a curve, so widths are kept. For the window's thread alone.
+/// The width of one line. The same few texts are measured at each painting, and shaping them takes
+/// as long as painting a curve, so widths are kept. For the window's thread alone.
 double TextWidth(const QString& text, const QFont& font);
 /// Size of a text as it lies on the picture, without padding.
 QSizeF MeasureText(const TextBox& box);
@@ -45,5 +48,7 @@ TextBox FitText(const std::string& utf8, const QFont& font, double maxWidth);
 
 /// The number at a mark as people write it: true minus signs, powers of ten with a raised exponent.
 TextBox NumberText(const std::string& markText, const QFont& font);
+/// The power of ten that the numbers of an axis share.
+TextBox FactorText(int power, const QFont& font);
 
 } // namespace zorvant

@@ -104,8 +104,8 @@ public:
 
     /// Everything from the record; nothing is painted yet.
     void Build(PlotSurface& surface, QSize size, double pixelsPerPoint, double lineFactor);
-    /// The rectangle of the zoom and the marked point have a buffer of their own only while there is
-    /// one: laying one more over the picture takes as long as the curves.
+    /// The rectangle of the zoom and the marked point have a buffer of their own only while there
+    /// is one: laying one more over the picture takes as long as the curves.
     void PaintOverlay() {
         QCPLayer& overlay = *layer(QStringLiteral("overlay"));
         const bool used =
@@ -299,8 +299,7 @@ void PlotView::Canvas::PaintBackground(QCPPainter& painter) const {
 void PlotView::Canvas::PaintTexts(QCPPainter& painter) const {
     if (surface_ == nullptr)
         return;
-    for (const TextBox& label : layout_.labels)
-        DrawTextBox(painter, label);
+    DrawLabels(painter, layout_.labels);
     if (layout_.header)
         DrawTextBox(painter, *layout_.header);
     if (layout_.footer)

@@ -2,6 +2,7 @@
 
 #include "platform/host.h"
 #include "shell/qt/binder.h"
+#include "shell/qt/plot_text.h"
 #include "shell/qt/qt_text.h"
 #include "shell/qt/text_pages.h"
 
@@ -78,10 +79,9 @@ void ShowWholeTitle(QMessageBox& box) {
     auto* const grid = qobject_cast<QGridLayout*>(box.layout());
     if (grid == nullptr)
         return;
-    const QString longest = box.windowTitle().section(u'\n', 0, 0);
     QFont bold = box.font();
     bold.setBold(true);
-    const int width = QFontMetrics(bold).horizontalAdvance(longest) + kTitleButtons;
+    const int width = QFontMetrics(bold).horizontalAdvance(box.windowTitle()) + kTitleButtons;
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
@@ -89,7 +89,8 @@ Answer ShowBox(const MessageBox& box) {
     Binder::PushAll(); // what the handler has written so far is seen behind the box
     const PlainPointer pointer;
     const QString text = ToQt(box.text).remove(u'\r');
-    QMessageBox shown(IconOf(box.icon), ToQt(box.title).remove(u'\r'), text, ButtonsOf(box.buttons),
+    const QString title = ToQt(box.title).remove(u'\r').replace(u'\n', u' ');
+    QMessageBox shown(IconOf(box.icon), title, text, ButtonsOf(box.buttons),
                       QApplication::activeWindow());
     ShowWholeTitle(shown);
     shown.setTextFormat(Qt::PlainText); // the texts hold "<" and "<=>"
@@ -163,15 +164,13 @@ std::optional<std::uint32_t> ChooseColour(std::uint32_t present) {
 
 std::optional<FontChoice> ChooseFont(const FontChoice& present) {
     const PlainPointer pointer;
-    QFont font(ToQt(present.family));
+    QFont font = ToFont(present, 1); // the family that is drawn
     font.setPointSizeF(present.size);
-    font.setBold(present.bold);
-    font.setItalic(present.italic);
     bool chosen = false;
     font = QFontDialog::getFont(&chosen, font, QApplication::activeWindow());
     if (!chosen)
         return std::nullopt;
-    return FontChoice{.family = FromQt(font.family()),
+    return FontChoice{.family = FromQt(ClassicFontName(font)),
                       .size = font.pointSizeF(),
                       .bold = font.bold(),
                       .italic = font.italic()};

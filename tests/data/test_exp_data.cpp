@@ -40,14 +40,8 @@ TEST(DataStatistics, CountEachKindOfMeasurementByItsColumns) {
     EXPECT_FALSE(ps.HasCtTData);
     EXPECT_THAT(ps.ColumnHasData, testing::ElementsAre(false, true, true, false, false, true));
     EXPECT_THAT(ps.Temperatures, testing::ElementsAre(0, 300, 310));
-}
-
-TEST(DataStatistics, StartAnewEachTime) {
-    ProjectState ps = StateWith({{.cA = 1, .cB = 1, .T = 300, .k = 1, .lambda = 2}});
-    ps.LambdaInf = 3;
-    FuCheckExpData(ps);
     ps.ExpPointCount = 0;
-    FuCheckExpData(ps);
+    FuCheckExpData(ps); // starts anew
     EXPECT_EQ(ps.nCtPoints + ps.nkTPoints + ps.nRcSPoints + ps.nExcluded + ps.nTemperatures, 0);
     EXPECT_EQ(ps.LambdaZero + ps.SumLambda + static_cast<double>(ps.cA0Data), 0);
     EXPECT_FALSE(ps.HasLambdaData);

@@ -29,26 +29,15 @@ TEST(DataFile, ReadsAndWritesTheSameBytes) {
     EXPECT_EQ(file.rows[1], (ExpPoint{.t = 5, .cA = 0.85}));
     EXPECT_EQ(file.rows[2].exclude, -1);
     EXPECT_EQ(WriteZi3(file.head, file.rows, file.lambdaInf), kThreeRows);
-}
-
-TEST(DataFile, KeepsEveryFieldInItsPlace) {
-    const ExpPoint row{.t = 1.5,
-                       .cA = 1,
-                       .cB = 2,
-                       .cC = 3,
-                       .cP = 4,
-                       .cQ = 5,
-                       .T = 298.15,
-                       .k = 0.00123,
-                       .lambda = 0.25F,
-                       .res3 = 7,
-                       .res4 = -8,
-                       .exclude = -1};
+    for (const char* comment :
+         {"25 \xC2\xB0 \xCE\x94H \xE2\x82\xAC", "  \"q\", and , more ", "\x1A\x7F"})
+        EXPECT_EQ(ParseZi3Head(WriteZi3({comment, "s", 0}, {}, 0)).comment, comment);
+    EXPECT_EQ(ParseZi3Head(WriteZi3({"a\r\nb\nc\rd", "s", 0}, {}, 0)).comment, "a b c d");
+    const ExpPoint row{1.5, 1, 2, 3, 4, 5, 298.15, .00123, .25F, 7, -8, -1};
     const std::string bytes = WriteZi3({"", "s", 1}, std::span(&row, 1), 9.5);
     EXPECT_THAT(bytes, testing::EndsWith("1.5,1,2,3,4,5,.00123,298.15,.25,9.5,7,-8,-1\r\n"));
-    const Zi3File file = ParseZi3(bytes);
-    EXPECT_EQ(file.rows.at(0), row);
-    EXPECT_EQ(file.lambdaInf, 9.5);
+    EXPECT_EQ(ParseZi3(bytes).rows.at(0), row);
+    EXPECT_EQ(ParseZi3(bytes).lambdaInf, 9.5);
 }
 
 TEST(DataFile, RoundsOnceAndThenNeverAgain) {
@@ -76,16 +65,11 @@ TEST(DataFile, TakesWhatPeopleAndOtherProgramsMakeOfIt) {
     } cases[] = {
         {"LF", "c\ns\nh\n1\n5,1,0,0,0,0,0,0,0,0,0,0,0\n", {5}},
         {"CR", "c\rs\rh\r1\r5,1,0,0,0,0,0,0,0,0,0,0,0\r", {5}},
-        {"no end of the last line", File("1", "5,1,0,0,0,0,0,0,0,0,0,0,0"), {5}},
         {"a line for each item", File("1", "5\n1\n0\n0\n0\n0\n0\n0\n0\n0\n0\n0\n-1\n"), {5}},
         {"rows behind each other",
          File("2", "5,1,0,0,0,0,0,0,0,0,0,0,0,6,1,0,0,0,0,0,0,0,0,0,0,0"),
          {5, 6}},
         {"blanks and tabs", File(" 1 ", " 5 ,\t1, 0,0,0,0,0,0,0,0,0,0, 0 \n"), {5}},
-        {"commas at the ends of lines",
-         File("2,,", "5,1,0,0,0,0,0,0,0,0,0,0,0,,\n6,1,0,0,0,0,0,0,0,0,0,0,,\n"),
-         {5, 6}},
-        {"empty items", File("1", "5,,,,,,,,,,,,"), {}},
         {"empty items", File("1", "5,,,,,,,,,,,,\n"), {5}},
         {"empty lines",
          File("2", "\n5,1,0,0,0,0,0,0,0,0,0,0,0\n\n \n6,1,0,0,0,0,0,0,0,0,0,0,0\n"),
@@ -93,19 +77,13 @@ TEST(DataFile, TakesWhatPeopleAndOtherProgramsMakeOfIt) {
         {"signs and exponents", File("+1", "+5.0E+00,1D-3,.5,5.,0,0,0,0,0,0,0,0,0\n"), {5}},
         {"more rows than counted", File("1", "5,1,0,0,0,0,0,0,0,0,0,0,0\n6,1,0,0,0,0,0,0\n"), {5}},
         {"no rows", File("0", ""), {}},
-        {"a mark before UTF-8", "\xEF\xBB\xBF" + File("0", ""), {}},
     };
     for (const auto& c : cases) {
         std::vector<double> times;
-        try {
-            for (const ExpPoint& row : ParseZi3(c.bytes).rows)
-                times.push_back(row.t);
-        } catch (const FormatError&) {
-            EXPECT_TRUE(c.times.empty()) << c.why;
-        }
+        for (const ExpPoint& row : ParseZi3(c.bytes).rows)
+            times.push_back(row.t);
         EXPECT_EQ(times, c.times) << c.why;
     }
-    EXPECT_EQ(ParseZi3("\xEF\xBB\xBF" + File("0", "")).head.comment, "comment");
     EXPECT_EQ(ParseZi3("c\n \"min\" , x\nh\n0").head.timeUnit, "min");
     EXPECT_EQ(ParseZi3("c\n\nh\n0").head.timeUnit, "");
 }
@@ -117,26 +95,18 @@ TEST(DataFile, RefusesWhatIsNoneAndSaysWhere) {
         const char* reason;
     } cases[] = {
         {"", "Input past end of file (comment)"},
-        {"c", "Input past end of file (time unit)"},
-        {"c\nmi", "Input past end of file (time unit)"},
-        {"c\ns\n", "Input past end of file (column heads)"},
         {"c\ns\nh\n", "Input past end of file (number of"},
         {File("2", row), "Input past end of file (row 2 of 2, t)"},
         {File("1", "1,2,3"), "Input past end of file (row 1 of 1, cC)"},
-        {File("1", "1,1,0,0,0,0,0,0,0,0,0,0,"), "Input past end of file (row 1 of 1, exclude)"},
         {File("-1", row), "the number of measuring points is -1"},
         {File("99999", row), "Overflow (number of measuring points)"},
         {File("1e999", row), "\"1e999\" is not a number within the range"},
-        {File("three", row), "\"three\" is not a number"},
         {File("1", "1,one,0,0,0,0,0,0,0,0,0,0,0"),
          "\"one\" is not a number within the range (row 1 of 1, cA)"},
         {File("1", "NaN,1,0,0,0,0,0,0,0,0,0,0,0"), "\"NaN\" is not"},
         {File("1", "1,1,0,0,0,0,0,-inf,0,0,0,0,0"), "\"-inf\" is not"},
-        {File("1", "1e999,1,0,0,0,0,0,0,0,0,0,0,0"), "\"1e999\" is not"},
-        {File("1", "1 2,1,0,0,0,0,0,0,0,0,0,0,0"), "\"1 2\" is not"},
         {File("1", "1;1;0;0;0;0;0;0;0;0;0;0;0"), "\"1;1;0;0;0;0;0;0;0;0;0;0;\"... is"},
         {File("1", "1,1,0,0,0,0,0,0,1e39,0,0,0,0"), "Overflow (row 1 of 1, lambda)"},
-        {File("1", "1,1,0,0,0,0,0,0,0,0,0,0,40000"), "Overflow (row 1 of 1, exclude)"},
         {std::string(3000, '\0'), "Input past end of file (time unit)"},
         {"\x89PNG\r\n\x1A\n\r\n\xFF\x01\r\nIHDR", "\"\xC3\xBF?\" is not a number"},
     };
@@ -157,48 +127,16 @@ TEST(DataFile, IsRefusedWhereverItBreaksOffUntilOnlyItsLastEndIsMissing) {
     EXPECT_EQ(ParseZi3(kThreeRows.substr(0, kThreeRows.size() - 2)), ParseZi3(kThreeRows));
 }
 
-TEST(DataFile, HoldsAnyCommentInOneLine) {
-    const struct {
-        std::string comment, read;
-    } cases[] = {
-        {"a\r\nb\nc\rd", "a b c d"},
-        {"25 \xC2\xB0"
-         "C, k\xC3\xBChl",
-         "25 \xC2\xB0"
-         "C, k\xC3\xBChl"},
-        {"\xCE\x94H \xE2\x82\xAC", "\xCE\x94H \xE2\x82\xAC"},
-        {"  \"quoted\", and , more ", "  \"quoted\", and , more "},
-        {std::string("\0\x1A\x7F", 3), std::string("\0\x1A\x7F", 3)},
-        {"", ""},
-    };
-    const ExpPoint row{.t = 1};
-    for (const auto& c : cases) {
-        const Zi3File file = ParseZi3(WriteZi3({c.comment, "s", 1}, std::span(&row, 1), 0));
-        EXPECT_EQ(file.head.comment, c.read);
-        EXPECT_EQ(file.rows.at(0), row);
-    }
-    EXPECT_EQ(WriteZi3({"25 \xC2\xB0"
-                        "C",
-                        "s", 0},
-                       {}, 0)
-                  .substr(0, 5),
-              "25 \xB0"
-              "C");
-    EXPECT_EQ(ParseZi3Head("any \xFF\xB0 bytes\r\ns\r\n\r\n7").comment,
-              "any \xC3\xBF\xC2\xB0 bytes");
-}
-
 TEST(DataFile, TakesTheLambdaLimitThroughSinglePrecisionFromTheLastRowThatHasOne) {
-    const auto limit = [](const std::string& first, const std::string& second) {
-        return ParseZi3(File("2", "1,0,0,0,0,0,0,0,0," + first + ",0,0,0\n2,0,0,0,0,0,0,0,0," +
-                                      second + ",0,0,0\n"))
-            .lambdaInf;
-    };
-    EXPECT_EQ(limit("2", "3"), 3);
-    EXPECT_EQ(limit("2", "0"), 2);
-    EXPECT_EQ(limit("0", "-1"), 0);
-    EXPECT_EQ(limit("0", ".1"), static_cast<double>(0.1F));
-    EXPECT_EQ(limit("1e300", "0"), 1e300);
+    for (const auto& [first, second, limit] : {std::tuple{"2", "3", 3.0},
+                                               {"2", "0", 2.0},
+                                               {"0", "-1", 0.0},
+                                               {"0", ".1", static_cast<double>(0.1F)},
+                                               {"1e300", "0", 1e300}})
+        EXPECT_EQ(ParseZi3(File("2", std::string("1,0,0,0,0,0,0,0,0,") + first +
+                                         ",0,0,0\n2,0,0,0,0,0,0,0,0," + second + ",0,0,0\n"))
+                      .lambdaInf,
+                  limit);
 }
 
 } // namespace

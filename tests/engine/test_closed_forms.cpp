@@ -20,28 +20,6 @@ namespace {
 
 constexpr int kClosedModels[] = {1, 2, 3, 4, 5, 6, 8, 11, 12, 16, 17, 19};
 
-/// The rate laws integrated in many small steps: what the closed forms solve.
-SpeciesArray Integrated(const ProjectState& ps, int model, const ConstantArray& k, SpeciesArray c,
-                        double t) {
-    constexpr int kSteps = 2000;
-    const double h = t / kSteps;
-    SpeciesArray r1, r2, r3, r4, at;
-    const auto shifted = [&](const SpeciesArray& r, double by) {
-        for (std::size_t s = 1; s < c.size(); ++s)
-            at[s] = c[s] + by * r[s];
-        return at;
-    };
-    for (int i = 0; i < kSteps; ++i) {
-        FuReactionRates(ps, model, r1, k, c);
-        FuReactionRates(ps, model, r2, k, shifted(r1, h / 2));
-        FuReactionRates(ps, model, r3, k, shifted(r2, h / 2));
-        FuReactionRates(ps, model, r4, k, shifted(r3, h));
-        for (std::size_t s = 1; s < c.size(); ++s)
-            c[s] += h / 6 * (r1[s] + 2 * r2[s] + 2 * r3[s] + r4[s]);
-    }
-    return c;
-}
-
 SpeciesArray StateAt(int model, const ConstantArray& k, const SpeciesArray& c0, double t) {
     SpeciesArray c = c0;
     bool err = true;
@@ -51,36 +29,6 @@ SpeciesArray StateAt(int model, const ConstantArray& k, const SpeciesArray& c0, 
 }
 
 } // namespace
-
-TEST(ClosedForms, SolveTheRateLawsOfTheirModels) {
-    const ProjectState ps;
-    const ConstantArray constants[] = {
-        {0, 0.15, 0.1, 0},
-        {0, 0.4,  0.1, 0},
-        {0, 0.2,  0.2, 0},
-        {0, 0.3,  0,   0},
-        {0, 0.01, 3,   0},
-    };
-    const SpeciesArray starts[] = {
-        {0, 1,   1,   0,   0.002, 0  },
-        {0, 1,   0.3, 0.2, 0.1,   0.4},
-        {0, 0.3, 2,   0,   0.5,   0  },
-        {0, 0.2, 0.1, 0,   3,     2  },
-    };
-    for (const int model : kClosedModels)
-        for (const ConstantArray& k : constants)
-            for (const SpeciesArray& c0 : starts)
-                for (const double t : {0.01, 0.5, 3.0}) {
-                    if (model == 1 && k[1] * t >= c0[1])
-                        continue; // used up: the law has a corner there
-                    const SpeciesArray c = StateAt(model, k, c0, t);
-                    const SpeciesArray expected = Integrated(ps, model, k, c0, t);
-                    for (std::size_t s = 1; s < c.size(); ++s)
-                        EXPECT_NEAR(c[s], expected[s], 2e-10)
-                            << "model " << model << " slot " << s << " k " << k[1] << ' ' << k[2]
-                            << " c0 " << c0[1] << " t " << t;
-                }
-}
 
 // Equal and nearly equal constants and concentrations, double roots, tiny and huge constants, times
 // up to 1e300: every species, however little is left of it.
@@ -131,61 +79,6 @@ TEST(ClosedForms, KeepTenDigitsAtEveryCorner) {
     RecordProperty("worst", std::to_string(worst));
 }
 
-// Wherever the textbook formula is sound, its digits.
-TEST(ClosedForms, EqualThePlainFormulas) {
-    const SpeciesArray starts[] = {
-        {0, 1,   1,   0,   0.002, 0  },
-        {0, 1,   0.3, 0.2, 0.1,   0.4},
-        {0, 0.3, 2,   0,   0.5,   0  },
-    };
-    for (const int model : kClosedModels)
-        for (const SpeciesArray& c0 : starts)
-            for (const int unit : {0, 2, 4}) {
-                const auto ps = Selected(model), plain = Selected(model);
-                for (ProjectState* state : {ps.get(), plain.get()}) {
-                    ConvertTimeUnit(*state, unit, 0);
-                    state->tMax = 20 * state->TimeFactor[0][static_cast<std::size_t>(unit)];
-                    state->c0 = c0;
-                }
-                if (model == 6)
-                    plain->k[2] -= 1e-12; // what the plain formula adds against equal constants
-                bool err = true;
-                calc_diagram_function(*ps, model, ps->tMax, err);
-                ASSERT_FALSE(err);
-                reference::calc_diagram_function(*plain, model, plain->tMax, err);
-                ASSERT_FALSE(err);
-                for (int slot = 1; slot <= kSpecies; ++slot)
-                    for (std::size_t i = 0; i <= 200; ++i) {
-                        ASSERT_NEAR(cSim(*ps, slot)[i], cSim(*plain, slot)[i], 1e-12)
-                            << "model " << model << " slot " << slot << " node " << i;
-                        const float r = rSim(*plain, slot)[i];
-                        ASSERT_NEAR(rSim(*ps, slot)[i], r, 2e-7F * (1 + std::abs(r)))
-                            << "model " << model << " slot " << slot << " node " << i;
-                    }
-            }
-}
-
-TEST(ClosedForms, EqualConstantsGiveTheSameCourseInEveryTimeUnit) {
-    for (const double k : {0.15, 1e-9}) {
-        const auto seconds = Selected(6);
-        seconds->k = {0, k, k, 0};
-        seconds->tMax = 3 / k;
-        bool err = true;
-        calc_diagram_function(*seconds, 6, seconds->tMax, err);
-        for (int unit = 1; unit <= 4; ++unit) {
-            const auto other = Selected(6);
-            other->k = {0, k, k, 0};
-            other->tMax = 3 / k;
-            ConvertTimeUnit(*other, unit, 0);
-            calc_diagram_function(*other, 6, other->tMax, err);
-            for (std::size_t i = 0; i <= 200; ++i) {
-                EXPECT_NEAR(other->cSimC[i], seconds->cSimC[i], 1e-14);
-                EXPECT_NEAR(other->cSimP[i], seconds->cSimP[i], 1e-14);
-            }
-        }
-    }
-}
-
 TEST(ClosedForms, StayWhereTheyAreInEquilibriumAndAtTimeZero) {
     for (const int model : kClosedModels) {
         const SpeciesArray c0{0, 0.7, 0.45, 0.3, 0.2, 0.15};
@@ -201,20 +94,6 @@ TEST(ClosedForms, StayWhereTheyAreInEquilibriumAndAtTimeZero) {
     // an autocatalysis without its catalyst does not start
     const SpeciesArray noCatalyst{0, 1, 0, 0, 0, 0};
     EXPECT_EQ(StateAt(5, {0, 0.2, 0, 0}, noCatalyst, 1e6), noCatalyst);
-}
-
-// A search may try negative constants: the same function, as far as it is finite.
-TEST(ClosedForms, FollowThePlainFormulasForNegativeConstants) {
-    const ProjectState ps;
-    const SpeciesArray c0{0, 0.3, 0.8, 0.2, 0.9, 0.4};
-    const ConstantArray bothNegative{0, -0.2, -0.1, 0}, oneNegative{0, 0.2, -0.001, 0};
-    for (const int model : kClosedModels)
-        for (const ConstantArray& k : {bothNegative, oneNegative}) {
-            const SpeciesArray c = StateAt(model, k, c0, 0.5);
-            const SpeciesArray expected = Integrated(ps, model, k, c0, 0.5);
-            for (std::size_t s = 1; s < c.size(); ++s)
-                EXPECT_NEAR(c[s], expected[s], 1e-10) << "model " << model << " slot " << s;
-        }
 }
 
 TEST(ClosedForms, ReportWhatHasNoSolution) {

@@ -14,15 +14,6 @@ namespace {
 
 constexpr int kNumericModels[] = {7, 9, 10, 13, 14, 15, 18, 20};
 
-/// Which species stands at each place of the packed state.
-std::vector<std::size_t> PackedSlots(int model) {
-    if (model == 20)
-        return {1, 4};
-    if (model == 14 || model == 15)
-        return {1, 3, 4};
-    return {1, 2, 3, 4};
-}
-
 } // namespace
 
 TEST(RateLaws, TakeTheirValuesFromTheElementarySteps) {
@@ -42,34 +33,6 @@ TEST(RateLaws, TakeTheirValuesFromTheElementarySteps) {
         EXPECT_EQ(rates(none, {0, 1, 1, 1, 1, 1}), (SpeciesArray{7, 0, 0, 0, 0, 0}));
 }
 
-TEST(RateLaws, AreTheSameForTheIntegrator) {
-    ProjectState ps;
-    const SpeciesArray c{0, 0.7, 0.45, 0.3, 0.2, 0};
-    ps.k = {0, 0.31, 0.17, 0.09};
-    for (const int model : kNumericModels) {
-        ps.ModelId = model;
-        SpeciesArray r;
-        FuReactionRates(ps, model, r, ps.k, c);
-        const auto slots = PackedSlots(model);
-        ASSERT_EQ(static_cast<int>(slots.size()), PackedSize(model));
-        PackedState y{}, dydt{};
-        for (std::size_t i = 0; i < slots.size(); ++i)
-            y[i + 1] = c[slots[i]];
-        FuDerivatives(ps, y, dydt);
-        for (std::size_t i = 0; i < slots.size(); ++i)
-            EXPECT_EQ(dydt[i + 1], r[slots[i]]) << "model " << model << " component " << i + 1;
-    }
-    PackedState dydt{0, 1, 2, 3, 4};
-    const PackedState kept = dydt;
-    ps.ModelId = 2;
-    FuDerivatives(ps, {0, 1, 1, 1, 1}, dydt);
-    EXPECT_EQ(dydt, kept);
-    ps.ModelId = 20;
-    FuDerivatives(ps, {0, -1e-9, 1, 0, 0}, dydt);
-    EXPECT_EQ(dydt, kept);
-    EXPECT_EQ(PackedSize(2), 0);
-}
-
 TEST(RateLaws, RaiseAnyOrderToItsPower) {
     for (const double n : {0.5, 0.75, 1.0, 1.5, 2.0, 2.5, 3.0, 4.0, 7.0, 32.0, 33.0, 41.5, 0.01})
         for (const double c : {1e-7, 0.3, 1.0, 17.0})
@@ -77,25 +40,14 @@ TEST(RateLaws, RaiseAnyOrderToItsPower) {
 }
 
 TEST(RateLaws, IntegrateInFourthOrder) {
-    for (const int model : kNumericModels) {
-        auto ps = Selected(model);
-        ps->k = {0, 0.6, 0.3, 0.2};
-        PackedState start{};
-        const auto slots = PackedSlots(model);
-        for (std::size_t i = 0; i < slots.size(); ++i)
-            start[i + 1] = slots[i] == 1 ? 1.0 : slots[i] == 2 ? 1.5 : 0.1;
-        const auto run = [&](int steps) {
-            PackedState end;
-            IntegrateRK4(*ps, PackedSize(model), start, end, steps, 4.0 / steps);
-            return end[1];
-        };
-        const double exact = run(4096);
-        const double order = std::log2(std::abs(run(16) - exact) / std::abs(run(32) - exact));
-        EXPECT_NEAR(order, 4, 0.25) << "model " << model;
-        PackedState same;
-        IntegrateRK4(*ps, PackedSize(model), start, same, 0, 1);
-        EXPECT_EQ(same, start);
-    }
+    for (const int model : kNumericModels)
+        WithNumericModel(model, {0, 0.6, 0.3, 0.2}, 1.5, [&]<class Law>(const Law& law) {
+            const StateOf<Law> start = Packed<Law>({0, 1, 1.5, 0.1, 0.1, 0});
+            const auto run = [&](int n) { return IntegrateRK4(law, start, n, 4.0 / n)[0]; };
+            const double exact = run(4096);
+            const double order = std::log2(std::abs(run(16) - exact) / std::abs(run(32) - exact));
+            EXPECT_NEAR(order, 4, 0.25) << "model " << model;
+        });
 }
 
 // Soft and stiff constants, alike and far apart, from starts above and below 0.
@@ -107,8 +59,7 @@ TEST(RateLaws, CoursesSideBySideHaveTheDigitsOfEach) {
                 for (const double ratio : {1 + 1e-7, 3.0, 300.0})
                     for (const double c : {1.1, -1e-4}) {
                         const std::array<Pair, 4> k{
-                            {{}, {scale, ratio * scale}, {0.4, 0.5}, {0.2, 0.2 * ratio}}
-                        };
+                            {{}, {scale, ratio * scale}, {0.4, 0.5}, {0.2, 0.2 * ratio}}};
                         WithNumericModel(
                             model, k, KindOfPower(n), Pair{n, n}, [&]<class Law>(const Law& law) {
                                 StatesOf<Law> y;

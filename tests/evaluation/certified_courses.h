@@ -20,13 +20,11 @@ struct Course {
 };
 
 inline constexpr Course kCourses[] = {
-    {"Misra1a", 2,  1,    1  }, // first order
-    {"BoxBOD",  2,  1,    1  },
-    {"Misra1d", 4,  2,    1  }, // second order: A + B with equal concentrations
-    {"Misra1d", 3,  2,    1  }, // and 2A
-    {"Misra1b", 20, 1.5F, 1  }, // n-th order, integrated
-    {"Misra1c", 20, 3,    100},
-    {"Rat42",   5,  2,    1  }, // autocatalysis: the logistic curve
+    {"Misra1a", 2, 1, 1},                           // first order
+    {"BoxBOD", 2, 1, 1},      {"Misra1d", 4, 2, 1}, // second order: A + B with equal concentrations
+    {"Misra1d", 3, 2, 1},                           // and 2A
+    {"Misra1b", 20, 1.5F, 1},                       // n-th order, integrated
+    {"Misra1c", 20, 3, 100},  {"Rat42", 5, 2, 1},   // autocatalysis: the logistic curve
 };
 
 /// What a set's parameters mean in its model.

@@ -35,23 +35,23 @@ struct Model {
 };
 
 inline constexpr Model kModels[] = {
-    {"Misra1a",  [](double x, const FitVector& b) { return b[1] * (1 - std::exp(-b[2] * x)); }             },
+    {"Misra1a", [](double x, const FitVector& b) { return b[1] * (1 - std::exp(-b[2] * x)); }},
     {"Misra1b",
-     [](double x,             const FitVector& b) { return b[1] * (1 - std::pow(1 + b[2] * x / 2, -2)); }  },
+     [](double x, const FitVector& b) { return b[1] * (1 - std::pow(1 + b[2] * x / 2, -2)); }},
     {"Misra1c",
-     [](double x,             const FitVector& b) { return b[1] * (1 - std::pow(1 + 2 * b[2] * x, -0.5)); }},
-    {"Misra1d",  [](double x, const FitVector& b) { return b[1] * b[2] * x / (1 + b[2] * x); }             },
+     [](double x, const FitVector& b) { return b[1] * (1 - std::pow(1 + 2 * b[2] * x, -0.5)); }},
+    {"Misra1d", [](double x, const FitVector& b) { return b[1] * b[2] * x / (1 + b[2] * x); }},
     {"Chwirut2",
-     [](double x,             const FitVector& b) { return std::exp(-b[1] * x) / (b[2] + b[3] * x); }      },
-    {"DanWood",  [](double x, const FitVector& b) { return b[1] * std::pow(x, b[2]); }                     },
-    {"BoxBOD",   [](double x, const FitVector& b) { return b[1] * (1 - std::exp(-b[2] * x)); }             },
-    {"Rat42",    [](double x, const FitVector& b) { return b[1] / (1 + std::exp(b[2] - b[3] * x)); }       },
-    {"MGH10",    [](double x, const FitVector& b) { return b[1] * std::exp(b[2] / (x + b[3])); }           },
+     [](double x, const FitVector& b) { return std::exp(-b[1] * x) / (b[2] + b[3] * x); }},
+    {"DanWood", [](double x, const FitVector& b) { return b[1] * std::pow(x, b[2]); }},
+    {"BoxBOD", [](double x, const FitVector& b) { return b[1] * (1 - std::exp(-b[2] * x)); }},
+    {"Rat42", [](double x, const FitVector& b) { return b[1] / (1 + std::exp(b[2] - b[3] * x)); }},
+    {"MGH10", [](double x, const FitVector& b) { return b[1] * std::exp(b[2] / (x + b[3])); }},
     {"Eckerle4",
-     [](double x,             const FitVector& b) {
+     [](double x, const FitVector& b) {
          const double u = (x - b[3]) / b[2];
          return b[1] / b[2] * std::exp(-0.5 * u * u);
-     }                                                                                    },
+     }},
 };
 
 /// Reads a set. Errors: std::runtime_error when the file is not one.

@@ -20,9 +20,7 @@ TEST(FitDigits, AreThoseOfThePlainForm) {
     std::vector<Case> cases;
     for (int model = 1; model <= kModels; ++model) {
         cases.push_back({model, kFitConstants, false, {}});
-        cases.push_back({
-            model, kFitConstants, true, {0, 0, 1, 0}
-        });
+        cases.push_back({model, kFitConstants, true, {0, 0, 1, 0}});
     }
     cases.push_back({20, kFitOrder, true, {}});
     for (const Case& c : cases) {

@@ -32,22 +32,6 @@ TEST(ModelValue, LiesOnTheCourseOfEveryModel) {
     }
 }
 
-TEST(ModelValue, GivesTheNormalizedRateOfTheEnzymeCurve) {
-    const auto ps = Selected(10);
-    ps->MMDiagram = true;
-    ps->KM = 0.05;
-    SpeciesArray c{};
-    bool err = true;
-    FuModellWert(*ps, 10, 3, c, err);
-    EXPECT_DOUBLE_EQ(c[1], 0.75);
-    ps->MMNormalized = false;
-    FuModellWert(*ps, 10, 0.15, c, err);
-    EXPECT_DOUBLE_EQ(c[1], 0.75);
-    EXPECT_FALSE(err);
-    FuModellWert(*ps, 10, -0.05, c, err);
-    EXPECT_TRUE(err);
-}
-
 TEST(ModelValue, MarksWhatHasNoValueAndLeavesTheArrayAlone) {
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     constexpr double kInf = std::numeric_limits<double>::infinity();
@@ -139,18 +123,4 @@ TEST(Tangent, RefusesTimesOffTheAxisAndTablesWithoutASpline) {
     ps = Decay();
     ps->SplineB[10][1] = kNaN;
     EXPECT_TRUE(CalcTangent(*ps, 2.6).failed);
-}
-
-TEST(Tangent, FramesAllRowsWithATwentiethOfRoom) {
-    const auto ps = Selected(2);
-    Measure(*ps, 1, {0, 40, 20}, {3, 1, 2});
-    ps->ExpData[2].exclude = -1;
-    FuExtentsTangent(*ps, 1);
-    EXPECT_EQ(ps->Memory.RngT, (Range{0, 42}));
-    EXPECT_EQ(ps->Memory.RngC, (Range{0, 3.15F}));
-    ps->ExpData[2].t = std::numeric_limits<double>::infinity();
-    FuExtentsTangent(*ps, 4);
-    EXPECT_EQ(ps->Memory.RngT, (Range{0, 42}));
-    EXPECT_FLOAT_EQ(SmoothingExponent(100), 0.5F);
-    EXPECT_EQ(SmoothingExponent(-7), 0);
 }

@@ -25,26 +25,12 @@ struct Measured {
     double T, k;
 };
 /// F. Daniels, E. H. Johnston, J. Am. Chem. Soc. 43 (1921) 53: decomposition of N2O5, k in 1/s.
-const std::vector<Measured> kN2O5{
-    {273.15, 7.87E-7},
-    {298.15, 3.46E-5},
-    {308.15, 1.35E-4},
-    {318.15, 4.98E-4},
-    {328.15, 1.50E-3},
-    {338.15, 4.87E-3}
-};
+const std::vector<Measured> kN2O5{{273.15, 7.87E-7}, {298.15, 3.46E-5}, {308.15, 1.35E-4},
+                                  {318.15, 4.98E-4}, {328.15, 1.50E-3}, {338.15, 4.87E-3}};
 /// M. Bodenstein, Z. phys. Chem. 29 (1899) 295: decomposition of HI, k in L/(mol s).
-const std::vector<Measured> kHI{
-    {556, 3.52E-7},
-    {575, 1.22E-6},
-    {629, 3.02E-5},
-    {647, 8.59E-5},
-    {666, 2.20E-4},
-    {683, 5.12E-4},
-    {700, 1.16E-3},
-    {716, 2.50E-3},
-    {781, 3.95E-2}
-};
+const std::vector<Measured> kHI{{556, 3.52E-7}, {575, 1.22E-6}, {629, 3.02E-5},
+                                {647, 8.59E-5}, {666, 2.20E-4}, {683, 5.12E-4},
+                                {700, 1.16E-3}, {716, 2.50E-3}, {781, 3.95E-2}};
 
 /// Intercept and slope of the least-squares line of ln(k T^-power) against 1/T.
 std::pair<double, double> LineOf(const std::vector<Measured>& table, double power) {
@@ -69,10 +55,7 @@ TEST(Temperature, TheCalculatorsGiveThePublishedConstantsBack) {
         double EA; ///< kJ/mol, as published
     };
     // The published activation energies are rounded to 1 kJ/mol and "about".
-    for (const Case& c : {
-             Case{kN2O5, 103},
-             Case{kHI,   184}
-    }) {
+    for (const Case& c : {Case{kN2O5, 103}, Case{kHI, 184}}) {
         const ProjectState ps = InUnit(0);
         const auto [lnA, slope] = LineOf(c.table, 0);
         const double EA = -slope * kGasConstant;
@@ -129,13 +112,8 @@ TEST(Temperature, BadInputShowsErr) {
         double first, energy, T;
     };
     const Case cases[] = {
-        {1,     1E4,  0   },
-        {1,     -1E7, 1   },
-        {kNaN,  1E4,  300 },
-        {1,     kInf, 300 },
-        {1,     1E4,  kNaN},
-        {1E308, -1E4, 300 },
-        {1E40,  0,    300 }, // no Single any more
+        {1, 1E4, 0},    {1, -1E7, 1},       {kNaN, 1E4, 300}, {1, kInf, 300},
+        {1, 1E4, kNaN}, {1E308, -1E4, 300}, {1E40, 0, 300}, // no Single any more
     };
     for (const Case& c : cases) {
         const KtResult arrhenius = CalcArrhenius(ps, c.first, c.energy, c.T);

@@ -14,12 +14,18 @@ inline void Settle() {
 
 /// The widget that gets what is typed on the keyboard.
 inline QWidget& KeyReceiver() {
+    // A modal dialog that has just come gets the keys, though this platform activates it later.
+    QWidget* const modal = QApplication::activeModalWidget();
+    if (modal != nullptr && modal != QApplication::activeWindow()) {
+        modal->activateWindow();
+        QCoreApplication::processEvents();
+    }
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const holder = popup == nullptr ? QApplication::focusWidget() : popup->focusWidget();
-    QWidget* const receiver = holder != nullptr ? holder : popup;
-    if (receiver == nullptr)
-        qFatal("nothing has the focus");
-    return *receiver;
+    QWidget* const window = popup != nullptr ? popup : QApplication::activeWindow();
+    if (holder == nullptr && window == nullptr)
+        qFatal("no window is active");
+    return holder != nullptr ? *holder : *window;
 }
 
 /// A key on the keyboard, shortcuts included: pressed and let go wherever the focus is then.
@@ -27,7 +33,7 @@ inline void Key(int key, Qt::KeyboardModifiers modifiers = {}, QString text = {}
     if (text.isEmpty() && key < Qt::Key_Escape)
         text = modifiers.testFlag(Qt::ControlModifier) ? QChar(key & 0x1F) : QChar(key).toLower();
     QTest::sendKeyEvent(QTest::Press, &KeyReceiver(), Qt::Key(key), text, modifiers);
-    if (QApplication::focusWidget() != nullptr || QApplication::activePopupWidget() != nullptr)
+    if (QApplication::activeWindow() != nullptr)
         QTest::sendKeyEvent(QTest::Release, &KeyReceiver(), Qt::Key(key), text, modifiers);
 }
 

@@ -93,19 +93,6 @@ TEST_F(ApplicationTest, ChoosingAModelInTheWindowReachesStateMenusAndStatus) {
     EXPECT_TRUE(Child<QLabel>(program.window(), "lblStatus").text().contains(QStringLiteral("ES")));
 }
 
-TEST_F(ApplicationTest, ClosingTheWindowRunsTheExitAndWritesTheSession) {
-    const std::string session = folder_.path().toStdString() + "/ZorLastSession.ZC3";
-    {
-        Application program;
-        Start(program);
-        program.window().close();
-        Settle();
-        EXPECT_TRUE(quitted);
-        EXPECT_TRUE(FileExists(session));
-        EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
-    }
-}
-
 TEST_F(ApplicationTest, TheKeysOfTheMainWindowReachIt) {
     Application program;
     Start(program);
@@ -115,18 +102,16 @@ TEST_F(ApplicationTest, TheKeysOfTheMainWindowReachIt) {
             .isVisible();
     };
     EXPECT_TRUE(!shown(2) && shown(14)) << "the icon of the data editor is the fifth";
-    Key(Qt::Key_F10);
-    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
-    EXPECT_EQ(qobject_cast<QMenu*>(QApplication::activePopupWidget())->title(),
-              QStringLiteral("&Data"));
-    Key(Qt::Key_Escape);
-    Key(Qt::Key_Escape);
-    Settle();
     Key(Qt::Key_W, Qt::ControlModifier);
     Settle();
     EXPECT_FALSE(IsFormLoaded(program.state().desktop, "frmZorModel"));
     Key(Qt::Key_Q, Qt::ControlModifier);
-    EXPECT_TRUE(quitted);
+    EXPECT_TRUE(quitted && FileExists(folder_.path().toStdString() + "/ZorLastSession.ZC3"));
+    Key(Qt::Key_F10);
+    const auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->title(), QStringLiteral("&Data"));
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(ApplicationTest, AMenuAtThePointerRunsItsOpenEventAndShowsItsEntries) {

@@ -83,12 +83,19 @@ TEST_F(DiagramSettings, ARectangleDrawnWithTheMouseZooms) {
 }
 
 TEST_F(DiagramSettings, ThePanelIsWorkedByKeysAndEscapeGoesBackToTheChart) {
+    const QSize before = Window().view().parentWidget()->size();
     Child<QAction>(Window(), "mnuDesignMore").trigger();
     Settle();
     QWidget& panel = Child<QWidget>(Window(), "fraTabs");
     ASSERT_TRUE(panel.isVisible());
     EXPECT_TRUE(panel.isAncestorOf(Window().focusWidget()));
-    EXPECT_TRUE(Window().view().parentWidget()->rect().contains(panel.geometry()));
+    QWidget& chart = *Window().view().parentWidget();
+    const auto place = [&](QWidget& of) {
+        return QRect(of.mapTo(&Window(), QPoint(0, 0)), of.size());
+    };
+    EXPECT_FALSE(place(panel).intersects(place(chart))) << "beside the chart, not upon it";
+    EXPECT_LT(chart.width(), before.width());
+    EXPECT_GE(chart.width(), 400);
     Child<QTabWidget>(Window(), "tabSettings").setCurrentIndex(1);
     Child<QRadioButton>(Window(), "opt1Gitter_0").click();
     EXPECT_EQ(GetAxis(Doc().surface, AxisId::X).gridPattern, LinePattern::None);
@@ -103,6 +110,7 @@ TEST_F(DiagramSettings, ThePanelIsWorkedByKeysAndEscapeGoesBackToTheChart) {
     EXPECT_EQ(box.text().trimmed(), QStringLiteral("10")) << "refused: the automatic value again";
     Shortcut(Qt::Key_Escape);
     EXPECT_FALSE(panel.isVisible());
+    EXPECT_EQ(chart.size(), before);
     EXPECT_TRUE(Doc().loaded) << "the first Esc closes the panel only";
     EXPECT_EQ(Window().focusWidget(), &Window().view());
 }
@@ -127,6 +135,34 @@ TEST_F(DiagramSettings, ArrowKeysTellTheValuesOfACurve) {
     EXPECT_TRUE(frame->isMaximized());
     Shortcut(Qt::Key_F11);
     EXPECT_FALSE(frame->isMaximized());
+}
+
+TEST_F(DiagramSettings, EveryPanelFitsBesideTheChart) {
+    QMdiArea& area = *program.window().findChild<QMdiArea*>();
+    QMdiSubWindow& frame = *area.activeSubWindow();
+    for (const QRect& place : {QRect(300, 30, 794, 560), QRect(10, 10, 537, 456)}) {
+        frame.setGeometry(place);
+        Settle();
+        for (const char* action : {"mnuDesignMore", "mnuKurvenDesign", "mnuTextDesign_1",
+                                   "mnuTextDesign_4", "mnuCoord", "mnuBild_2", "mnuBild_3"}) {
+            Child<QAction>(Window(), action).trigger();
+            Settle();
+            EXPECT_TRUE(area.viewport()->rect().united(place).contains(frame.geometry()));
+            EXPECT_GE(Window().view().width(), 200) << action;
+            Shortcut(Qt::Key_Escape);
+            EXPECT_EQ(frame.geometry(), place) << action;
+        }
+    }
+}
+
+TEST_F(DiagramSettings, ControlZTakesBackAndControlYMakesAgain) {
+    Child<QAction>(Window(), "mnuYLog").trigger();
+    Settle();
+    ASSERT_TRUE(GetAxisLog(Doc().surface, AxisId::Y));
+    Shortcut(QKeySequence::Undo);
+    EXPECT_FALSE(GetAxisLog(Doc().surface, AxisId::Y));
+    Shortcut(Qt::CTRL | Qt::Key_Y);
+    EXPECT_TRUE(GetAxisLog(Doc().surface, AxisId::Y));
 }
 
 } // namespace

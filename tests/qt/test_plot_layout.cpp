@@ -1,4 +1,5 @@
 // Where things stand in a picture: nothing covers or touches what it must not.
+#include "diagrams/label_places.h"
 #include "shell/qt/plot_layout.h"
 #include "shell/qt/plot_paint.h"
 #include "tests/qt/plot_samples.h"
@@ -13,7 +14,8 @@ constexpr double kPixelsPerPoint = 96.0 / 72;
 std::vector<TextBox> AllTexts(const PictureLayout& layout) {
     std::vector<TextBox> texts = layout.x.numbers;
     texts.insert(texts.end(), layout.y.numbers.begin(), layout.y.numbers.end());
-    for (const auto* text : {&layout.header, &layout.footer, &layout.x.title, &layout.y.title})
+    for (const auto* text : {&layout.header, &layout.footer, &layout.x.title, &layout.y.title,
+                             &layout.x.factor, &layout.y.factor})
         if (*text)
             texts.push_back(**text);
     return texts;
@@ -30,13 +32,17 @@ TEST(PlotLayout, KeepsTextsApartAndInsideThePictureAtAnySize) {
         double xMin, xMax, yMin, yMax;
         bool log;
     };
-    for (const Ranges& frame : std::initializer_list<Ranges>{{0, 450, 0, 0.102, false},
-                                                             {0, 1e-7, -2.5e-9, 1e-9, false},
-                                                             {-1, 99999, 0, 123456, false},
-                                                             {273.15, 338.2, -14.2, -5.1, false},
-                                                             {0.0029, 0.00367, 1e9, 9e9, false},
-                                                             {1e-7, 100, 1e-6, 1, true},
-                                                             {0, 450, -1, 0.1, true}}) {
+    for (const Ranges& frame :
+         std::initializer_list<Ranges>{{0, 450, 0, 0.102, false},
+                                       {0, 1e-7, -2.5e-9, 1e-9, false},
+                                       {-1, 99999, 0, 123456, false},
+                                       {273.15, 338.2, -14.2, -5.1, false},
+                                       {0.0029, 0.00367, 1e9, 9e9, false},
+                                       {1e-7, 100, 1e-6, 1, true},
+                                       {99999, 100001, 0.1, 0.10000001, false},
+                                       {0.1F, 0.7F, 0, 0.0002F, false},
+                                       {3, 80, 0.02, 150, true},
+                                       {0, 450, -1, 0.1, true}}) {
         for (const QSize size : {QSize(1200, 800), QSize(900, 600), QSize(500, 320)}) {
             PlotSurface surface = EmptyDiagram();
             SetFooter(surface, "measured at 318 K");
@@ -97,6 +103,8 @@ TEST(PlotLayout, BreaksTextsThatAreTooLong) {
         EXPECT_TRUE(layout.picture.contains(layout.y.title->rect)) << width;
         EXPECT_EQ(layout.header->lines.size() > 1, width < 500) << width;
     }
+    const PictureLayout wide = LayOut(surface, {1200, 500}, kPixelsPerPoint);
+    EXPECT_NEAR(wide.header->rect.center().x(), wide.plotArea.center().x(), 1);
     // lines of the user's own stay apart
     SetHeader(surface, "first\r\nsecond");
     const QStringList two{QStringLiteral("first"), QStringLiteral("second")};
@@ -113,6 +121,57 @@ TEST(PlotLayout, MovesLabelsThatFallOnEachOther) {
         EXPECT_TRUE(layout.plotArea.contains(layout.labels[i].rect)) << i;
         for (std::size_t j = 0; j < i; ++j)
             EXPECT_FALSE(layout.labels[i].rect.intersects(layout.labels[j].rect)) << i << ' ' << j;
+    }
+}
+
+/// Three draws of four species, as a student compares them.
+PlotSurface ComparedCourses() {
+    PlotSurface surface = EmptyDiagram();
+    int slot = 0;
+    for (const double tau : {1.5, 3.0, 6.0})
+        for (const char* name :
+             {"c(A), k1 = 0.05", "c(B), k1 = 0.05", "c(C), k1 = 0.05", "c(P), k1 = 0.05"}) {
+            AddDecay(surface, ++slot, tau, name);
+            PlotSeries& series = surface.series[kLines][static_cast<std::size_t>(slot)];
+            for (std::size_t i = 0; i < series.y.size(); ++i) {
+                const double left = series.y[i];
+                series.y[i] = slot % 4 == 1   ? left
+                              : slot % 4 == 2 ? 0.6 * left + 0.1
+                              : slot % 4 == 3 ? 4 * 0.5 * left * (1 - left)
+                                              : 1 - left;
+            }
+        }
+    PlaceCurveLabels(surface, {});
+    return surface;
+}
+
+TEST(PlotLayout, NeverHidesACurveUnderALabel) {
+    for (const QSize size : {QSize(1200, 800), QSize(790, 520), QSize(420, 280), QSize(300, 220)}) {
+        const PlotSurface surface = ComparedCourses();
+        const PictureLayout layout = LayOut(surface, size, kPixelsPerPoint);
+        const auto pixel = [&](const PlotSeries& curve, std::size_t i) {
+            return QPointF(layout.x.scale.Pixel(curve.x[i]), layout.y.scale.Pixel(curve.y[i]));
+        };
+        int covering = 0;
+        for (const TextBox& label : layout.labels) {
+            double toOwn = 1e9, toOther = 1e9;
+            bool covers = false;
+            for (int slot = 1; slot <= 12; ++slot) {
+                const PlotSeries& curve = GetSeries(surface, kLines, slot);
+                for (std::size_t i = 0; i < curve.x.size(); ++i) {
+                    const QPointF at = pixel(curve, i);
+                    covers = covers || label.rect.adjusted(1, 1, -1, -1).contains(at);
+                    const QPointF apart = at - label.rect.center();
+                    double& nearest = slot == label.number ? toOwn : toOther;
+                    nearest = std::min(nearest, std::hypot(apart.x(), apart.y()));
+                }
+            }
+            EXPECT_FALSE(covers && label.back) << Name(label) << size.width();
+            covering += covers ? 1 : 0;
+            if (!covers && size.width() > 700)
+                EXPECT_TRUE(toOwn < toOther + 1 || label.leader) << label.number << size.width();
+        }
+        EXPECT_LE(covering, size.width() > 700 ? 0 : 8) << size.width();
     }
 }
 
@@ -202,8 +261,8 @@ TEST(PlotLayout, WritesNumbersAsPeopleDo) {
     const TextBox power = NumberText("1E-05", font);
     EXPECT_EQ(power.lines[0], QStringLiteral("10"));
     EXPECT_EQ(power.exponent, QString::fromUtf8("\u22125"));
-    const TextBox product = NumberText("2.5E+12", font);
-    EXPECT_EQ(product.lines[0], QString::fromUtf8("2.5\u00b710"));
+    const TextBox product = NumberText("2E+12", font);
+    EXPECT_EQ(product.lines[0], QString::fromUtf8("2\u00b710"));
     EXPECT_EQ(product.exponent, QStringLiteral("12"));
 }
 

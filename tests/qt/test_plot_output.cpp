@@ -189,16 +189,6 @@ TEST(PlotOutput, KeysCopyThePictureOfTheOpenDiagram) {
     Settle();
     ASSERT_NE(program.windows().WidgetOf(graph), nullptr);
     QWidget& window = *program.windows().WidgetOf(graph);
-    // the panel through its widgets: size and resolution of a bitmap
-    Child<QAction>(program.window(), "mnuBild_2").trigger();
-    Settle();
-    auto& formats = Child<QComboBox>(window, "cmbGraphFormat");
-    EXPECT_TRUE(Child<QWidget>(window, "fraPrintIt").isVisible());
-    EXPECT_FALSE(Child<QWidget>(window, "frPrintPos").isVisible());
-    emit formats.activated(0);
-    Settle();
-    EXPECT_TRUE(Child<QLineEdit>(window, "txtPictureDpi").isEnabled());
-    EXPECT_EQ(Child<QLabel>(window, "lblPictureSize").text(), QStringLiteral("1772 x 1181 pixels"));
     QGuiApplication::clipboard()->clear();
     for (QShortcut* shortcut : window.findChildren<QShortcut*>())
         if (shortcut->key() == QKeySequence(QStringLiteral("Ctrl+Shift+C")))

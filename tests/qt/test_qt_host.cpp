@@ -62,6 +62,18 @@ TEST_F(QtHostTest, ThePresetAnswerIsTheDefaultButton) {
     EXPECT_TRUE(preset.contains(QStringLiteral("No")));
 }
 
+TEST_F(QtHostTest, ABoxIsAsWideAsItsTitle) {
+    const std::string title(80, 'm');
+    int width = 0;
+    Meanwhile([&](QMessageBox& box) {
+        width = box.width();
+        Key(Qt::Key_Return);
+    });
+    ShowMessage("x", title, Icon::None);
+    EXPECT_GT(width,
+              QFontMetrics(QApplication::font()).horizontalAdvance(QString::fromStdString(title)));
+}
+
 TEST_F(QtHostTest, CtrlCCopiesABox) {
     QGuiApplication::clipboard()->clear();
     Meanwhile([](QMessageBox& box) {

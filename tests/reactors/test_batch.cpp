@@ -52,20 +52,6 @@ TEST(Batch, FollowsTheRateLawOfEveryModel) {
         }
 }
 
-TEST(Batch, WritesOnlyTheSlotsOfTheModel) {
-    for (const int model : AllModels()) {
-        const ProjectState ps = StateOfModel(model);
-        SpeciesArray c;
-        c.fill(77);
-        bool err = false;
-        std::vector<MessageBox> messages;
-        CalcBatchKessel(ps, model, 3, c, err, messages);
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            EXPECT_EQ(c[static_cast<std::size_t>(slot)] == 77, !InMask(ps.SpeciesMask, slot))
-                << "model " << model << ", slot " << slot;
-    }
-}
-
 TEST(Batch, RunsBackwardInNegativeTimeAndStandsStillAtZero) {
     for (const int model : {7, 9, 10, 13, 14, 15, 18, 20}) {
         ProjectState ps = StateOfModel(model);
@@ -193,52 +179,6 @@ TEST(EquilibriumLimits, FulfilTheLawOfMassAction) {
                     EXPECT_GE(P, 0);
                     EXPECT_EQ(limit->Ue, x / 2);
                 }
-}
-
-TEST(EquilibriumLimits, RefuseAConversionBeyondThemInTheirOwnWords) {
-    ProjectState ps = StateOfModel(8);
-    ps.c0 = {0, 1, 0, 0, 0, 0};
-    ps.k = {0, 0.3, 0.1, 0}; // 0.3/0.1 is not exactly 3
-    ps.UA = 0.75;
-    const std::string batch = CheckEquilibrium(ps, Reactor::Batch, true).refusal->text;
-    EXPECT_EQ(batch,
-              "In the case \"reversible reaction\" the specification of any  conversion "
-              "U(A)is not possible;\r\nthe reaction can run to the equilibrium at most."
-              "\r\n\r\nFor the given initial mixture, the possible conversion U(A) is in the "
-              "range\r\n\r\n 0 < U(A) <  0.75\r\n\r\n");
-    ps.UA = 0.74;
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Batch, true).refusal);
-    ps.UA = -0.1; // the tank alone leaves this to its balance
-    EXPECT_TRUE(CheckEquilibrium(ps, Reactor::Tubular, true).refusal);
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Cstr, true).refusal);
-
-    ps.c0[4] = 3; // at equilibrium already
-    EXPECT_EQ(CheckEquilibrium(ps, Reactor::Tubular, true).refusal->text,
-              "The initial mixture is already in equlibrium state;\r\n\r\nspecification of the "
-              "conversion U(A) is not possible.");
-    for (const Reactor reactor :
-         {Reactor::Batch, Reactor::Tubular, Reactor::Cstr, Reactor::Cascade}) {
-        const EquilibriumCheck check = CheckEquilibrium(ps, reactor, false);
-        EXPECT_FALSE(check.refusal);
-        ASSERT_TRUE(check.note);
-        EXPECT_EQ(check.note->title, "Note");
-    }
-
-    ps.c0[4] = 5; // runs backward
-    ps.UA = 0.1;
-    EXPECT_EQ(
-        CheckEquilibrium(ps, Reactor::Cstr, true).refusal->text,
-        "In the case \"reversible reaction\" the specification of any  conversion U(A)is not "
-        "possible;\r\nthe reaction can run to the equilibrium at most.\r\n\r\nFor the initial "
-        "mixture given the possible conversion U(A) is in the range\r\n\r\n-0.5 < U(A) < "
-        "0\r\n\r\nA negative value of the conversion U(A) means that additional subst. A is "
-        "produced.");
-    ps.UA = -0.4;
-    EXPECT_FALSE(CheckEquilibrium(ps, Reactor::Cstr, true).refusal);
-    ps.c0[1] = 0; // a conversion of nothing
-    EXPECT_EQ(CheckEquilibrium(ps, Reactor::Batch, false).refusal->text,
-              "- not yet a valid input of an initial conc. c(A,0)");
-    EXPECT_FALSE(CheckEquilibrium(StateOfModel(15), Reactor::Batch, true).refusal);
 }
 
 TEST(Extents, GiveTheFinalStateThroughTheMatrix) {

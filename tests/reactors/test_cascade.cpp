@@ -102,43 +102,6 @@ TEST(Series, CarriesTheProductOnWhenAIsUsedUp) {
     EXPECT_EQ(ps.UA, 0);
 }
 
-TEST(Series, GivesTheThirdQuantityOfEachMode) {
-    ProjectState ps = StateOfModel(2);
-    TankSeries series;
-    SizeSeries(series, 3);
-    double V = 0.2;
-    ps.VPunkt = 0.05;
-    ps.tVerweil = 99; // replaced
-    const double U = RunCascade(ps, series, 2, V).U;
-    EXPECT_NEAR(ps.tVerweil, 12, 1e-12);
-    EXPECT_NEAR(U, 1 - std::pow(1 + ps.k[1] * 4, -3), 1e-14);
-    ps.VPunkt = 0;
-    EXPECT_NEAR(RunCascade(ps, series, 3, V).U, U, 1e-15);
-    EXPECT_NEAR(ps.VPunkt, 0.05, 1e-15);
-    V = 0;
-    EXPECT_NEAR(RunCascade(ps, series, 4, V).U, U, 1e-15);
-    EXPECT_NEAR(V, 0.2, 1e-15);
-}
-
-TEST(Series, GoesOnBehindATankWithoutASolutionAndTellsOfTheLastOne) {
-    ProjectState ps = StateOfModel(3);
-    TankSeries series;
-    SizeSeries(series, 3);
-    series.cZulauf[1] = ps.c0;
-    double V = 0, VPunkt = 0;
-    bool bBTooLow = false, bNoSolution = false;
-    series.cZulauf[1][1] = 0; // U of nothing
-    CalcCascade(ps, 1, 3, 3, ps.c0[1], series.cZulauf, series.UKask, V, VPunkt, 2, series.cKask,
-                bBTooLow, bNoSolution);
-    EXPECT_TRUE(bNoSolution);
-    EXPECT_EQ(series.cKask[1], SpeciesArray{});
-    series.cZulauf[2] = ps.c0;
-    CalcCascade(ps, 2, 3, 3, ps.c0[1], series.cZulauf, series.UKask, V, VPunkt, 2, series.cKask,
-                bBTooLow, bNoSolution);
-    EXPECT_FALSE(bNoSolution);
-    EXPECT_GT(series.UKask[2], 0);
-}
-
 TEST(SeriesDiagrams, ShowTheStaircaseOfTheTanks) {
     for (int N = 2; N <= kMostTanks; ++N) {
         ProjectState ps = StateOfModel(6);
@@ -157,28 +120,6 @@ TEST(SeriesDiagrams, ShowTheStaircaseOfTheTanks) {
         EXPECT_EQ(ps.Memory.RngC.lower, -0.02F);
         EXPECT_GE(ps.Memory.RngC.upper, 1.2F);
     }
-}
-
-TEST(SeriesDiagrams, ShowTheProductOverTheResidenceTime) {
-    for (const int model : AllModels()) {
-        ProjectState ps = StateOfModel(model);
-        ps.tVerweil = 8;
-        ASSERT_TRUE(CascadeTimeCurve(ps, 4));
-        EXPECT_EQ(ps.tSim[0], 1e-8);
-        EXPECT_NEAR(ps.cSimA[0], ps.c0[1], 1e-6) << model;
-        TankSeries series;
-        RunSeries(ps, series, 4, ps.tSim[150]);
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            if (InMask(ps.SpeciesMask, slot)) {
-                EXPECT_EQ(cSim(ps, slot)[150], series.cKask[4][static_cast<std::size_t>(slot)])
-                    << model;
-            }
-        EXPECT_EQ(ps.Memory.RngT, (Range{0, 16}));
-    }
-    ProjectState ps = StateOfModel(2);
-    EXPECT_FALSE(CascadeTimeCurve(ps, 4));
-    ps.tVerweil = 1;
-    EXPECT_FALSE(CascadeTimeCurve(ps, 0));
 }
 
 } // namespace

@@ -64,19 +64,18 @@ TEST(StirredTank, IsInSteadyStateForEveryModel) {
         double k1, k2, k3;
     };
     const Constants sets[]{
-        {0.15, 0.06,  0.04 }, // ordinary
-        {0.15, 1e-10, 0.04 }, // the smallest k2 that the dialog recommends
-        {0.02, 3,     1e-10},
-        {40,   10,    5    }, // k1 = 4 k2: model 12 is linear
-        {0.3,  0.15,  0.2  }, // k1 = 2 k2: model 7 is linear
-        {0.2,  0.2,   0.2  }, // k1 = k2: model 19 is kept apart from it
-        {200,  40,    6    },
+        {0.15, 0.06, 0.04},               // ordinary
+        {0.15, 1e-10, 0.04},              // the smallest k2 that the dialog recommends
+        {0.02, 3, 1e-10},    {40, 10, 5}, // k1 = 4 k2: model 12 is linear
+        {0.3, 0.15, 0.2},                 // k1 = 2 k2: model 7 is linear
+        {0.2, 0.2, 0.2},                  // k1 = k2: model 19 is kept apart from it
+        {200, 40, 6},
     };
     const SpeciesArray feeds[]{
-        {0, 1.2,  1.5,  0.1, 0.05, 0.02},
-        {0, 2,    2,    0,   1e-3, 0   },
-        {0, 3,    0.4,  0,   0.5,  0.5 }, // little B
-        {0, 1e-4, 3e-4, 0,   1e-6, 0   },
+        {0, 1.2, 1.5, 0.1, 0.05, 0.02},
+        {0, 2, 2, 0, 1e-3, 0},
+        {0, 3, 0.4, 0, 0.5, 0.5}, // little B
+        {0, 1e-4, 3e-4, 0, 1e-6, 0},
     };
     for (const int model : AllModels())
         for (const Constants& k : sets)
@@ -183,15 +182,10 @@ TEST(StirredTank, SaysWhatIsMissing) {
     const char* reach = "The specificated conversion cannot be reached with these concentrations."
                         "\r\n(Test it by specification of the residence time)";
     const Case cases[]{
-        {4,  true,  false, tooLittle},
-        {12, true,  false, tooLittle},
-        {19, true,  false, tooLittle},
-        {9,  true,  false, test     },
-        {13, true,  false, test     },
-        {7,  true,  false, nullptr  },
-        {17, false, false, nullptr  }, // passes with a negative c(B)
-        {10, false, false, reach    },
-        {18, false, false, reach    },
+        {4, true, false, tooLittle}, {12, true, false, tooLittle}, {19, true, false, tooLittle},
+        {9, true, false, test},      {13, true, false, test},      {7, true, false, nullptr},
+        {17, false, false, nullptr}, // passes with a negative c(B)
+        {10, false, false, reach},   {18, false, false, reach},
     };
     for (const Case& x : cases) {
         ProjectState ps = StateOfModel(x.model);
@@ -209,37 +203,6 @@ TEST(StirredTank, SaysWhatIsMissing) {
     ProjectState ps = StateOfModel(15);
     ps.k[3] = 0;
     EXPECT_EQ(RunTank(ps, 0, {.U = 0.5, .V = 1}).messages.size(), 1U);
-}
-
-TEST(StirredTank, LeavesTheKeptApartConstantOfModel19InTheState) {
-    ProjectState ps = StateOfModel(19);
-    ps.k = {0, 0.2, 0.2, 0};
-    EXPECT_FALSE(RunTank(ps, 3, {.V = 1, .t = 4}).bNoSolution);
-    EXPECT_EQ(ps.k[2], 0.2 * 1.0000000001);
-}
-
-TEST(StirredTankCurve, HoldsThePointsOfSingleTanksAndTheirRange) {
-    for (const int model : AllModels()) {
-        ProjectState ps = StateOfModel(model);
-        ps.tVerweil = 9;
-        ASSERT_TRUE(CalcTankCurve(ps));
-        EXPECT_EQ(ps.NPoints, 200);
-        EXPECT_EQ(ps.tVerweil, 9);
-        EXPECT_NEAR(ps.VPunkt, 1, 1e-15);
-        EXPECT_EQ(ps.tSim[0], 1e-6);
-        const Tank tank = RunTank(ps, 3, {.V = 1, .t = ps.tSim[100]});
-        for (int slot = 1; slot <= kSpecies; ++slot)
-            EXPECT_EQ(cSim(ps, slot)[100], tank.c[static_cast<std::size_t>(slot)]) << model;
-        EXPECT_EQ(ps.Memory.RngT, (Range{0, 18}));
-        EXPECT_GT(ps.Memory.RngC.upper, ps.c0[1]);
-        EXPECT_LT(ps.Memory.RngC.lower, 0);
-        ps.ScaleOneSpecies = true;
-        ps.ScaleSpecies = 1;
-        ASSERT_TRUE(CalcTankCurve(ps));
-        EXPECT_NEAR(ps.Memory.RngC.upper, ps.c0[1], 0.03 * ps.c0[1]) << model;
-    }
-    ProjectState ps = StateOfModel(2);
-    EXPECT_FALSE(CalcTankCurve(ps));
 }
 
 } // namespace

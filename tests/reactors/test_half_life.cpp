@@ -20,24 +20,15 @@ TEST(HalfLives, LeaveHalfOfTheStartConcentration) {
     // 4 with nearly equal concentrations: the logarithm of nearly 1; 12 and 17 above 1 mol/L: the root
     // between 0 and 1 is the wrong one; 12 with k1 = 4 k2, where the quadratic ends
     const Case cases[]{
-        {1,  1.2, 0,        0,     0.15, 0,    false},
-        {2,  1.2, 0,        0,     0.15, 0,    false},
-        {3,  1.2, 0,        0,     0.15, 0,    false},
-        {4,  1,   1,        0,     0.15, 0,    true },
-        {4,  1,   0.6,      0,     0.15, 0,    true },
-        {4,  1,   2.5,      0,     0.15, 0,    false},
-        {4,  1,   1 + 1e-9, 0,     0.15, 0,    true },
-        {5,  1,   0,        0.002, 0.15, 0,    false},
-        {6,  1,   0,        0,     0.15, 0.1,  false},
-        {8,  1,   0,        0.1,   0.5,  0.1,  false},
-        {11, 1,   0,        0,     0.15, 0.05, false},
-        {12, 0.5, 0.5,      0,     0.15, 0.01, true },
-        {12, 3,   4,        0.5,   0.15, 0.01, true },
-        {12, 3,   4,        0,     0.4,  0.1,  false},
-        {12, 3,   4,        0,     0.1,  0.02, false},
-        {16, 1,   0,        0.002, 0.15, 0,    false},
-        {17, 0.5, 0.5,      0,     0.15, 0.01, true },
-        {17, 5,   6,        0.5,   0.15, 0.01, true },
+        {1, 1.2, 0, 0, 0.15, 0, false},      {2, 1.2, 0, 0, 0.15, 0, false},
+        {3, 1.2, 0, 0, 0.15, 0, false},      {4, 1, 1, 0, 0.15, 0, true},
+        {4, 1, 0.6, 0, 0.15, 0, true},       {4, 1, 2.5, 0, 0.15, 0, false},
+        {4, 1, 1 + 1e-9, 0, 0.15, 0, true},  {5, 1, 0, 0.002, 0.15, 0, false},
+        {6, 1, 0, 0, 0.15, 0.1, false},      {8, 1, 0, 0.1, 0.5, 0.1, false},
+        {11, 1, 0, 0, 0.15, 0.05, false},    {12, 0.5, 0.5, 0, 0.15, 0.01, true},
+        {12, 3, 4, 0.5, 0.15, 0.01, true},   {12, 3, 4, 0, 0.4, 0.1, false},
+        {12, 3, 4, 0, 0.1, 0.02, false},     {16, 1, 0, 0.002, 0.15, 0, false},
+        {17, 0.5, 0.5, 0, 0.15, 0.01, true}, {17, 5, 6, 0.5, 0.15, 0.01, true},
     };
     // constants as in s, min, h, d, a, and slow ones
     for (const double unit : {1.0, 60.0, 3600.0, 86400.0, 31536000.0, 1e-9})
@@ -90,25 +81,25 @@ TEST(HalfLives, SayWhyThereIsNone) {
     };
     const char* notReached = "c(A) = c(A,0)/2 cannot be reached";
     const Case cases[]{
-        {true,  4,   1,      0.5, 0, 0.1,   0,   0,  true,  nullptr           },
-        {false, 4,   0.5,    1,   0, 0.1,   0,   0,  true,  nullptr           },
-        {true,  8,   1,      0,   0, 0.1,   0.5, -1, false, notReached        },
-        {true,  12,  1,      1,   0, 0.1,   1,   -1, false, notReached        },
-        {true,  17,  1,      0.2, 0, 0.1,   1,   -1, false, notReached        },
-        {false, 12,  0.2,    1,   0, 1,     0.1, -1, false, notReached        },
-        {false, 17,  0.2,    1,   0, 1,     0.1, -1, false, notReached        },
-        {true,  2,   -1,     0,   0, -1,    0,   -1, false, notReached        },
-        {true,  5,   1,      0,   0, 0.1,   0,   -1, false, "Division by zero"},
-        {true,  2,   1,      0,   0, 0,     0,   -1, false, "Division by zero"},
-        {true,  12,  1,      1,   0, 0.1,   0,   -1, false, "Division by zero"},
-        {true,  3,   1e-300, 0,   0, 1e-10, 0,   -1, false, "Overflow"        },
-        {true,  7,   1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {true,  20,  1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {true,  -1,  1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {true,  500, 1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {false, 19,  1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {false, 69,  1,      1,   0, 1,     1,   0,  false, nullptr           },
-        {false, 2,   1,      1,   0, 1,     1,   0,  true,  nullptr           },
+        {true, 4, 1, 0.5, 0, 0.1, 0, 0, true, nullptr},
+        {false, 4, 0.5, 1, 0, 0.1, 0, 0, true, nullptr},
+        {true, 8, 1, 0, 0, 0.1, 0.5, -1, false, notReached},
+        {true, 12, 1, 1, 0, 0.1, 1, -1, false, notReached},
+        {true, 17, 1, 0.2, 0, 0.1, 1, -1, false, notReached},
+        {false, 12, 0.2, 1, 0, 1, 0.1, -1, false, notReached},
+        {false, 17, 0.2, 1, 0, 1, 0.1, -1, false, notReached},
+        {true, 2, -1, 0, 0, -1, 0, -1, false, notReached},
+        {true, 5, 1, 0, 0, 0.1, 0, -1, false, "Division by zero"},
+        {true, 2, 1, 0, 0, 0, 0, -1, false, "Division by zero"},
+        {true, 12, 1, 1, 0, 0.1, 0, -1, false, "Division by zero"},
+        {true, 3, 1e-300, 0, 0, 1e-10, 0, -1, false, "Overflow"},
+        {true, 7, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {true, 20, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {true, -1, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {true, 500, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {false, 19, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {false, 69, 1, 1, 0, 1, 1, 0, false, nullptr},
+        {false, 2, 1, 1, 0, 1, 1, 0, true, nullptr},
     };
     for (const Case& x : cases) {
         const auto halfLife = x.ofA ? HalfLifeOfA : HalfLifeOfB;
@@ -120,22 +111,6 @@ TEST(HalfLives, SayWhyThereIsNone) {
             EXPECT_EQ(half.message->text, x.text) << x.kind;
         }
     }
-}
-
-TEST(HalfLives, AreShownForTheDiagramOfTheState) {
-    const ScriptedHost host;
-    ProjectState ps;
-    ps.DiagramKind = 58;
-    EXPECT_EQ(FuHalbwertszeitA(ps, 1, 0, 0, 0.1, 0.5), -1);
-    ASSERT_EQ(host.boxes.size(), 1U);
-    EXPECT_EQ(host.boxes[0].title, "Execution not possible");
-    ps.DiagramKind = 17;
-    EXPECT_EQ(FuHalbwertszeitB(ps, 1, 1, 0, 1, 0), -1);
-    ASSERT_EQ(host.boxes.size(), 2U);
-    EXPECT_EQ(host.boxes[1].title, "Message from Function FuHalbwertszeitB");
-    ps.DiagramKind = 2;
-    EXPECT_EQ(FuHalbwertszeitB(ps, 1, 1, 0, 1, 0), 0);
-    EXPECT_EQ(host.beeps, 1);
 }
 
 } // namespace

@@ -7,7 +7,6 @@
 #include "reactors/tank_search.h"
 #include "reactors/tubular.h"
 #include "tests/reactors/support.h"
-#include "tests/simulations/allocations.h"
 
 #include <random>
 
@@ -82,34 +81,6 @@ TEST(FastForms, DrawTheCurvesOfThePlainTanks) {
         reference::CalcTankCurve(plain);
         EXPECT_EQ(ps.cSimA, plain.cSimA) << n;
         EXPECT_EQ(ps.cSimP, plain.cSimP) << n;
-    }
-}
-
-TEST(FastForms, AskForNoMemory) {
-    for (const int model : AllModels()) {
-        ProjectState ps = StateOfModel(model);
-        ps.UA = 0.1;
-        ps.tVerweil = 5;
-        std::vector<MessageBox> messages;
-        TankSeries series;
-        SizeSeries(series, 7);
-        double V = 1, t = 3, U = 0;
-        bool err = false, bBTooLow = false, bNoSolution = false;
-        const long before = allocations;
-        CalcBatchKessel(ps, model, 3, ps.cEnd, err, messages);
-        (void)SearchBatchTime(ps);
-        (void)SearchTubeTime(ps);
-        CalcRuehrkessel(ps, model, 3, ps.c0, U, V, ps.VPunkt, t, ps.cEnd, ps.Ksi, bBTooLow,
-                        bNoSolution, messages);
-        (void)RunCascade(ps, series, 3, V);
-        EXPECT_EQ(allocations - before, 0) << "model " << model;
-
-        CalcTankCurve(ps); // the arrays have their size now
-        const long beforeCurves = allocations;
-        CalcTankCurve(ps);
-        EXPECT_EQ(allocations - beforeCurves, 0) << "model " << model;
-        CascadeTimeCurve(ps, 7);
-        EXPECT_LE(allocations - beforeCurves, 3) << "model " << model; // its tables, once
     }
 }
 

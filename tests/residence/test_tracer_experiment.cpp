@@ -58,41 +58,6 @@ TEST(TracerExperiment, NoTracerIsLostOrMadeInAnyStep) {
     }
 }
 
-TEST(TracerExperiment, OutletFollowsTheDistributionOfAsManyTanks) {
-    for (const int N : {1, 2, 6}) {
-        const Experiment run = PlayTracer(N);
-        for (const int m : {100, 250, 500}) {
-            if (m > run.row.m)
-                continue;
-            bool err = false;
-            const double E = EtKessel(m, N, 100.0 * N, err);
-            EXPECT_NEAR(run.record[static_cast<std::size_t>(m)], 100 * E, 0.012 * N) << N;
-        }
-    }
-}
-
-TEST(TracerExperiment, EndsWhenFirstTankAndOutletAreWashedOut) {
-    EXPECT_NEAR(PlayTracer(1).row.m, 459, 1);
-    const Experiment six = PlayTracer(6);
-    EXPECT_LT(six.row.cTracer[6], 0.01F);
-    EXPECT_GE(six.record[six.record.size() - 2], 0.01F);
-    EXPECT_LT(six.record.size(), 2048U) << "the record has room from its start on";
-}
-
-TEST(TracerExperiment, StopLeavesARecordThatIsDrawnFromThreeValuesOn) {
-    for (const int steps : {0, 2, 3}) {
-        Experiment run;
-        SizeTracer(run.row, 2);
-        FillTracer(run.row);
-        StartTracerFlow(run.row, run.record);
-        for (int i = 0; i < steps; ++i)
-            StepTracerFlow(run.row, run.record);
-        EXPECT_EQ(EndTracerFlow(run.row, run.record), steps == 3);
-        EXPECT_EQ(run.record[0], static_cast<float>(steps));
-        EXPECT_EQ(run.row.cTracer[1], 0) << "the tanks are empty again";
-    }
-}
-
 TEST(TracerExperiment, RefusesARowWithoutTanks) {
     Experiment run;
     SizeTracer(run.row, -3);
@@ -108,17 +73,6 @@ TEST(TracerExperiment, RefusesARowWithoutTanks) {
     EXPECT_EQ(ReadNTracer("7").message.text, "the value N has to be between 1 and 6. ");
     EXPECT_EQ(ReadNTracer("6.4").accepted, false);
     EXPECT_EQ(ReadNTracer("5.6").N, 6);
-}
-
-TEST(TracerExperiment, ColoursRunFromWhiteToRedAndPausesGrowWithTheTenthPower) {
-    EXPECT_EQ(TracerColour(0), kWhite);
-    EXPECT_EQ(TracerColour(1), kRed);
-    EXPECT_EQ(TracerColour(0.5F), 0xFF8080U);
-    EXPECT_EQ(TracerColour(2), kRed);
-    EXPECT_EQ(TracerColour(std::nanf("")), kWhite);
-    EXPECT_EQ(TracerPause(0), 0);
-    EXPECT_NEAR(TracerPause(5), 60466175 * 5e-9, 1e-6);
-    EXPECT_EQ(TracerPause(50), TracerPause(5));
 }
 
 } // namespace

@@ -49,23 +49,6 @@ TEST(BloodAlcohol, OneGlassOfBeerFollowsTheHandCalculation) {
         EXPECT_EQ(Bac(ps, t), 0);
 }
 
-TEST(BloodAlcohol, TheTimeCourseTakesTheCurveMinuteByMinute) {
-    ProjectState ps;
-    PrepareBacState(ps);
-    ConnectBloodAlcohol(ps);
-    bool err = true;
-    calc_diagram_function(ps, kBloodAlcohol, ps.BacTimeMax, err);
-    EXPECT_FALSE(err);
-    ASSERT_EQ(ps.NPoints, 600);
-    ASSERT_EQ(ps.cSimA.size(), 601U);
-    EXPECT_EQ(ps.tSim[60], 60);
-    EXPECT_NEAR(ps.cSimA[60], 0.15673, 5e-6);
-    EXPECT_EQ(ps.cSimA[600], 0);
-    EXPECT_EQ(ps.Memory.RngT.upper, 600);
-    const float highest = *std::max_element(ps.BacTable.begin(), ps.BacTable.end());
-    EXPECT_FLOAT_EQ(ps.Memory.RngC.upper, 1.02F * highest);
-}
-
 TEST(BloodAlcohol, AfterFullAbsorptionItIsWidmarksFormula) {
     // Widmark: BAC = M (1 - AD)/(m r) - beta t, once nothing is left to absorb.
     struct {

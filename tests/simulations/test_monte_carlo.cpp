@@ -1,20 +1,14 @@
 #include "simulations/monte_carlo.h"
-#include "tests/simulations/allocations.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
 namespace zorvant {
 namespace {
 
 constexpr int kAllDraws = 1 << 30;
-
-int CountA(const MonteCarloGame& game) {
-    return std::accumulate(game.Teilchen.begin() + 1, game.Teilchen.end(), 0);
-}
 
 /// The rules as they are told, one draw at a time.
 struct ToldGame {
@@ -56,11 +50,7 @@ struct Choice {
     int equilibrium;
 };
 constexpr Choice kAllRules[]{
-    {kFirstOrderGame,  0},
-    {kEquilibriumGame, 0},
-    {kEquilibriumGame, 1},
-    {kEquilibriumGame, 2}
-};
+    {kFirstOrderGame, 0}, {kEquilibriumGame, 0}, {kEquilibriumGame, 1}, {kEquilibriumGame, 2}};
 
 TEST(RandomGenerator, GivesThePublishedSequence) {
     // The authors' C code with the state 1, 2, 3, 4.
@@ -96,46 +86,6 @@ TEST(MonteCarloGames, PlayTheToldRulesDrawByDraw) {
         }
         EXPECT_EQ(changed, told.changed);
         EXPECT_TRUE(std::equal(game.Teilchen.begin(), game.Teilchen.end(), told.particles.begin()));
-    }
-}
-
-TEST(MonteCarloGames, ConserveTheParticlesWhetherChangesAreNotedOrNot) {
-    for (const Choice& choice : kAllRules) {
-        MonteCarloGame noted = NewGame(choice.SpielArt, 2, choice.equilibrium);
-        MonteCarloGame bare = noted;
-        RandomGenerator rnd(5);
-        RandomGenerator sameRnd(5);
-        std::vector<std::int32_t> room(200);
-        for (int block = 0; block < 50; ++block) {
-            const DrawSlice a = Draw(noted, rnd, kAllDraws, room);
-            const DrawSlice b = Draw(bare, sameRnd, kAllDraws);
-            ASSERT_EQ(a.draws, noted.BlockZuege);
-            ASSERT_EQ(a.changes, b.changes);
-            ASSERT_TRUE(a.blockEnded);
-            ASSERT_EQ(CountA(noted), noted.NA);
-            const GamePoint point = PresentPoint(noted);
-            ASSERT_EQ(point.NA + point.NP, noted.N0Spiel);
-            NextBlock(noted);
-            NextBlock(bare);
-        }
-        EXPECT_EQ(noted.Teilchen, bare.Teilchen);
-        EXPECT_EQ(noted.Zuege, 50 * noted.BlockZuege);
-    }
-}
-
-TEST(MonteCarloGames, AllocateNothingWhileTheyRun) {
-    RandomGenerator rnd(1);
-    for (const Choice& choice : kAllRules) {
-        MonteCarloGame game = NewGame(choice.SpielArt, 5, choice.equilibrium);
-        std::vector<std::int32_t> room(1000);
-        const long before = allocations;
-        ASSERT_GT(before, 0) << "the counter counts";
-        BeginRun(game, false);
-        for (int block = 0; block < 20; ++block, NextBlock(game)) {
-            while (!Draw(game, rnd, 1000, room).blockEnded) {
-            }
-        }
-        EXPECT_EQ(allocations, before);
     }
 }
 
@@ -183,28 +133,6 @@ TEST(MonteCarloGames, EquilibriumIsApproachedAlongTheCalculatedCurve) {
     }
 }
 
-TEST(MonteCarloGames, FirstOrderRunsOutOfParticles) {
-    MonteCarloGame game = NewGame(kFirstOrderGame, 0);
-    RandomGenerator rnd(3);
-    do {
-        Draw(game, rnd, kAllDraws);
-    } while (NextBlock(game));
-    EXPECT_EQ(game.NA, 0);
-    EXPECT_EQ(CountA(game), 0);
-    EXPECT_EQ(game.Zuege % 7, 0) << "a block is played to its end";
-    EXPECT_GT(game.Zuege, 200);
-    EXPECT_LT(game.Zuege, 1500);
-    EXPECT_FALSE(MayContinue(game));
-}
-
-TEST(MonteCarloGames, FirstOrderEndsAfterTenTimeAxesAtTheLatest) {
-    MonteCarloGame game = NewGame(kFirstOrderGame, 0);
-    game.Zuege = 10LL * game.tMaxZuege;
-    EXPECT_TRUE(NextBlock(game));
-    ++game.Zuege;
-    EXPECT_FALSE(NextBlock(game));
-}
-
 TEST(MonteCarloGames, ContinueKeepsTheStateAndStartsAFreshBlock) {
     MonteCarloGame game = NewGame(kEquilibriumGame, 2, 0);
     RandomGenerator rnd(8);
@@ -220,58 +148,6 @@ TEST(MonteCarloGames, ContinueKeepsTheStateAndStartsAFreshBlock) {
     BeginRun(game, false);
     EXPECT_EQ(game.NA, 1024);
     EXPECT_EQ(game.Zuege, 0);
-}
-
-TEST(MonteCarloGames, SizesBlocksAndPausesFollowTheNumberOfParticles) {
-    struct {
-        int N0, block, tMax;
-        double pause;
-        bool large;
-    } const table[]{
-        {100,   7,    550,    0.06,    false},
-        {529,   44,   2910,   0.00005, false},
-        {1024,  102,  5632,   1e-8,    false},
-        {4900,  490,  26950,  1e-8,    false},
-        {9025,  902,  49638,  0,       true },
-        {90000, 9000, 495000, 0,       true }
-    };
-    MonteCarloGame game = NewGame(kFirstOrderGame);
-    EXPECT_EQ(game.N0Spiel, 1024);
-    for (int option = 0; option < 6; ++option) {
-        const auto& row = table[option];
-        SetFieldSize(game, option);
-        EXPECT_EQ(game.N0Spiel, row.N0);
-        EXPECT_EQ(game.NA, row.N0);
-        EXPECT_EQ(game.BlockZuege, row.block);
-        EXPECT_EQ(game.tMaxZuege, row.tMax);
-        EXPECT_EQ(game.largeField, row.large);
-        EXPECT_DOUBLE_EQ(PauseSeconds(game, 0.25F), 0.25 + row.pause);
-    }
-    EXPECT_DOUBLE_EQ(FlashRadius(game), 3);
-    SetFieldSize(game, 1);
-    EXPECT_EQ(CellOf(game, 1).row * 100 + CellOf(game, 1).column, 101);
-    EXPECT_EQ(CellOf(game, 23).row * 100 + CellOf(game, 23).column, 123);
-    EXPECT_EQ(CellOf(game, 24).row * 100 + CellOf(game, 24).column, 201);
-    EXPECT_EQ(CellOf(game, 529).row * 100 + CellOf(game, 529).column, 2323);
-    EXPECT_TRUE(IsPauseDue(NewGame(kEquilibriumGame), {1, 0, false}));
-    EXPECT_FALSE(IsPauseDue(NewGame(kFirstOrderGame), {1, 0, false}));
-}
-
-TEST(MonteCarloGames, CurvesStayInsideTheChartAndEndNearEquilibrium) {
-    for (const Choice& choice : kAllRules) {
-        const MonteCarloGame game = NewGame(choice.SpielArt, 5, choice.equilibrium);
-        const std::vector<GamePoint> curve = CalculatedCurves(game);
-        ASSERT_EQ(curve.size(), 101U);
-        for (const GamePoint& point : curve) {
-            const GamePoint chart = ToChart(game, point);
-            EXPECT_NEAR(chart.NA + chart.NP, 100, 1e-9);
-            EXPECT_GE(chart.NA, 0);
-        }
-        const GamePoint end = ToChart(game, curve.back());
-        EXPECT_DOUBLE_EQ(end.Zuege, 100);
-        const double K = game.KGleich;
-        EXPECT_NEAR(end.NP, choice.SpielArt == kFirstOrderGame ? 100 : 100 * K / (K + 1), 0.5);
-    }
 }
 
 TEST(MonteCarloGames, BadInputDrawsNothingAndGivesNoCurve) {
@@ -297,20 +173,6 @@ TEST(MonteCarloGames, BadInputDrawsNothingAndGivesNoCurve) {
     }
     EXPECT_THROW(SetFieldSize(game, 6), std::out_of_range);
     EXPECT_THROW(SetEquilibrium(game, -1), std::out_of_range);
-}
-
-TEST(GameSettings, RetardationGoesInTwelfthsOfASecond) {
-    ProjectState ps;
-    for (int notch = 0; notch <= 5; ++notch)
-        EXPECT_EQ(RetardationNotch(RetardationOfNotch(notch)), notch);
-    EXPECT_FLOAT_EQ(RetardationOfNotch(5), 5.0F / 12);
-    EXPECT_EQ(RetardationNotch(std::nanf("")), 0);
-    EXPECT_EQ(RetardationNotch(1e30F), 5);
-    EXPECT_EQ(UsedPointSize(ps), 7);
-    ps.MCPointSize = 0;
-    EXPECT_EQ(UsedPointSize(ps), 7);
-    EXPECT_EQ(ps.MCColorA, 0xFF0000U);
-    EXPECT_EQ(ps.MCColorP, 0x0000FFU);
 }
 
 } // namespace

@@ -90,6 +90,15 @@ TEST_F(FileDialogTest, ATypedPatternFiltersAndATypedNameIsLookedUp) {
     EXPECT_EQ(question.fileName, "note.txt");
 }
 
+TEST_F(FileDialogTest, FindsThePresetInItsCapitals) {
+    question.fullPath = (folder / "note.txt").string();
+    Ask("*.*", [&] {
+        EXPECT_EQ(dialog.txtOpenFile.text, "NOTE.TXT");
+        Press(dialog.cmdOpenOK);
+    });
+    EXPECT_EQ(question.fullPath, (folder / "note.txt").string());
+}
+
 TEST_F(FileDialogTest, WalksIntoFoldersAndBack) {
     Ask("*.ZI3", [&] {
         dialog.dirOpenList.index = 1;

@@ -75,6 +75,40 @@ TEST_F(ImportText, FindsHowAFileIsToBeReadAndWhereItsColumnsBelong) {
     EXPECT_TRUE(ps.ExpDataChanged);
 }
 
+TEST_F(ImportText, ConvertsKnownUnitsAndTellsTheRest) {
+    ps.TimeUnitText = "min";
+    Open("t/ms;T/\u00B0C;c(A)/(mmol/L);c(B) [\u00B5M];c(C)/(g/L);k/(1/min);remark\n"
+         "500;25;1500;250;7;6;x\n1000;;0;0;0;0;y\n");
+    for (const char* told : {"times in s", "T in \u00B0C is converted", "c(C) in g/L is not known",
+                             "Columns not used: 7: remark"})
+        EXPECT_THAT(dialog.lblCount.text, HasSubstr(told));
+    Press(dialog.cmdOK);
+    const ExpPoint first{.t = .5, .cA = 1.5, .cB = 2.5e-4, .cC = 7, .T = 298.15, .k = .1};
+    for (int field = 0; field < kExpColumns; ++field)
+        EXPECT_DOUBLE_EQ(ExpValue(ps.ExpData[1], field), ExpValue(first, field)) << field;
+    EXPECT_EQ(ps.ExpData[2], (ExpPoint{.t = 1})); // an empty cell is no 0 degrees
+    EXPECT_EQ(ps.TimeUnitText, "s");
+    Open("time (h);c(A) in mol/L\n1;2\n");
+    Press(dialog.optTarget, 1); // the list keeps its unit
+    EXPECT_THAT(dialog.lblCount.text, HasSubstr("t in h is converted"));
+    Press(dialog.cmdOK);
+    EXPECT_EQ(ps.ExpData[3], (ExpPoint{.t = 3600, .cA = 2}));
+    EXPECT_EQ(ps.TimeUnitText, "s");
+}
+
+TEST_F(ImportText, IsOfferedWhereHeadingsContradictTheColumnsOfAPaste) {
+    ps.desktop.forms.push_back(&dialog);
+    bench.Show(editor);
+    bench.host.clipboard = "T/\u00B0C\tc(A)\n25\t2\n";
+    bench.host.answers = {Answer::No, Answer::Yes};
+    Press(editor.cmdClipEinfuegen);
+    EXPECT_THAT(bench.LastBox(), HasSubstr("T/\u00B0C in the column of t"));
+    EXPECT_EQ(ps.ExpData[1].t, 25); // as it stands
+    Press(editor.cmdClipEinfuegen);
+    Press(dialog.cmdOK);
+    EXPECT_EQ(ps.ExpData[1], (ExpPoint{.cA = 2, .T = 298.15}));
+}
+
 TEST_F(ImportText, TakesTheColumnsInTheirOrderWithoutKnownHeads) {
     Open("1\t2\t3\n");
     EXPECT_EQ(FieldColumn(kExpTime), 1);
@@ -114,13 +148,18 @@ TEST_F(ImportText, ReplacingCanBeTakenBackAndAppendingKeepsWhatIsThere) {
     ps.ExpPointCount = 1;
     ps.DataFilePath = folder / "old.ZI3";
     ps.DataFileTitle = "old.ZI3";
+    ps.ExpComment = "old";
+    ps.LambdaInf = 3;
     Open("1\t2\n");
     Press(dialog.cmdOK);
     EXPECT_EQ(ps.ExpData[1].t, 1);
+    EXPECT_EQ(editor.txtComment.text + ps.ExpComment, "");
+    EXPECT_EQ(ps.LambdaInf, 0);
     EXPECT_TRUE(ps.DataFilePath.empty()); // a save must not offer the old file
     Press(editor.cmdUndo);
     EXPECT_EQ(ps.ExpData[1].t, 5);
     EXPECT_EQ(ps.DataFileTitle, "old.ZI3");
+    EXPECT_EQ(editor.txtComment.text, "old");
     Open("1\t2\nx\t3\n");
     Press(dialog.optTarget, 1);
     EXPECT_THAT(dialog.lblCount.text, HasSubstr("first in line 2"));
@@ -137,8 +176,11 @@ TEST_F(ImportText, ShowsNothingWithoutAFileAndRefusesOneWithoutNumbers) {
     bench.Show(dialog);
     EXPECT_FALSE(dialog.loaded);
     EXPECT_EQ(bench.host.boxes.size(), 1U);
-    Open("");
-    EXPECT_FALSE(dialog.cmdOK.enabled);
+    for (const char* text : {"", "no numbers\n;here;;\n"}) {
+        Open(text);
+        EXPECT_FALSE(dialog.cmdOK.enabled);
+        EXPECT_EQ(dialog.lblCount.text, "The text holds no numbers.");
+    }
 }
 
 } // namespace

@@ -1,11 +1,6 @@
 // The X-Y editor as a user works with it.
-#include "dialogs/data/frm_zxy_editor.h"
 #include "platform/files.h"
-#include "tests/dialogs/workbench.h"
-#include "tests/temp_folder.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "tests/dialogs/data/list_user.h"
 
 #include <cmath>
 
@@ -16,55 +11,26 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Pair;
 
-class XYEditor : public testing::Test {
+class XYEditor : public testing::Test, public ListUser {
 protected:
-    XYEditor() {
-        ps.XYDir = folder.Path();
-        bench.Show(editor);
-    }
-    void Add(const std::string& x, const std::string& y) {
-        bench.Retype(editor.y(0), x);
-        bench.Retype(editor.y(1), y + "+");
-    }
-    void Paste(const std::string& text) {
-        bench.host.clipboard = text;
-        Press(editor.cmdClipEinfuegen);
-    }
-    void Select(int firstRow, int lastRow, int firstColumn = 0, int lastColumn = 3) {
-        editor.Grid.row = firstRow;
-        editor.Grid.column = firstColumn;
-        editor.Grid.selection = {firstRow, firstColumn, lastRow, lastColumn};
-        editor.Grid.onSelect();
-    }
+    XYEditor() : ListUser(ListKind::Pairs) { bench.Show(editor); }
     std::vector<std::pair<float, float>> Points() const {
-        std::vector<std::pair<float, float>> points;
+        std::vector<std::pair<float, float>> pairs;
         for (int i = 1; i <= ps.XYCount; ++i)
-            points.emplace_back(editor.XYData[static_cast<std::size_t>(i)].x,
-                                editor.XYData[static_cast<std::size_t>(i)].y);
-        return points;
+            pairs.emplace_back(editor.XYData[static_cast<std::size_t>(i)].x,
+                               editor.XYData[static_cast<std::size_t>(i)].y);
+        return pairs;
     }
-    const MessageBox& Box() const { return bench.host.boxes.back(); }
 
-    TempFolder folder;
-    Workbench bench;
-    Workspace& ps = bench.ps;
-    frmZXYEditor editor{ps, bench.diagram};
+    frmZXYEditor& editor = points;
 };
 
 TEST_F(XYEditor, TellsOneStoryFromTypingToTheReloadedFile) {
-    EXPECT_EQ(editor.Grid.cells[0][2], "empty list");
     EXPECT_FALSE(editor.cmdSave.enabled);
-    Add("2", "4,5");
-    Add("1", "7E-3");
-    Add("3", "1");
-    EXPECT_EQ(editor.lblZeile.text, "line 4");
-    EXPECT_EQ(editor.Grid.cells[1][3], ".007");
-    Press(editor.XSort);
-    EXPECT_THAT(Points(), ElementsAre(Pair(1, 7e-3F), Pair(2, 4.5F), Pair(3, 1)));
+    Paste("1\t7E-3\n2\t4,5\n3\t1\n");
+    EXPECT_EQ(Cell(0, 3), ".007");
     Select(2, 2);
     Press(editor.cmdAus);
-    EXPECT_EQ(editor.Grid.cells[2][1], "-1");
-
     editor.txtComment.text = "calibration";
     const std::string path = folder / "cal.XY";
     bench.host.files = {FileChoice{path}};
@@ -86,7 +52,7 @@ TEST_F(XYEditor, TellsOneStoryFromTypingToTheReloadedFile) {
 }
 
 TEST_F(XYEditor, CancellingAFileOrAFileThatIsNoneChangesNothing) {
-    Add("1", "2");
+    TypeLine({"1", "2"});
     const auto before = Points();
     Press(editor.cmdLoad); // cancelled
     WriteFileAtomically(folder / "words.XY", "comment\r\nnothing\r\n");
@@ -147,53 +113,22 @@ TEST_F(XYEditor, TransformsOnlyActiveLinesAndAllOrNothing) {
     EXPECT_THAT(Box().text, HasSubstr("Division by zero"));
 }
 
-TEST_F(XYEditor, EveryChangeCanBeTakenBackAndMadeAgain) {
-    std::vector<std::vector<std::pair<float, float>>> states{Points()};
-    const auto note = [&] { states.push_back(Points()); };
+TEST_F(XYEditor, InterchangesSortsAndRemovesAllAndTakesItBack) {
     Paste("3\t1\n1\t2\n2\t3\n");
-    note();
-    Press(editor.YSort);
+    const auto before = Points();
     Press(editor.XSort);
-    note();
+    Press(editor.YSort);
+    EXPECT_EQ(Points(), before);
     Press(editor.cmdChangeXY);
-    note();
-    Select(0, 0, 2, 2);
-    Press(editor.cmdEraseSelected);
-    note();
-    Select(0, 1);
-    bench.host.answers = {Answer::Yes};
-    Press(editor.cmdErase);
-    EXPECT_EQ(Box().text, "lines 1 to 2 Really delete?");
-    note();
+    EXPECT_THAT(Points(), ElementsAre(Pair(1, 3), Pair(2, 1), Pair(3, 2)));
     bench.host.answers = {Answer::Yes};
     Press(editor.optDeleteXY, 1);
     Press(editor.cmdErase);
     EXPECT_EQ(editor.lblZeile.text, " line 1");
-    note();
-    EXPECT_EQ(editor.cmdUndo.text, "Undo removing");
-    for (std::size_t i = states.size() - 1; i-- > 0;) {
+    EXPECT_TRUE(Points().empty());
+    for (int step = 0; step < 4; ++step) // removing, interchange, two sortings
         Press(editor.cmdUndo);
-        EXPECT_EQ(Points(), states[i]) << i;
-    }
-    EXPECT_FALSE(editor.XYChanged);
-    for (std::size_t i = 1; i < states.size(); ++i) {
-        Press(editor.cmdRedo);
-        EXPECT_EQ(Points(), states[i]) << i;
-    }
-}
-
-TEST_F(XYEditor, WhatItCopiesPastesBackUnchanged) {
-    Paste("0.1\t1E-7\n3.333333\t-12345678\n");
-    Select(0, 1);
-    int key = 3;
-    editor.Grid.onKeyPress(0, 2, key);
-    EXPECT_EQ(key, 0);
-    const auto before = Points();
-    Select(1, 1);
-    Press(editor.cmdClipEinfuegen);
-    EXPECT_THAT(Points(), ElementsAre(before[0], before[0], before[1]));
-    Paste("1\t2\t3\n");
-    EXPECT_THAT(Box().text, HasSubstr("3 columns; from the cursor on the list has room for 2"));
+    EXPECT_EQ(Points(), before);
 }
 
 TEST_F(XYEditor, HandsTheActiveLinesToTheDiagram) {
@@ -230,7 +165,7 @@ TEST_F(XYEditor, PrintsTheActiveLinesWithoutSeconds) {
 }
 
 TEST_F(XYEditor, LeavingWithAChangedListAsks) {
-    Add("1", "2");
+    TypeLine({"1", "2"});
     bench.host.answers = {Answer::Cancel, Answer::Yes, Answer::No};
     Press(editor.cmdEsc);
     EXPECT_EQ(Box().text, "Data are not yet saved\r\n\r\nSave now?");

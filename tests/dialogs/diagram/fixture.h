@@ -2,14 +2,11 @@
 #pragma once
 
 #include "data/exp_data.h"
-#include "diagrams/straight_lines.h"
 #include "dialogs/diagram/coordinates.h"
-#include "dialogs/diagram/curve_calculation.h"
 #include "dialogs/diagram/diagram_legend.h"
 #include "dialogs/diagram/diagram_mouse.h"
 #include "dialogs/diagram/diagram_points.h"
 #include "dialogs/diagram/dispatcher.h"
-#include "engine/arithmetic.h"
 #include "engine/reaction_catalogue.h"
 #include "engine/time_course.h"
 #include "platform/number_text.h"
@@ -23,12 +20,18 @@
 
 namespace zorvant {
 
-struct Diagram : testing::Test {
-    Diagram() { InitProjectState(ps); }
+struct DiagramTest : testing::Test {
+    DiagramTest() {
+        InitProjectState(ps);
+        ps.c0 = {0, 1, 0.8, 0, 0, 0};
+        ps.k = {0, 0.02, 0.01, 0.01};
+        ps.tMax = 100;
+    }
 
     ScriptedHost scripted;
     Workspace ps;
     DiagramDocument doc{ps};
+    Form drawer{"drawer"};
 
     void SetRows(std::vector<ExpPoint> rows) {
         ps.ExpData.assign(1, {});
@@ -43,8 +46,8 @@ struct Diagram : testing::Test {
         ps.ModelId = model;
         ps.RateDiagram = rates;
         FuMaskenSetzen(ps, model);
-        ps.DiagramKind = rates ? model + 50 : model;
-        UnloadForm(ps.desktop, doc);
+        ps.DiagramKind = rates ? model + kRateKinds : model;
+        CloseFromBehind();
         bool err = false;
         calc_diagram_function(ps, model, ps.tMax, err);
         ASSERT_FALSE(err);
@@ -53,9 +56,15 @@ struct Diagram : testing::Test {
 
     void Open(int kind) {
         ps.DiagramKind = kind;
-        UnloadForm(ps.desktop, doc);
+        CloseFromBehind();
         FuDatenBereiche(ps, kind);
         GrafZentrale(ps, doc);
+    }
+
+    /// As a dialog does that stands in front and draws anew.
+    void CloseFromBehind() {
+        ShowForm(ps.desktop, drawer);
+        UnloadForm(ps.desktop, doc);
     }
 
     std::vector<std::string> Messages() const {

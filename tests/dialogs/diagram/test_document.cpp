@@ -4,32 +4,18 @@
 namespace zorvant {
 namespace {
 
-struct Document : Diagram {
-    Document() {
-        ps.c0 = {0, 1, 0.8, 0, 0, 0};
-        ps.k = {0, 0.02, 0.01, 0.01};
-        ps.tMax = 100;
-    }
-};
+struct Document : DiagramTest {};
 
 TEST_F(Document, OpensWithOneRepaint) {
     const std::uint64_t before = doc.surface.revision;
     DrawModel(7);
     EXPECT_EQ(doc.surface.revision, before + 1);
-    EXPECT_EQ(ps.CurveCount, 4);
     EXPECT_TRUE(IsFormLoaded(ps.desktop, "frmZGraph2D"));
     EXPECT_EQ(doc.surface.header.text, ps.Frame.Header);
     const PlotAxis& y = GetAxis(doc.surface, AxisId::Y);
     EXPECT_EQ(y.title, "c(A), c(B), c(C), c(P)/ (mol/L)");
-    EXPECT_EQ(y.titleRotation, TextRotation::Vertical);
-    EXPECT_EQ(y.gridPattern, LinePattern::Dotted);
-    EXPECT_FALSE(GetAxis(doc.surface, AxisId::Y2).visible);
     EXPECT_EQ(GetAxis(doc.surface, AxisId::Y2).max, y.max);
-    EXPECT_EQ(GetSeriesCount(doc.surface, kLines), 28);
-    EXPECT_EQ(GetSeriesCount(doc.surface, kPoints), 7);
-    EXPECT_EQ(GetPointCount(doc.surface, kLines, kFrameSeries), 2);
     EXPECT_EQ(doc.coord(2).text, " 100");
-    EXPECT_EQ(doc.txtXGridValue.text, " 10");
     EXPECT_FALSE(doc.txtXGridValue.enabled);
 }
 
@@ -46,7 +32,7 @@ TEST_F(Document, TakesItsPlaceOnTheScreen) {
     EXPECT_EQ(ps.DiagramLeft, 450);
     EXPECT_EQ(ps.CurveCount, 0);
 
-    ps.DiagramKind = 112;
+    ps.DiagramKind = kKindResidenceFirst;
     GrafZentrale(ps, doc);
     EXPECT_EQ(doc.width, 1280 * 15 * 42 / 100);
     EXPECT_EQ(doc.left + doc.width, 1280 * 15) << "flush right";
@@ -75,11 +61,10 @@ TEST_F(Document, OffersHalfLivesWhereThereAreSome) {
         bool a, b;
     };
     for (const Row& row :
-         {Row{-9, 2, false, false}, Row{-8, 4, true, true}, Row{-7, 2, true, false},
-          Row{-5, 2, true, false}, Row{-4, 2, false, false}, Row{2, 2, true, false},
-          Row{4, 4, true, true}, Row{5, 5, true, false}, Row{10, 10, true, true},
-          Row{18, 18, true, false}, Row{19, 19, true, true}, Row{68, 18, true, true},
-          Row{70, 20, true, false}, Row{112, 2, false, false}}) {
+         {Row{kKindFitPoints, 2, false, false}, Row{kKindMixedSecondOrder, 4, true, true},
+          Row{kKindFirstOrder, 2, true, false}, Row{kKindEyring, 2, false, false},
+          Row{5, 5, true, false}, Row{10, 10, true, true}, Row{18, 18, true, false},
+          Row{18 + kRateKinds, 18, true, true}, Row{kKindResidenceFirst, 2, false, false}}) {
         UnloadForm(ps.desktop, doc);
         ps.ModelId = row.model;
         ps.DiagramKind = row.kind;
@@ -93,34 +78,14 @@ TEST_F(Document, OffersHalfLivesWhereThereAreSome) {
     EXPECT_FALSE(doc.mnuHalbA.enabled || doc.mnuHalbB.enabled);
 }
 
-TEST_F(Document, OffersPointsAndTheCalculatorByKind) {
-    SetRows({{.t = 1, .cA = 1}});
-    DrawModel(2);
-    EXPECT_TRUE(doc.mnuAddPunkte.enabled);
-    EXPECT_TRUE(doc.cmdSingleCalc.visible);
-    DrawModel(2, true);
-    EXPECT_FALSE(doc.mnuAddPunkte.enabled);
-    ps.IsCascade = true;
-    DrawModel(2);
-    EXPECT_FALSE(doc.cmdSingleCalc.visible);
-    ps.IsCascade = false;
-    Open(-5);
-    EXPECT_FALSE(doc.cmdSingleCalc.visible);
-    SetRows({});
-    DrawModel(2);
-    EXPECT_FALSE(doc.mnuAddPunkte.enabled);
-}
-
 // --- legend and labels
 
 TEST_F(Document, ShowsTheLegendUnderManyNamesAsOne) {
     DrawModel(2);
     ASSERT_FALSE(doc.surface.legend.visible);
     Press(doc.mnuAddLegend);
-    EXPECT_TRUE(doc.surface.legend.visible);
+    EXPECT_TRUE(doc.surface.legend.visible && doc.mnuDelLegendZeile.enabled);
     EXPECT_TRUE(doc.chkLegend.checked && doc.chkLegend1(24).checked && doc.chkLegend2(7).checked);
-    EXPECT_TRUE(doc.mnuDelLegend.enabled && doc.mnuDelLegendZeile.enabled);
-    EXPECT_FALSE(doc.mnuAddLegend.enabled);
     Press(doc.chkLegend1(3), false);
     EXPECT_FALSE(doc.surface.legend.visible || doc.chkLegend2(7).checked);
     Press(doc.chkLegend2(2), true);
@@ -135,17 +100,13 @@ TEST_F(Document, ShowsTheLegendUnderManyNamesAsOne) {
     SetText(doc.txtLegendCurves(2), "");
     Press(doc.mnuAddLegend);
     EXPECT_FALSE(doc.surface.legend.visible);
-    Press(doc.mnuDelLegendZeile); // off without a legend
     EXPECT_THAT(Messages(),
                 testing::ElementsAre("Execution not possible|No legend texts given\r\n\r\n"
                                      "=> Design curve\r\n=> Design experimental points"));
-    EXPECT_EQ(doc.txtLegendPoints(3).toolTip, " without text no entry in the legend! ");
 }
 
 TEST_F(Document, ShowsAndHidesLabels) {
     DrawModel(2);
-    EXPECT_TRUE(doc.mnuDelLabels.enabled);
-    EXPECT_TRUE(doc.chkEinzelLabelSichtbar(2).checked);
     SetText(doc.txtLabel(2), "product");
     EXPECT_EQ(GetLabel(doc.surface, 2).text, "product");
     Press(doc.chkEinzelLabelSichtbar(2), false);
@@ -158,17 +119,10 @@ TEST_F(Document, ShowsAndHidesLabels) {
     EXPECT_FALSE(LabelPosition(doc.surface, 3)) << "no curve, no label";
     Press(doc.chkLabelNotVisible, true);
     EXPECT_FALSE(LabelPosition(doc.surface, 2));
-
-    const PlotLabel& curve = GetLabel(doc.surface, 1);
-    EXPECT_EQ(curve.offset, 10);
-    EXPECT_EQ(curve.font, (FontChoice{"ARIAL", 10, false, false}));
-    const PlotLabel& mark = GetLabel(doc.surface, 28);
-    EXPECT_EQ(mark.offset, 3);
-    EXPECT_EQ(mark.font, (FontChoice{"ARIAL", 11, true, true}));
-    EXPECT_EQ(mark.colours.fore, kRed);
+    EXPECT_EQ(GetLabel(doc.surface, 28).font, (FontChoice{"ARIAL", 11, true, true}));
     doc.screenWidth = 640;
     DrawModel(2);
-    EXPECT_EQ(GetLabel(doc.surface, 1).font.size, 9);
+    EXPECT_EQ(GetLabel(doc.surface, 1).font.size, 9) << "smaller on a narrow screen";
     EXPECT_EQ(GetAxis(doc.surface, AxisId::X).font.size, 10);
 }
 
@@ -196,20 +150,6 @@ TEST_F(Document, DeletesEverythingAndDrawsAgain) {
     EXPECT_EQ(GetSeries(doc.surface, kLines, 1).display, SeriesDisplay::Shown);
     EXPECT_EQ(GetSeries(doc.surface, kPoints, 1).display, SeriesDisplay::Shown);
     EXPECT_TRUE(doc.mnuAddLegend.enabled);
-}
-
-TEST_F(Document, OpensItsDesignMenuForWhatThereIs) {
-    DrawModel(2);
-    doc.fraTabs.visible = true;
-    mnuDesign_Click(ps, doc);
-    EXPECT_FALSE(doc.fraTabs.visible);
-    EXPECT_TRUE(doc.mnuKurvenDesign.enabled);
-    EXPECT_FALSE(doc.mnuPunktDesign.enabled);
-    SetRows({{.t = 1, .cA = 1}});
-    Open(-1);
-    mnuDesign_Click(ps, doc);
-    EXPECT_FALSE(doc.mnuKurvenDesign.enabled);
-    EXPECT_TRUE(doc.mnuPunktDesign.enabled);
 }
 
 // --- frame
@@ -252,60 +192,6 @@ TEST_F(Document, TakesTypedCoordinates) {
     EXPECT_EQ(ps.BacTimeMax, ps.Frame.xMax);
 }
 
-TEST_F(Document, MovesThroughTheCoordinateBoxesWithEnter) {
-    DrawModel(2);
-    for (int i = 1; i <= 4; ++i) {
-        int key = 13;
-        doc.coord(i).onKeyPress(key);
-        EXPECT_EQ(key, 0);
-        EXPECT_EQ(doc.setFocus, &doc.coord(i % 4 + 1));
-    }
-    Press(doc.mnuCoord);
-    doc.coord(1).text.clear();
-    Type(doc.coord(1), "1,x5");
-    EXPECT_EQ(doc.coord(1).text, "1.5");
-    Enter(doc.coord(2));
-    EXPECT_TRUE(doc.coord(2).selectAll);
-    Press(doc.cmdCoord_Esc);
-    EXPECT_FALSE(doc.fraCoordInput.visible);
-}
-
-TEST_F(Document, TakesSpacingsByHand) {
-    DrawModel(2);
-    SetText(doc.txtXGridValue, "3");
-    EXPECT_EQ(GetAxis(doc.surface, AxisId::X).grid.value, 10) << "the box is off";
-    doc.txtXGridValue.text = " 10";
-    Press(doc.optScaling, 1);
-    EXPECT_TRUE(doc.txtXGridValue.enabled);
-    EXPECT_FALSE(GetAxis(doc.surface, AxisId::X).grid.automatic);
-    EXPECT_TRUE(GetAxis(doc.surface, AxisId::X).number.automatic);
-    SetText(doc.txtXGridValue, "12,5");
-    EXPECT_EQ(doc.txtXGridValue.text, "12.5");
-    EXPECT_EQ(MarksOf(doc.surface, AxisId::X).grid.size(), 9U);
-    for (const char* refused : {"0", "-4", "", "x"}) {
-        SetText(doc.txtXGridValue, refused);
-        EXPECT_EQ(GetAxis(doc.surface, AxisId::X).grid.value, 12.5);
-    }
-    SetText(doc.txtYZiffValue, "0.25");
-    SetText(doc.txtYTickValue, "0.05");
-    EXPECT_EQ(GetAxis(doc.surface, AxisId::Y).number.value, 0.25);
-    Press(doc.optScaling, 0);
-    EXPECT_EQ(doc.txtXGridValue.text, " 10");
-    EXPECT_TRUE(GetAxis(doc.surface, AxisId::Y).number.automatic);
-}
-
-TEST_F(Document, TurnsAxesLogarithmicAndBack) {
-    DrawModel(2);
-    const float yMax = ps.Frame.yMax;
-    Press(doc.cmdYLog);
-    EXPECT_TRUE(GetAxisLog(doc.surface, AxisId::Y) && GetAxisLog(doc.surface, AxisId::Y2));
-    EXPECT_GT(ShownRange(doc.surface, AxisId::Y).min, 0);
-    Press(doc.cmdXLog);
-    Press(doc.cmdXLog);
-    EXPECT_FALSE(GetAxisLog(doc.surface, AxisId::X));
-    EXPECT_EQ(ps.Frame.yMax, yMax);
-}
-
 // --- mouse
 
 TEST_F(Document, ReadsOutWhatThePointerIsOver) {
@@ -314,27 +200,24 @@ TEST_F(Document, ReadsOutWhatThePointerIsOver) {
     DrawModel(2);
     LayOut();
     doc.surface.layout.header = {50, 0, 300, 15};
-    const double x = GetX(doc.surface, kLines, 1, 101), y = GetY(doc.surface, kLines, 1, 101);
-    MouseMove(ps, doc, PixelOf(x, y).x, PixelOf(x, y).y);
-    EXPECT_EQ(doc.lblMausPosNr.text, " #1");
-    EXPECT_EQ(doc.lblMausPos.text, "  X =  50;      Y = " + GeneralText(y));
-    EXPECT_EQ(doc.lblMausPos.backColour, kWhite);
-    EXPECT_EQ(doc.pointer, ChartPointer::Curve);
-    MouseMove(ps, doc, PixelOf(50, 0.7).x, PixelOf(50, 0.7).y);
-    EXPECT_EQ(doc.pointer, ChartPointer::Point);
-    EXPECT_EQ(doc.lblMausPos.text, "  X =  50;      Y =  0.7");
-    MouseMove(ps, doc, PixelOf(50, 0.95).x, PixelOf(50, 0.95).y);
-    EXPECT_FALSE(doc.lblMausPosNr.visible);
-    EXPECT_EQ(doc.lblMausPos.text, " right click = Design");
-    EXPECT_EQ(doc.lblMausPos.backColour, 0xE0E0E0U);
-    EXPECT_EQ(doc.pointer, ChartPointer::Default);
-    MouseMove(ps, doc, 100, 5);
-    EXPECT_EQ(doc.lblMausPos.text, "  right click = edit, shift text");
-    EXPECT_EQ(doc.lblMausPos.backColour, 0xC0FFC0U);
     doc.surface.layout.legend = {300, 30, 40, 40};
     ShowLegend(doc, true);
-    MouseMove(ps, doc, 310, 40);
-    EXPECT_EQ(doc.lblMausPos.text, "  right-click = edit, shift legend");
+    const double y = GetY(doc.surface, kLines, 1, 101);
+    struct Row {
+        DataPoint at;
+        std::string text;
+        ChartPointer pointer;
+    };
+    for (const Row& row :
+         {Row{PixelOf(50, y), "  X =  50;      Y = " + GeneralText(y), ChartPointer::Curve},
+          Row{PixelOf(50, 0.7), "  X =  50;      Y =  0.7", ChartPointer::Point},
+          Row{PixelOf(50, 0.95), " right click = Design", ChartPointer::Default},
+          Row{{100, 5}, "  right click = edit, shift text", ChartPointer::Move},
+          Row{{310, 40}, "  right-click = edit, shift legend", ChartPointer::Move}}) {
+        MouseMove(ps, doc, row.at.x, row.at.y);
+        EXPECT_EQ(doc.lblMausPos.text, row.text);
+        EXPECT_EQ(doc.pointer, row.pointer) << row.text;
+    }
     MouseMove(ps, doc, 10, 290);
     EXPECT_FALSE(doc.lblMausPos.visible);
 }
@@ -380,22 +263,20 @@ TEST_F(Document, OffersToDeleteAPointByLeftClick) {
     MouseDown(ps, doc, MouseButton::Left, at.x, at.y);
     EXPECT_TRUE(scripted.boxes.empty()) << "not while zooming";
     CancelRubberZoom(doc.surface);
+    scripted.answers = {Answer::Yes};
     MouseDown(ps, doc, MouseButton::Left, at.x, at.y);
     EXPECT_EQ(scripted.boxes.size(), 1U);
     EXPECT_EQ(GetPointCount(doc.surface, kLines, 1), 200);
     doc.fraTabs.visible = true;
     MouseDown(ps, doc, MouseButton::Left, PixelOf(50, 0.95).x, PixelOf(50, 0.95).y);
     EXPECT_FALSE(doc.fraTabs.visible);
-    cmdMsgDelPoint_Click();
-    EXPECT_EQ(
-        scripted.boxes.back().text,
-        "1st) Switch the the style from the curve in question\r\n"
-        "     from \"Curve solid\" to \"only single points\"\r\n"
-        "2nd) Then click with the LEFT mouse button\r\n     on the curve point to be deleted");
 }
 
 TEST_F(Document, TellsWhatKeptItFromOpening) {
-    host().showForm = [](Form&) { throw std::runtime_error("no display"); };
+    host().showForm = [this](Form& form) {
+        if (&form == &doc)
+            throw std::runtime_error("no display");
+    };
     DrawModel(2);
     ASSERT_EQ(scripted.boxes.size(), 1U);
     EXPECT_EQ(scripted.boxes[0].title, "message from Sub GrafZentrale");
