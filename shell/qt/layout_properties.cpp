@@ -7,6 +7,8 @@ namespace {
 
 /// Room between the characters and the edges of a field, together.
 constexpr int kEdges = 12;
+/// Letters may reach beyond their own width.
+constexpr int kOverhang = 4;
 
 int WidthOfNumber(QWidget& field, int digits) {
     field.ensurePolished();
@@ -25,7 +27,7 @@ int WidthOfNumber(QWidget& field, int digits) {
 /// The room that a widget takes beside its text: margins, and the circle of an option.
 int BesideText(const QWidget& widget) {
     const QMargins margins = widget.contentsMargins();
-    int width = margins.left() + margins.right();
+    int width = margins.left() + margins.right() + kOverhang;
     if (const auto* const option = qobject_cast<const QRadioButton*>(&widget)) {
         const QStyle& style = *option->style();
         width += style.pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, option) +

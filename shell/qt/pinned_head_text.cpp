@@ -28,6 +28,8 @@ void PinnedHeadText::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const QRectF line = blockBoundingRect(head);
     painter.fillRect(QRectF(0, 0, viewport()->width(), line.height()), palette().alternateBase());
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawLine(QLineF(0, line.height(), viewport()->width(), line.height()));
     painter.setPen(palette().color(QPalette::Text));
     head.layout()->draw(&painter, QPointF(contentOffset().x(), 0));
 }

@@ -63,11 +63,13 @@ void SetVisible(QWidget& widget, bool visible) {
     widget.setVisible(visible);
 }
 
-/// Bold letters a little smaller, so that a caption needs no more room than a plain one.
+/// Bold letters a little smaller, so that a caption needs no more room than a plain one; no lower
+/// either.
 void SetBold(QWidget& widget, bool bold) {
     constexpr double kBoldSize = 0.89;
     QFont font;
     if (bold) {
+        widget.setMinimumHeight(std::max(widget.minimumHeight(), widget.sizeHint().height()));
         font.setBold(true);
         font.setPointSizeF(widget.font().pointSizeF() * kBoldSize);
     }
