@@ -32,9 +32,9 @@ enum Key : int {
     kKeyDel = 127 ///< in grids and lists
 };
 
-/// A key press before it takes effect: the handler may change the code, 0 drops the key. The code is
-/// one of Key or the character. An edit that came without a key (Del, cut, undo, a paste by mouse)
-/// arrives as backspace, so that it counts as typed.
+/// A key press before it takes effect: the handler may change the code, 0 drops the key. The code
+/// is one of Key or the character. An edit that came without a key (Del, cut, undo, a paste by
+/// mouse) arrives as backspace, so that it counts as typed.
 using KeyHandler = std::function<void(int&)>;
 
 /// Result fields and locked fields, so that they differ from what the user may type into.
@@ -221,10 +221,11 @@ struct GridContents {
     std::vector<std::vector<std::string>> cells; ///< cells[row][column]
     std::vector<int> columnWidths;               ///< characters; missing ones: as wide as needed
     std::vector<bool> editableColumns;
-    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no box.
+    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no
+    /// box.
     std::vector<bool> checkColumns;
     std::vector<bool> paleColumns; ///< columns that hold nothing: their cells "0" are pale
-    int row = -1, column = -1;      ///< current cell
+    int row = -1, column = -1;     ///< current cell
     GridRange selection;
     std::uint64_t revision = 0; ///< raised by whoever changes heads or cells
 };
@@ -333,7 +334,7 @@ struct Form {
     std::function<void(bool& cancel)> onQueryUnload;
     Handler onUnload;
     Handler onResize;
-    Handler onEscape; ///< in place of the button that Esc presses
+    Handler onEscape;          ///< in place of the button that Esc presses
     Handler onRefresh;         ///< before the contents are shown, so often: texts made of the state
     Handler onModelChanged;    ///< another model was selected
     Handler onTimeUnitChanged; ///< times and constants were converted
