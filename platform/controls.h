@@ -32,9 +32,9 @@ enum Key : int {
     kKeyDel = 127 ///< in grids and lists
 };
 
-/// A key press before it takes effect: the handler may change the code, 0 drops the key. The code is
-/// one of Key or the character. An edit that came without a key (Del, cut, undo, a paste by mouse)
-/// arrives as backspace, so that it counts as typed.
+/// A key press before it takes effect: the handler may change the code, 0 drops the key. The code
+/// is one of Key or the character. An edit that came without a key (Del, cut, undo, a paste by
+/// mouse) arrives as backspace, so that it counts as typed.
 using KeyHandler = std::function<void(int&)>;
 
 /// Result fields and locked fields, so that they differ from what the user may type into.
@@ -221,7 +221,8 @@ struct GridContents {
     std::vector<std::vector<std::string>> cells; ///< cells[row][column]
     std::vector<int> columnWidths;               ///< characters; missing ones: as wide as needed
     std::vector<bool> editableColumns;
-    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no box.
+    /// Columns of check boxes; their cells read "0", "-1" (and the row is grey), or nothing: no
+    /// box.
     std::vector<bool> checkColumns;
     std::vector<bool> paleColumns; ///< columns that hold nothing: their cells "0" are pale
     int row = -1, column = -1;     ///< current cell
