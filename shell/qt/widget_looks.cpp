@@ -66,12 +66,22 @@ void SetVisible(QWidget& widget, bool visible) {
 /// Bold letters a little smaller, so that a caption needs no more room than a plain one; no lower
 /// either.
 void SetBold(QWidget& widget, bool bold) {
-    constexpr double kBoldSize = 0.89;
+    constexpr double kBoldSize = 0.89, kSmaller = 0.97;
     QFont font;
     if (bold) {
         widget.setMinimumHeight(std::max(widget.minimumHeight(), widget.sizeHint().height()));
+        const QString text = widget.property("text").toString();
+        const int room = widget.fontMetrics().horizontalAdvance(text);
+        double size = widget.font().pointSizeF() * kBoldSize;
+        QFont wanted = widget.font();
+        wanted.setBold(true);
+        for (int tries = 0; tries < 10; ++tries, size *= kSmaller) {
+            wanted.setPointSizeF(size);
+            if (QFontMetrics(wanted, &widget).horizontalAdvance(text) <= room)
+                break;
+        }
         font.setBold(true);
-        font.setPointSizeF(widget.font().pointSizeF() * kBoldSize);
+        font.setPointSizeF(size);
     }
     widget.setFont(font); // what is not set in it stays its parent's
 }

@@ -116,8 +116,8 @@ TEST_F(CourseDialogs, ARefusalLeadsToTheFirstFieldAtFaultAndAnotherModelKeepsWha
 std::map<std::string, QRect> Places(QWidget& root) {
     std::map<std::string, QRect> places;
     for (QWidget* widget : root.findChildren<QWidget*>())
-        if (widget->isVisible() && !widget->objectName().startsWith(QStringLiteral("qt_")) &&
-            widget->parentWidget()->objectName() != widget->objectName())
+        if (widget->isVisible() && !widget->objectName().isEmpty() &&
+            !widget->objectName().startsWith(QStringLiteral("qt_")))
             places[widget->objectName().toStdString()] =
                 QRect(widget->mapTo(&root, QPoint()), widget->size());
     return places;
@@ -136,10 +136,11 @@ TEST_F(CourseDialogs, NoControlMovesWhateverModelOrUnitIsChosen) {
                 const std::string name = "optTyp_" + std::to_string(option);
                 Child<QRadioButton>(model, name.c_str()).click();
                 Settle();
-                EXPECT_EQ(Places(model), modelBefore) << name;
+                for (const auto& [widget, place] : Places(model))
+                    EXPECT_TRUE(modelBefore.at(widget) == place) << widget << ' ' << name;
                 for (const auto& [widget, place] : Places(dialog)) {
                     const auto [known, fresh] = before.try_emplace(widget, place);
-                    EXPECT_EQ(known->second, place) << widget << ' ' << name << ' ' << mode;
+                    EXPECT_TRUE(known->second == place) << widget << ' ' << name << ' ' << mode;
                 }
             }
     }
@@ -168,7 +169,7 @@ TEST(TextPages, HaveTheHeadingAndWholeLinesAndLoseNone) {
         }
         ASSERT_EQ(rows.size(), 201);
         EXPECT_TRUE(rows.at(200).trimmed().startsWith(QStringLiteral("200")));
-        EXPECT_EQ(pages.landscape, extra > 0);
+        EXPECT_EQ(pages.landscape, extra == 200); // 60 more fit in smaller type
     }
 }
 
