@@ -33,8 +33,8 @@ bool CompareCourses(const std::string& name, ProjectState& ps, double bound) {
     return bench::Report(name.c_str(), bench::CompareTimes(fast, plain), bound);
 }
 
-/// Sets at the edge of what the most sub-steps of an interval can follow: the fastest process passes
-/// in 1/128000 of the time unit, an interval lasts half a unit.
+/// Sets at the edge of what the most sub-steps of an interval can follow: the fastest process
+/// passes in 1/128000 of the time unit, an interval lasts half a unit.
 struct StiffSet {
     int model;
     float n;

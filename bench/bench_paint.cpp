@@ -1,6 +1,6 @@
 // From the call that opens a diagram to its painted picture: 1200x800 pixels, four curves of 201
-// points, 50 measured points; and a full diagram of 24 curves of 301 points, seven point sets of 100,
-// legend and labels. One frame of a screen is 16.7 ms.
+// points, 50 measured points; and a full diagram of 24 curves of 301 points, seven point sets of
+// 100, legend and labels. One frame of a screen is 16.7 ms.
 #include "data/exp_data.h"
 #include "dialogs/diagram/dispatcher.h"
 #include "engine/reaction_catalogue.h"

@@ -1,6 +1,6 @@
 // How fast the window answers: start to the first painted window, the click on draw to the painted
-// diagram, a key in a field to its painted effect, rows pasted into the painted list of the data editor
-// and a key in a list of the largest length. Prints times in ms, the median of several runs.
+// diagram, a key in a field to its painted effect, rows pasted into the painted list of the data
+// editor and a key in a list of the largest length. Prints times in ms, the median of several runs.
 //
 //     QT_QPA_PLATFORM=offscreen bench_window
 #include "dialogs/course/frm_zor_model.h"

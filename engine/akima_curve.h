@@ -1,5 +1,5 @@
-// Akima's spline of one curve whose knots are all known beforehand, two intervals at a time: the same
-// digits as AkimaRows. H. Akima, J. ACM 17 (1970) 589-602.
+// Akima's spline of one curve whose knots are all known beforehand, two intervals at a time: the
+// same digits as AkimaRows. H. Akima, J. ACM 17 (1970) 589-602.
 #pragma once
 
 #include "engine/akima_rows.h"

@@ -277,7 +277,8 @@ public:
     /// The state at a time.
     /// Given:    t TU, >= 0
     /// Returned: c of the model's species, mol/L; the other slots keep their values
-    /// Errors:   err: model 19 has no solution there; ArithmeticError: a concentration is not finite
+    /// Errors:   err: model 19 has no solution there; ArithmeticError: a concentration is not
+    ///           finite
     void At(double t, SpeciesArray& c, bool& err) const;
 
     /// Calls f with the record of the model, for loops over many times.

@@ -92,8 +92,8 @@ inline double OrderRate(double k, double c, double n) {
     return WithPowerKind(KindOfPower(n), [&](auto kind) { return OrderRate<kind.value>(k, c, n); });
 }
 
-// The right-hand sides. y and dy count from 0 in the packed order; kSlots names the species of each.
-// K: a double, or a Pair where each lane has constants of its own.
+// The right-hand sides. y and dy count from 0 in the packed order; kSlots names the species of
+// each. K: a double, or a Pair where each lane has constants of its own.
 
 /// 7: A + B => C; A + C => P
 template <class K = double> struct ConcurrentConsecutive {

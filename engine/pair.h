@@ -1,5 +1,5 @@
-// Numbers side by side, two (or four Singles) worked on by one instruction. Each lane gives the same
-// digits as a number alone.
+// Numbers side by side, two (or four Singles) worked on by one instruction. Each lane gives the
+// same digits as a number alone.
 #pragma once
 
 #include <cmath>

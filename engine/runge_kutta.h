@@ -1,5 +1,6 @@
-// Runs of the classical Runge-Kutta scheme with fixed steps and no error control (W. Kutta, Z. Math.
-// Phys. 46 (1901) 435) on the models of numeric_models.h. A number may be a Pair: two runs at once.
+// Runs of the classical Runge-Kutta scheme with fixed steps and no error control (W. Kutta, Z.
+// Math. Phys. 46 (1901) 435) on the models of numeric_models.h. A number may be a Pair: two runs at
+// once.
 #pragma once
 
 #include "engine/numeric_models.h"
@@ -8,8 +9,8 @@
 
 namespace zorvant {
 
-/// One step of the scheme of fourth order. Half of K = h f is formed as (h/2) f: the same number, as
-/// long as h f is not below 1e-307, without waiting for K.
+/// One step of the scheme of fourth order. Half of K = h f is formed as (h/2) f: the same number,
+/// as long as h f is not below 1e-307, without waiting for K.
 template <class Law, class Real> ZORVANT_INLINE void StepRK4(const Law& law, Real* y, Real h) {
     constexpr int n = kSizeOf<Law>;
     const Real half = h * 0.5;

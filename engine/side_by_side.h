@@ -1,6 +1,6 @@
-// Courses of one model with two sets of constants, side by side: each step of a course waits for the
-// one before, so two take hardly longer than one. Each has the digits of a course of its own; when
-// the second needs other sub-steps than the first it is given up.
+// Courses of one model with two sets of constants, side by side: each step of a course waits for
+// the one before, so two take hardly longer than one. Each has the digits of a course of its own;
+// when the second needs other sub-steps than the first it is given up.
 #pragma once
 
 #include "engine/step_doubling.h"

@@ -1,6 +1,6 @@
-// Step doubling: an interval is run with m, 2 m, 4 m... sub-steps until two runs in a row agree. One
-// course, two courses side by side (side_by_side.h) and the march of the batch reactor share when
-// runs agree, how they are refined and what of them is taken.
+// Step doubling: an interval is run with m, 2 m, 4 m... sub-steps until two runs in a row agree.
+// One course, two courses side by side (side_by_side.h) and the march of the batch reactor share
+// when runs agree, how they are refined and what of them is taken.
 #pragma once
 
 #include "engine/arithmetic.h"
@@ -66,8 +66,8 @@ ZORVANT_INLINE bool DoubleUntilAgreed(const Law& law, const StateOf<Law>& y, dou
         });
 }
 
-/// Takes the state at the end of an interval: a component below 0 is the last one taken, those behind
-/// it keep their values.
+/// Takes the state at the end of an interval: a component below 0 is the last one taken, those
+/// behind it keep their values.
 template <class Real, std::size_t N>
 ZORVANT_INLINE void Take(std::array<Real, N>& y, const std::array<Real, N>& end) {
     bool below = false;
@@ -93,8 +93,8 @@ inline int SubStepsAfter(int m) {
     return std::max(m / 4, 1);
 }
 
-/// The end of an interval from the runs with m and 2 m sub-steps on. From 32000 sub-steps on a further
-/// run would be the same again, so that one counts whatever came before it.
+/// The end of an interval from the runs with m and 2 m sub-steps on. From 32000 sub-steps on a
+/// further run would be the same again, so that one counts whatever came before it.
 /// Errors:   ArithmeticError "Overflow" when 32000 sub-steps give no finite result
 template <class Law>
 [[gnu::noinline]] StateOf<Law> RunUntilAgreed(const Law& law, StateOf<Law> y, double step, int& m) {

@@ -9,7 +9,8 @@ namespace zorvant {
 inline constexpr int kBloodAlcohol = 500;
 
 /// Courses of all species of a model on an even grid of NPoints + 1 times.
-/// Given:    model 1..20; tEnd TU; k, c0, OrderN, SpeciesMask, MMDiagram and the scaling of the state
+/// Given:    model 1..20; tEnd TU; k, c0, OrderN, SpeciesMask, MMDiagram and the scaling of the
+///           state
 /// Returned: tSim, cSim*, rSim*, cEnd, tHalfA, tHalfB, the Akima tables of numeric models, and the
 ///           extents RngT, RngC, RngR (left alone while a fit runs)
 ///           For kBloodAlcohol the curve of BacCurve at the whole minutes, tSim and cSimA.

@@ -18,8 +18,8 @@ struct FitReport : FitRun {
 };
 
 /// Finds the parameters of the selected model that minimise the sum of squares over rows 1..m.
-/// Given:    FitMode and what its residuals need (kinetic_problem.h); n 1..3; FitParam start values;
-///           FitFixed of the state
+/// Given:    FitMode and what its residuals need (kinetic_problem.h); n 1..3; FitParam start
+///           values; FitFixed of the state
 /// Returned: FitParam, FitStdDev, LimitReached; k and OrderN hold the last evaluated vector, the
 ///           caller sets them from FitParam. Courses and spline tables stay as they were.
 /// Errors:   the report's error and message; LimitReached. std::invalid_argument: n outside 1..3, m

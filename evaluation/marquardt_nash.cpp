@@ -152,8 +152,8 @@ private:
         return !Passed(run_.ifn, limits_.sums);
     }
 
-    /// Beside the residuals at param_ will be wanted: after a step that was accepted, as most are, the
-    /// derivatives; after a rejected one the next trial, as rejections come in rows.
+    /// Beside the residuals at param_ will be wanted: after a step that was accepted, as most are,
+    /// the derivatives; after a rejected one the next trial, as rejections come in rows.
     void AnnounceTrial(bool rejected) const {
         if (rejected) {
             try {
@@ -251,7 +251,8 @@ private:
         return trial;
     }
 
-    /// Masks the parameters that stand on a bound and would step over it. Returned: whether any did.
+    /// Masks the parameters that stand on a bound and would step over it. Returned: whether any
+    /// did.
     bool HoldOutward(const FitVector& delta, FitVector& mask) const {
         bool any = false;
         for (int i = 1; i <= n_; ++i) {
@@ -266,8 +267,8 @@ private:
         return any;
     }
 
-    /// Goes along the step as far as the bounds allow. Who limits it ends on its bound, not a rounding
-    /// beside it, where it would stop every further step.
+    /// Goes along the step as far as the bounds allow. Who limits it ends on its bound, not a
+    /// rounding beside it, where it would stop every further step.
     void Move(const FitVector& delta, Trial& trial) const {
         FitVector bound{}, toBound{};
         double length = 1;

@@ -1,5 +1,5 @@
-// Least squares by Marquardt's method in its compact form: J. C. Nash, Compact Numerical Methods for
-// Computers, 2nd ed. (1990), algorithm 23; D. W. Marquardt, J. SIAM 11 (1963) 431.
+// Least squares by Marquardt's method in its compact form: J. C. Nash, Compact Numerical Methods
+// for Computers, 2nd ed. (1990), algorithm 23; D. W. Marquardt, J. SIAM 11 (1963) 431.
 //
 // Minimised is F(b) = sum over the points of res_i(b)^2 for one to three parameters b, each inside
 // its bounds. The step solves (J'J + lambda (diag(J'J) + 1)) delta = -J'res; lambda falls after a
@@ -64,8 +64,8 @@ public:
     /// These two are asked for next, the first more surely: what they share may be computed now.
     /// Changes no result.
     virtual void Announce(const FitVector&, const FitVector&) {}
-    /// The derivatives at b into columns[j][0..Count() - 1], for every wanted j of 1..n. `res` holds
-    /// the residuals at b.
+    /// The derivatives at b into columns[j][0..Count() - 1], for every wanted j of 1..n. `res`
+    /// holds the residuals at b.
     /// Formula:  forward difference (res(b(j) + h) - res(b)) / h with h = DerivativeStep(b(j))
     virtual void CalcAbleitungen(int n, const FitVector& b, const double* res,
                                  const JacobianColumns& columns);
@@ -76,14 +76,14 @@ public:
 /// Returned: a: the triangle; singularFlag: set where a pivot is not positive, a is then unfinished
 void FuCholZerlegung(int n, PackedMatrix& a, const FitVector& mask, bool& singularFlag);
 
-/// Solves with the decomposed matrix in place: x holds the right-hand side, then the solution; 0 for
-/// what the mask leaves out.
+/// Solves with the decomposed matrix in place: x holds the right-hand side, then the solution; 0
+/// for what the mask leaves out.
 void FuCholLoesung(int n, const PackedMatrix& a, const FitVector& mask, FitVector& x);
 
 /// Minimises the sum of squares.
-/// Given:    n 1..3 parameters; m points for the degrees of freedom (m - free parameters), which may
-///           be more than problem.Count(); FitParam [1..n] start values, moved into the bounds first;
-///           fixed [1..n]
+/// Given:    n 1..3 parameters; m points for the degrees of freedom (m - free parameters), which
+///           may be more than problem.Count(); FitParam [1..n] start values, moved into the bounds
+///           first; fixed [1..n]
 /// Returned: FitParam: the best values, after a stop the latest trial; FitStdDev [1..n]: standard
 ///           deviations, 0 for fixed parameters, -10000 where they could not be computed
 /// Errors:   run.LimitReached: stopped by a limit; run.error: arithmetic error; both leave all

@@ -9,8 +9,8 @@ namespace zorvant {
 
 /// The concentrations of a model at one time.
 /// Given:    model 1..20; t TU; closed forms: k and c0 of the state; numeric models: the spline
-///           tables of the latest course; model 10 with MMDiagram: KM and MMNormalized, t is c(S)/KM
-///           or c(S)
+///           tables of the latest course; model 10 with MMDiagram: KM and MMNormalized, t is
+///           c(S)/KM or c(S)
 /// Returned: c [1..5] mol/L of the species in SpeciesMask (closed forms: of the model's species),
 ///           the other slots keep their values; with MMDiagram c(1) = r(P)/r(P),max
 /// Errors:   err: an arithmetic error, a time that is not finite, no course, no real solution; c is

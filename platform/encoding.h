@@ -10,8 +10,8 @@ namespace zorvant {
 /// Characters of a comment that a box or a preview shows; the whole stands in its editor.
 inline constexpr std::size_t kShownComment = 500;
 
-/// Text from bytes: UTF-8 where the bytes are valid UTF-8, else Windows-1252. A mark at the start is
-/// dropped.
+/// Text from bytes: UTF-8 where the bytes are valid UTF-8, else Windows-1252. A mark at the start
+/// is dropped.
 std::string DecodeText(std::string_view bytes);
 /// Windows-1252 where every character fits, else UTF-8.
 std::string EncodeText(std::string_view utf8);

@@ -154,7 +154,8 @@ TemporaryFile MakeTemporary(const std::string& folder, const std::string& target
     ThrowFileError(target, errno);
 }
 
-/// The content and what the old file's owner had set, safe on the disk. Returned: the error's number.
+/// The content and what the old file's owner had set, safe on the disk. Returned: the error's
+/// number.
 int FillTemporary(int file, std::string_view bytes, const std::optional<struct stat>& old) {
     if (old) {
         // Another owner's file may be writable for us without our being allowed to give it back;

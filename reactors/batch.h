@@ -11,8 +11,8 @@ namespace zorvant {
 
 /// The state of a batch reactor.
 /// Given:    model 1..20; t TU (negative: back in time); c0, k, OrderN of the state
-/// Returned: cOut [1..5] mol/L, only the model's slots are written; of an integrated model the state
-///           at the last node not beyond one interval after t
+/// Returned: cOut [1..5] mol/L, only the model's slots are written; of an integrated model the
+///           state at the last node not beyond one interval after t
 /// Errors:   err; an arithmetic error adds the box to `messages`. cOut is then as it was.
 /// Formula:  docs/numerics.md, "Batch and tubular reactors"
 void CalcBatchKessel(const ProjectState& ps, int model, double t, SpeciesArray& cOut, bool& err,

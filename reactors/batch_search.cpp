@@ -15,9 +15,9 @@ namespace zorvant {
 namespace {
 
 constexpr double kBracketTolerance = 1e-14; ///< of t
-/// An integrated model is followed by secants up to so many times the time at the first rate, and by
-/// so many sub-steps. A secant may jump to times where a stiff set takes minutes though all is over;
-/// what is looked for is then bracketed.
+/// An integrated model is followed by secants up to so many times the time at the first rate, and
+/// by so many sub-steps. A secant may jump to times where a stiff set takes minutes though all is
+/// over; what is looked for is then bracketed.
 constexpr double kFarAway = 1e5;
 constexpr long long kSecantWork = 4'000'000;
 constexpr double kFallbackStart = 0.001;    ///< TU, where A does not react at first

@@ -33,8 +33,8 @@ public:
     TimeSearch Bracket();
 
 private:
-    /// The time to the conversion if the reaction went on as it begins, TU. Bracketing starts there,
-    /// so that it takes as long in any time unit.
+    /// The time to the conversion if the reaction went on as it begins, TU. Bracketing starts
+    /// there, so that it takes as long in any time unit.
     double TimeAtFirstRate() const;
 
     bool CalcStates(std::span<const double> times, std::span<SpeciesArray> states);

@@ -25,8 +25,8 @@ void SizeSeries(TankSeries& series, int N);
 
 /// One tank of a series.
 /// Given:    j 1..N; model 1..20; mode 2: V, VPunkt; 3: V, tau; 4: VPunkt, tau; c01 mol/L, A in the
-///           feed; cZulauf[j]; V m^3 of one tank; VPunkt m^3/TU; tau TU, residence time of one tank;
-///           k, OrderN of the state
+///           feed; cZulauf[j]; V m^3 of one tank; VPunkt m^3/TU; tau TU, residence time of one
+///           tank; k, OrderN of the state
 /// Returned: cKask[j] in the slots that the model writes, the others as they were; UKask[j]; the
 ///           quantity not given; UA (related to the inlet of this tank) and Ksi of the state
 /// Errors:   bNoSolution; cKask[j] and UKask[j] are then as they were where nothing was found

@@ -13,9 +13,10 @@ namespace zorvant {
 ///           mol/L; V m^3; Vdot m^3/TU; t TU; k, OrderN, Stoich of the state
 /// Returned: the other two quantities; c [1..5] mol/L at the outlet, extents [1..2] mol/L, both
 ///           cleared first; model 19 with k1 = k2 leaves k2 of the state 1e-10 of its value larger
-/// Errors:   bBTooLow: the feed of B does not suffice for U; bNoSolution: no admissible steady state
-///           or bad input; a message for the user where one belongs to it. Models 10, 15, 18 whose U
-///           is out of reach: t = 0 and a message, no flag. Another mode or model: nothing is done.
+/// Errors:   bBTooLow: the feed of B does not suffice for U; bNoSolution: no admissible steady
+///           state or bad input; a message for the user where one belongs to it. Models 10, 15, 18
+///           whose U is out of reach: t = 0 and a message, no flag. Another mode or model: nothing
+///           is done.
 /// Formula:  docs/numerics.md, "Stirred tanks"
 void CalcRuehrkessel(ProjectState& ps, int model, int mode, const SpeciesArray& feed, double& U,
                      double& V, double& Vdot, double& t, SpeciesArray& c,

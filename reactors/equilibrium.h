@@ -28,8 +28,8 @@ struct EquilibriumCheck {
     std::optional<MessageBox> note;    ///< the calculation goes on
 };
 
-/// The given conversion (UA of the state) against the limit, or, with another quantity given, a note
-/// when the mixture is at equilibrium already. Nothing to say for models that are not one
+/// The given conversion (UA of the state) against the limit, or, with another quantity given, a
+/// note when the mixture is at equilibrium already. Nothing to say for models that are not one
 /// equilibrium.
 EquilibriumCheck CheckEquilibrium(const ProjectState& ps, Reactor reactor, bool conversionGiven);
 

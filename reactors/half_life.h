@@ -20,7 +20,8 @@ struct HalfLife {
 /// Half-life of A or B.
 /// Given:    kind of diagram (a model, a model + 50, or a data diagram's negative kind);
 ///           A0, B0, P0 mol/L; k1, k2 1/TU, L/(mol TU), mol/(L TU) by the model
-/// Returned: as in HalfLife; models that are integrated have none here (tHalfA, tHalfB of the state)
+/// Returned: as in HalfLife; models that are integrated have none here (tHalfA, tHalfB of the
+///           state)
 /// Formula:  docs/numerics.md, "Half-lives"
 HalfLife HalfLifeOfA(int kind, double A0, double B0, double P0, double k1, double k2);
 HalfLife HalfLifeOfB(int kind, double A0, double B0, double P0, double k1, double k2);

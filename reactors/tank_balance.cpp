@@ -1,7 +1,7 @@
 // Balances of the stirred tank. With c0 the inlet, x1 and x2 the extents and t the mean residence
 // time, each balance reads x = t r(c). The quadratics are the balances of A with all else inserted,
-// written for c(A) at the outlet: y^2 + p y + q = 0, whose coefficients are sums of terms of one sign
-// where those for the extent cancel (k1 t large, k2 = 1e-10). The extents follow from c(A).
+// written for c(A) at the outlet: y^2 + p y + q = 0, whose coefficients are sums of terms of one
+// sign where those for the extent cancel (k1 t large, k2 = 1e-10). The extents follow from c(A).
 #include "reactors/tank_balance.h"
 
 #include "engine/rate_laws.h"

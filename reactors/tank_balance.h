@@ -27,7 +27,8 @@ inline constexpr int kPassesSeriesTank = 10000;
 /// The state of a tank whose mean residence time is known.
 /// Given:    model 1..20; in [1..5] mol/L the inlet; t TU; before [1..5] what the outlet held, kept
 ///           in slots that the model does not write; k, OrderN of the state
-/// Returned: c, x1, x2, U; model 19 with k1 = k2 leaves k2 of the state larger by 1e-10 of its value
+/// Returned: c, x1, x2, U; model 19 with k1 = k2 leaves k2 of the state larger by 1e-10 of its
+///           value
 /// Errors:   bNoSolution; bad input (not finite, negative constants, t <= 0,
 ///           nothing of A in the inlet) is bNoSolution
 /// Formula:  docs/numerics.md, "Stirred tanks"
@@ -37,8 +38,8 @@ TankResult SolveTankForState(ProjectState& ps, int model, const SpeciesArray& in
 /// The mean residence time at which a tank reaches a conversion, and its state there.
 /// Given:    model 1..20; in [1..5] mol/L; U a fraction; k, OrderN, Stoich of the state
 /// Returned: t, c, x1, x2
-/// Errors:   bNoSolution; bBTooLow with `refusal`; models 10, 15 and 18: t = 0 with `refusal` and no
-///           flag where the conversion is out of reach
+/// Errors:   bNoSolution; bBTooLow with `refusal`; models 10, 15 and 18: t = 0 with `refusal` and
+///           no flag where the conversion is out of reach
 TankResult SolveTankForTime(const ProjectState& ps, int model, const SpeciesArray& in, double U);
 
 } // namespace zorvant

@@ -24,8 +24,8 @@ constexpr double kBracketTolerance = 0; ///< to the last digit
 
 // --- model 7
 
-/// The root that leaves 0 <= x1 <= M, where the rule of the larger one does not: the other would need
-/// a negative c(B) and a negative second extent.
+/// The root that leaves 0 <= x1 <= M, where the rule of the larger one does not: the other would
+/// need a negative c(B) and a negative second extent.
 double TakeFirstExtent(const QuadraticRoots& roots, double available, double converted) {
     const auto possible = [&](double x) {
         return converted < 0 ? x >= converted && x <= 0 : x >= 0 && x <= converted;
@@ -77,9 +77,9 @@ struct SignZones {
 };
 
 /// The zone around the zero outside which no rounding can turn the sign of the balance. With
-/// s = ln(x/(c(A,0) - x)) the balance reads C + s + (n - 1) ln(1 + e^s); its slope is between 1 and n
-/// and its curvature at most |n - 1|/4, so that Newton's method converges from anywhere and its last
-/// step bounds its error.
+/// s = ln(x/(c(A,0) - x)) the balance reads C + s + (n - 1) ln(1 + e^s); its slope is between 1 and
+/// n and its curvature at most |n - 1|/4, so that Newton's method converges from anywhere and its
+/// last step bounds its error.
 /// Returned: the whole range, in which every sign is computed, where that fails
 SignZones FindSignZones(const OrderTank& tank, const OrderBalance& balance) {
     constexpr int kMaxPasses = 30;

@@ -1,5 +1,5 @@
-// The tracer experiment: a pulse of dye in tank 1 of a row of ideal stirred tanks is washed out step
-// by step while the concentration at the outlet is recorded.
+// The tracer experiment: a pulse of dye in tank 1 of a row of ideal stirred tanks is washed out
+// step by step while the concentration at the outlet is recorded.
 #pragma once
 
 #include "engine/project_state.h"

@@ -10,8 +10,8 @@ namespace zorvant {
 /// Returned: the folder without a separator at its end; empty when there is none to be had.
 std::string UserDataFolder();
 
-/// Where the last session and the recovery files stand: the program's folder, or, where that can't be
-/// written, the folder of the user.
+/// Where the last session and the recovery files stand: the program's folder, or, where that can't
+/// be written, the folder of the user.
 std::string SessionFolder(const std::string& programFolder);
 
 } // namespace zorvant

@@ -76,8 +76,8 @@ inline constexpr int kFirstEquilibrium = 0;
 /// Errors: std::out_of_range for an option that does not exist
 MonteCarloGame NewGame(int SpielArt, int sizeOption = kFirstFieldSize,
                        int equilibriumOption = kFirstEquilibrium);
-/// Takes a number of particles / an equilibrium constant by the index of its option and goes back to
-/// the initial state.
+/// Takes a number of particles / an equilibrium constant by the index of its option and goes back
+/// to the initial state.
 /// Errors: std::out_of_range
 void SetFieldSize(MonteCarloGame& game, int option);
 void SetEquilibrium(MonteCarloGame& game, int option);
@@ -91,7 +91,8 @@ struct GamePoint {
 GamePoint PresentPoint(const MonteCarloGame& game);
 
 /// Begins a run: a new game with all particles in state A, or with bWeiter the kept state (a fresh
-/// block, the every-second rule at its start). A kept state that does not fit the field starts anew.
+/// block, the every-second rule at its start). A kept state that does not fit the field starts
+/// anew.
 void BeginRun(MonteCarloGame& game, bool bWeiter);
 /// Whether Continue has something to go on with: more than one particle in state A.
 bool MayContinue(const MonteCarloGame& game);

@@ -21,14 +21,14 @@ struct XYPoint {
 struct XYFile {
     std::string comment;
     std::vector<XYPoint> points; ///< from index 0, all active
-    /// Lines in which x or y was not a number of the range of a Single; it is 0 then, or what stands
-    /// at the head of the text.
+    /// Lines in which x or y was not a number of the range of a Single; it is 0 then, or what
+    /// stands at the head of the text.
     int badLines = 0;
     int firstBadLine = 0; ///< counted from 1 as the file's lines are; 0: none
 };
 
-/// Given:    the bytes; the delimiter is found in the first line behind the comment: the last one of
-///           blank, comma, semicolon and tab that stands in it (docs/file_formats.md)
+/// Given:    the bytes; the delimiter is found in the first line behind the comment: the last one
+///           of blank, comma, semicolon and tab that stands in it (docs/file_formats.md)
 /// Errors:   FormatError: empty; a first line of points without a delimiter
 XYFile ParseXY(std::string_view bytes);
 

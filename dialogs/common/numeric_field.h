@@ -31,8 +31,8 @@ using TakeNumber = std::function<void(double)>;
 void MakeNumeric(TextField& field, FieldWalk* walk, TakeNumber take = {});
 void MakeNumeric(ComboBox& box, FieldWalk* walk, TakeNumber take = {});
 
-/// Lets a list remember what stands in its field, for the latest seven different values, and marks it
-/// there.
+/// Lets a list remember what stands in its field, for the latest seven different values, and marks
+/// it there.
 void Remember(ComboBox& box);
 
 } // namespace zorvant

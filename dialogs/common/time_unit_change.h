@@ -12,8 +12,8 @@ namespace zorvant {
 void ChangeTimeUnit(Workspace& ps, int newIdx, int oldIdx);
 /// Rewrites constants and unit captions of the open calculation dialog and tells the data editor.
 void UpdateUnitLabels(Workspace& ps);
-/// Tells the open dialogs the time unit that loaded data or a project brought; the state is converted
-/// already, what belongs to the open dialogs is converted here.
+/// Tells the open dialogs the time unit that loaded data or a project brought; the state is
+/// converted already, what belongs to the open dialogs is converted here.
 void TellUnitOfData(Workspace& ps);
 
 /// Default constants of the selected model, shown in the open calculation dialog; the time

@@ -1,4 +1,5 @@
-// Any design that can be read is painted in each format of pictures; a vector picture as XML is XML.
+// Any design that can be read is painted in each format of pictures; a vector picture as XML is
+// XML.
 #include "diagrams/design_file.h"
 #include "fuzz/require.h"
 #include "platform/files.h"

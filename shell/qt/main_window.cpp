@@ -33,7 +33,8 @@ public:
     }
 };
 
-/// A drawing and its pale form for a command that can't be used, on a light ground and on a dark one.
+/// A drawing and its pale form for a command that can't be used, on a light ground and on a dark
+/// one.
 QIcon ToolIcon(const QString& file) {
     const QIcon drawing(file);
     QIcon icon;

@@ -13,8 +13,8 @@ namespace zorvant {
 /// An enhanced metafile. Coordinates are device units of 1/1200 inch; texts are in Unicode.
 QByteArray EmfBytes(const MetaPicture& picture, const QString& title);
 
-/// A standard metafile, 1200 units to the inch or as many as 16 bits have room for. Its texts are in
-/// Windows-1252; those with other letters are written as outlines.
+/// A standard metafile, 1200 units to the inch or as many as 16 bits have room for. Its texts are
+/// in Windows-1252; those with other letters are written as outlines.
 /// Given: placeable: with the header that tells the size on paper
 QByteArray WmfBytes(const MetaPicture& picture, bool placeable);
 

@@ -56,9 +56,9 @@ Scripted StraightLine() {
 
 TEST(MarquardtNash, AgreesWithTheCertifiedSetsFromBothStarts) {
     // What does not converge: BoxBOD start 1 steps onto the plateau b2 > 40, where y no longer
-    // depends on b2; MGH10 start 1 lies above the bound of b2 and then creeps along a curved valley;
-    // Eckerle4 start 1 knows nothing of the peak, which becomes infinitely wide. MGH10 start 2 needs
-    // three runs, each from the result of the one before, to come down its valley.
+    // depends on b2; MGH10 start 1 lies above the bound of b2 and then creeps along a curved
+    // valley; Eckerle4 start 1 knows nothing of the peak, which becomes infinitely wide. MGH10
+    // start 2 needs three runs, each from the result of the one before, to come down its valley.
     const std::set<std::pair<std::string, std::size_t>> divergent{
         {"BoxBOD", 0}, {"MGH10", 0}, {"Eckerle4", 0}};
     for (const certified::Model& model : certified::kModels) {
@@ -111,7 +111,8 @@ TEST(MarquardtNash, HoldsFixedParametersAndGivesThemNoDeviation) {
 }
 
 TEST(MarquardtNash, KeepsParametersInsideTheirBounds) {
-    // The minimum of (b1 + 1)^2 lies below the lower bound, that of (b2 - 3E5)^2 above the upper one.
+    // The minimum of (b1 + 1)^2 lies below the lower bound, that of (b2 - 3E5)^2 above the upper
+    // one.
     Scripted outside(2, [](int i, const FitVector& b) { return i == 0 ? b[1] + 1 : b[2] - 3E5; });
     const Fitted held = Minimise(outside, 2, {0, 5, 1});
     EXPECT_EQ(held.param[1], 1E-7);

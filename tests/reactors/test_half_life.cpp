@@ -17,8 +17,8 @@ TEST(HalfLives, LeaveHalfOfTheStartConcentration) {
         double A0, B0, P0, k1, k2;
         bool bHalves;
     };
-    // 4 with nearly equal concentrations: the logarithm of nearly 1; 12 and 17 above 1 mol/L: the root
-    // between 0 and 1 is the wrong one; 12 with k1 = 4 k2, where the quadratic ends
+    // 4 with nearly equal concentrations: the logarithm of nearly 1; 12 and 17 above 1 mol/L: the
+    // root between 0 and 1 is the wrong one; 12 with k1 = 4 k2, where the quadratic ends
     const Case cases[]{
         {1, 1.2, 0, 0, 0.15, 0, false},      {2, 1.2, 0, 0, 0.15, 0, false},
         {3, 1.2, 0, 0, 0.15, 0, false},      {4, 1, 1, 0, 0.15, 0, true},
@@ -60,8 +60,8 @@ TEST(HalfLives, LeaveHalfOfTheStartConcentration) {
         }
 }
 
-// S. S. Zumdahl, Chemistry: the N2O5 course halves every 100 s (0.1, 0.05, 0.025, 0.0125 mol/L at 0,
-// 100, 200, 300 s, k = 6.93E-3 1/s); butadiene at 0.01 mol/L has a half-life of 1.63E3 s with
+// S. S. Zumdahl, Chemistry: the N2O5 course halves every 100 s (0.1, 0.05, 0.025, 0.0125 mol/L at
+// 0, 100, 200, 300 s, k = 6.93E-3 1/s); butadiene at 0.01 mol/L has a half-life of 1.63E3 s with
 // 0.0614 L/(mol s) as slope of 1/c, which is twice the k1 of 2A => P.
 TEST(HalfLives, AgreeWithPublishedOnes) {
     EXPECT_NEAR(HalfLifeOfA(2, 0.1, 0, 0, 6.93e-3, 0).value, 100, 0.05);

@@ -99,7 +99,8 @@ TEST(ResidenceTime, OneTankIsAnExponentialAndManyTanksApproachPlugFlow) {
     EXPECT_DOUBLE_EQ(E(20, 1, 12.5), std::exp(-20 / 12.5) / 12.5);
     EXPECT_DOUBLE_EQ(F(20, 1, 12.5), 1 - std::exp(-20 / 12.5));
     EXPECT_EQ(E(0, 2, 12.5), 0);
-    // The distribution narrows as 1/sqrt(N): the normal distribution, with its skewness as the rest.
+    // The distribution narrows as 1/sqrt(N): the normal distribution, with its skewness as the
+    // rest.
     for (const int N : {1000, 100000, 100000000}) {
         const double sigma = 1 / std::sqrt(N);
         for (const double z : {-2.0, -0.5, 1.0}) {
