@@ -66,5 +66,6 @@ if(TARGET zorvant_qt) # each design in each format of pictures
   target_link_libraries(replay_fuzz_paint PRIVATE zorvant_qt)
   add_test(NAME "fuzz corpus: fuzz_paint"
     COMMAND replay_fuzz_paint ${CMAKE_SOURCE_DIR}/fuzz/corpus/fuzz_oc2)
-  set_tests_properties("fuzz corpus: fuzz_paint" PROPERTIES ENVIRONMENT "LC_ALL=C.UTF-8")
+  set_tests_properties("fuzz corpus: fuzz_paint" PROPERTIES
+    ENVIRONMENT "LC_ALL=C.UTF-8;${leaks}")
 endif()
